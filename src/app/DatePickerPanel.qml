@@ -1,0 +1,188 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// A date picker in one of three looks, with a "Today" / "Done" bar:
+// "wheel" (three wheels), "compact" (a button that opens a calendar), "inline" (a calendar).
+// The default look is the wheels.
+Pane {
+    id: root
+
+    property string style: ""
+    property date selectedDate: new Date()
+    property bool todayFirst: true
+
+    signal picked(date value)
+    signal doneClicked(date value)
+    signal todayClicked()
+
+    padding: 0
+    background: Rectangle { color: "white"; border.color: "#d0d0d0" }
+
+    function setDate(d: date) {
+        selectedDate = d
+        picked(d)
+    }
+
+    readonly property var monthNames: ["January", "February", "March", "April", "May", "June", "July",
+                                       "August", "September", "October", "November", "December"]
+
+    ColumnLayout {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        spacing: 0
+
+        // The "Today" / "Done" bar, tinted as the app's pickers are.
+        Rectangle {
+            Layout.fillWidth: true
+            implicitHeight: 44
+            color: Qt.rgba(0.3607843137254902, 0.8470588235294118, 1.0, 0.25)
+            RowLayout {
+                anchors.fill: parent
+                anchors.leftMargin: 8
+                anchors.rightMargin: 8
+                ToolButton {
+                    text: root.todayFirst ? "Today" : "Done"
+                    onClicked: root.todayFirst ? root.todayClicked() : root.doneClicked(root.selectedDate)
+                }
+                Item { Layout.fillWidth: true }
+                ToolButton {
+                    text: root.todayFirst ? "Done" : "Today"
+                    font.bold: root.todayFirst
+                    onClicked: root.todayFirst ? root.doneClicked(root.selectedDate) : root.todayClicked()
+                }
+            }
+        }
+
+        Loader {
+            Layout.fillWidth: true
+            sourceComponent: root.style === "inline" ? calendar : root.style === "compact" ? compact : wheels
+        }
+    }
+
+    Component {
+        id: wheels
+        RowLayout {
+            spacing: 0
+            height: 216
+            Tumbler {
+                id: monthWheel
+                Layout.fillWidth: true
+                Layout.preferredHeight: 216
+                model: root.monthNames
+                visibleItemCount: 5
+                currentIndex: root.selectedDate.getMonth()
+                onMovingChanged: if (!moving) root.setDate(new Date(yearWheel.currentIndex + 1900, currentIndex, Math.min(dayWheel.currentIndex + 1, new Date(yearWheel.currentIndex + 1900, currentIndex + 1, 0).getDate())))
+            }
+            Tumbler {
+                id: dayWheel
+                Layout.preferredWidth: 60
+                Layout.preferredHeight: 216
+                model: 31
+                visibleItemCount: 5
+                currentIndex: root.selectedDate.getDate() - 1
+                delegate: Label {
+                    required property int index
+                    text: index + 1
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    opacity: 1.0 - Math.abs(Tumbler.displacement) / 3
+                }
+                onMovingChanged: if (!moving) root.setDate(new Date(yearWheel.currentIndex + 1900, monthWheel.currentIndex, Math.min(currentIndex + 1, new Date(yearWheel.currentIndex + 1900, monthWheel.currentIndex + 1, 0).getDate())))
+            }
+            Tumbler {
+                id: yearWheel
+                Layout.preferredWidth: 80
+                Layout.preferredHeight: 216
+                model: 250
+                visibleItemCount: 5
+                currentIndex: root.selectedDate.getFullYear() - 1900
+                delegate: Label {
+                    required property int index
+                    text: index + 1900
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    opacity: 1.0 - Math.abs(Tumbler.displacement) / 3
+                }
+                onMovingChanged: if (!moving) root.setDate(new Date(currentIndex + 1900, monthWheel.currentIndex, Math.min(dayWheel.currentIndex + 1, new Date(currentIndex + 1900, monthWheel.currentIndex + 1, 0).getDate())))
+            }
+        }
+    }
+
+    Component {
+        id: calendar
+        ColumnLayout {
+            id: cal
+            property int month: root.selectedDate.getMonth()
+            property int year: root.selectedDate.getFullYear()
+            spacing: 0
+            RowLayout {
+                Layout.fillWidth: true
+                ToolButton {
+                    text: "\u2039"
+                    font.pixelSize: 22
+                    onClicked: { if (cal.month === 0) { cal.month = 11; cal.year-- } else cal.month-- }
+                }
+                Label {
+                    text: root.monthNames[cal.month] + " " + cal.year
+                    font.bold: true
+                    horizontalAlignment: Text.AlignHCenter
+                    Layout.fillWidth: true
+                }
+                ToolButton {
+                    text: "\u203a"
+                    font.pixelSize: 22
+                    onClicked: { if (cal.month === 11) { cal.month = 0; cal.year++ } else cal.month++ }
+                }
+            }
+            DayOfWeekRow {
+                Layout.fillWidth: true
+                locale: grid.locale
+            }
+            MonthGrid {
+                id: grid
+                Layout.fillWidth: true
+                month: cal.month
+                year: cal.year
+                delegate: Label {
+                    required property var model
+                    readonly property bool chosen: model.day === root.selectedDate.getDate()
+                                                   && model.month === root.selectedDate.getMonth()
+                                                   && model.year === root.selectedDate.getFullYear()
+                    text: model.day
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    opacity: model.month === grid.month ? 1 : 0.3
+                    color: chosen ? "white" : "black"
+                    background: Rectangle {
+                        visible: parent.chosen
+                        radius: height / 2
+                        color: "#1e88e5"
+                    }
+                }
+                onClicked: (d) => root.setDate(new Date(d.getFullYear(), d.getMonth(), d.getDate()))
+            }
+        }
+    }
+
+    Component {
+        id: compact
+        Item {
+            implicitHeight: 64
+            Button {
+                anchors.centerIn: parent
+                text: root.selectedDate.toLocaleDateString(Qt.locale(), Locale.ShortFormat)
+                onClicked: popup.open()
+            }
+            Popup {
+                id: popup
+                modal: true
+                x: 0
+                y: -300
+                width: parent.width
+                contentItem: Loader { sourceComponent: calendar }
+            }
+        }
+    }
+}

@@ -1,0 +1,50 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import Platterbox
+
+// The window and its one navigation stack. Screens are pushed by name through the
+// navigator; named returns pop back to the screen registered under that name.
+ApplicationWindow {
+    id: root
+
+    width: 390
+    height: 844
+    visible: true
+    title: "Platterbox"
+
+    property alias stack: stack
+
+    StackView {
+        id: stack
+
+        anchors.fill: parent
+        initialItem: MainMenuView {
+            objectName: "MainMenuView"
+        }
+    }
+
+    Connections {
+        target: AppDelegate.navigator
+
+        function onShowRequested(screen: string, url: url) {
+            stack.push(url, { objectName: screen })
+        }
+
+        function onUnwindRequested(screen: string, segue: string) {
+            const target = stack.find(item => item.objectName === screen)
+            if (target) {
+                stack.pop(target)
+                if (typeof target.unwound === "function")
+                    target.unwound(segue)
+            } else {
+                stack.pop(null)
+            }
+        }
+
+        function onBackRequested() {
+            if (stack.depth > 1)
+                stack.pop()
+        }
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import QtQuick.Controls.Material
+import Platterbox
+
+// A screen of the navigation stack: a title bar with a back button and room for actions
+// on the right (put them in `actions`).
+Page {
+    id: root
+
+    property alias actions: actionRow.data
+    property bool showBack: StackView.view ? StackView.view.depth > 1 : false
+
+    // Called each time the screen becomes the top of the stack again.
+    signal appeared()
+
+    StackView.onActivated: appeared()
+
+    header: ToolBar {
+        Material.background: "#f7f7f7"
+        Material.foreground: "#111111"
+
+        RowLayout {
+            anchors.fill: parent
+            anchors.leftMargin: 4
+            anchors.rightMargin: 4
+            spacing: 0
+
+            ToolButton {
+                visible: root.showBack
+                text: "\u2039"
+                font.pixelSize: 30
+                Accessible.name: "Back"
+                onClicked: AppDelegate.navigator.back()
+            }
+            Label {
+                text: root.title
+                font.pixelSize: 18
+                font.bold: true
+                elide: Label.ElideRight
+                horizontalAlignment: Qt.AlignHCenter
+                Layout.fillWidth: true
+                Layout.leftMargin: root.showBack ? 0 : 12
+            }
+            Row {
+                id: actionRow
+                spacing: 0
+            }
+        }
+    }
+}

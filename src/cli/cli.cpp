@@ -1,0 +1,73 @@
+#include "cli.h"
+
+#include "appdelegate.h"
+#include "appshell.h"
+#include "desktopplatformservices.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Command
+{
+    QString name;
+    QString usage;
+    int (*run)(CliContext &);
+};
+
+const QList<Command> &commands()
+{
+    static const QList<Command> list = {
+        {u"demo"_s, u"demo N                 add N sample records (made-up albums with tracks and covers)"_s, demoCommand},
+        {u"stats"_s, u"stats                  print the number of records, copies and their total value"_s, statsCommand},
+        {u"export"_s, u"export FILE [--no-images]   write the collection to an exchange file"_s, exportCommand},
+        {u"import"_s, u"import FILE            merge an exchange file into the collection"_s, importCommand},
+        {u"report"_s, u"report --pdf OUT [...]  write the printed collection report as a PDF file"_s, reportCommand},
+    };
+    return list;
+}
+
+int usage(QTextStream &err)
+{
+    err << "usage: platterbox [--data-dir DIR] COMMAND\n\ncommands:\n";
+    for (const Command &c : commands())
+        err << "  " << c.usage << '\n';
+    err << "\nThe store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.\n";
+    err.flush();
+    return CliBadUsage;
+}
+
+} // namespace
+
+int runCli(QStringList arguments, QTextStream &out, QTextStream &err)
+{
+    bool malformed = false;
+    const QString dataDirOption = AppShell::takeDataDirOption(arguments, &malformed);
+    if (malformed || arguments.isEmpty() || arguments.first() == u"--help"_s || arguments.first() == u"-h"_s)
+        return usage(err);
+
+    const QString name = arguments.takeFirst();
+    const Command *command = nullptr;
+    for (const Command &c : commands()) {
+        if (c.name == name)
+            command = &c;
+    }
+    if (!command) {
+        err << "platterbox: unknown command " << name << "\n";
+        return usage(err);
+    }
+
+    bool chosen = false;
+    const QString dataDir = AppDelegate::resolveDataDir(dataDirOption, &chosen);
+    auto app = AppDelegate::create(dataDir, chosen, std::make_unique<DesktopPlatformServices>());
+    if (!app) {
+        err << "Unresolved error " << app.errorMessage() << "\n";
+        err.flush();
+        return CliBadInput;
+    }
+    CliContext context{**app, arguments, out, err};
+    const int code = command->run(context);
+    out.flush();
+    err.flush();
+    return code;
+}

@@ -1,0 +1,46 @@
+// `demo` and `stats`: fill the store with sample records, and sum it up.
+#include "appdelegate.h"
+#include "cli.h"
+#include "collectiontotals.h"
+#include "formatters.h"
+#include "samplecollection.h"
+
+int demoCommand(CliContext &context)
+{
+    bool isNumber = false;
+    const int count = context.arguments.value(0).toInt(&isNumber);
+    if (context.arguments.size() != 1 || !isNumber) {
+        context.err << "usage: platterbox [--data-dir DIR] demo N\n";
+        return CliBadUsage;
+    }
+    if (count < 1 || count > 32767) {
+        context.err << "platterbox: N must be between 1 and 32767\n";
+        return CliBadInput;
+    }
+    SampleOptions options;
+    options.records = count;
+    auto done = addSampleCollection(context.app.persistentContainer(), options);
+    if (!done) {
+        context.err << "platterbox: " << done.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.out << "Added " << count << " sample records.\n";
+    return CliOk;
+}
+
+int statsCommand(CliContext &context)
+{
+    if (!context.arguments.isEmpty()) {
+        context.err << "usage: platterbox [--data-dir DIR] stats\n";
+        return CliBadUsage;
+    }
+    auto totals = collectionTotals(context.app.persistentContainer());
+    if (!totals) {
+        context.err << "platterbox: " << totals.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.out << "Records: " << totals->records << "\n"
+                << "Copies: " << totals->copies << "\n"
+                << "Total value: " << Formatters::currency(totals->value) << "\n";
+    return CliOk;
+}

@@ -1,0 +1,22 @@
+// The command-line tool: the same store and logic as the app, without a window.
+#include "appshell.h"
+#include "cli.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+int main(int argc, char *argv[])
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    AppShell::installConsoleFormat();
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setOrganizationName(QStringLiteral("Platterbox"));
+    QGuiApplication::setApplicationName(QStringLiteral("Platterbox"));
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    QStringList arguments = QGuiApplication::arguments();
+    arguments.removeFirst();
+    return runCli(arguments, out, err);
+}

@@ -1,0 +1,131 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// Settings: the default date and the look of the release-date picker.
+ScreenPage {
+    id: root
+
+    title: "Settings"
+
+    // Opens the date picker under the default-date field (the tour opens it too).
+    property bool pickerOpen: false
+
+    DefaultsViewController {
+        id: controller
+        onEndEditing: root.pickerOpen = false
+    }
+
+    AlertDialog { controller: controller }
+
+    MouseArea {
+        anchors.fill: parent
+        onClicked: root.pickerOpen = false
+    }
+
+    Flickable {
+        anchors.fill: parent
+        contentHeight: form.implicitHeight + (root.pickerOpen ? picker.height : 0) + 40
+        clip: true
+
+        ColumnLayout {
+            id: form
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.margins: 20
+            spacing: 14
+
+            Label { text: "Release Date"; font.pixelSize: 13; font.capitalization: Font.AllUppercase; color: "#777777" }
+
+            RowLayout {
+                Layout.fillWidth: true
+                Label { text: "Use a Default Date"; font.pixelSize: 17; Layout.fillWidth: true }
+                Switch {
+                    objectName: "DefaultDateSwitch"
+                    checked: controller.defaultDateSwitch
+                    onToggled: controller.DefaultDateSwitchChanged(checked)
+                }
+            }
+
+            Label {
+                objectName: "DefaultDateLabel"
+                visible: controller.dateFieldVisible
+                text: "Default Date"
+                font.pixelSize: 15
+            }
+            TextField {
+                objectName: "DefaultDateTextField"
+                visible: controller.dateFieldVisible
+                text: controller.dateText
+                placeholderText: "Tap to choose a date"
+                readOnly: true
+                font.pixelSize: 17
+                Layout.fillWidth: true
+                background: Rectangle { radius: 5; border.width: 1; border.color: "#999999" }
+                leftPadding: 10
+                MouseArea {
+                    anchors.fill: parent
+                    onClicked: root.pickerOpen = true
+                }
+            }
+
+            Label {
+                objectName: "SelectDPLabel"
+                text: "Date Picker Style"
+                font.pixelSize: 13
+                font.capitalization: Font.AllUppercase
+                color: "#777777"
+                Layout.topMargin: 12
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Label { objectName: "UseDateWheelLabel"; text: "Wheels"; font.pixelSize: 17; Layout.fillWidth: true }
+                Switch {
+                    objectName: "DateWheelSwitch"
+                    checked: controller.dateWheelSwitch
+                    onToggled: controller.DateWheelSwitchChanged(checked)
+                }
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Label { objectName: "UseCompactDateLabel"; text: "Compact"; font.pixelSize: 17; Layout.fillWidth: true }
+                Switch {
+                    objectName: "DateCompactSwitch"
+                    checked: controller.dateCompactSwitch
+                    onToggled: controller.DateCompactSwitchChanged(checked)
+                }
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Label { objectName: "UseInlineDateLabel"; text: "Inline Calendar"; font.pixelSize: 17; Layout.fillWidth: true }
+                Switch {
+                    objectName: "DateInlineSwitch"
+                    checked: controller.dateInlineSwitch
+                    onToggled: controller.DateInlineSwitchChanged(checked)
+                }
+            }
+            Label {
+                text: "The style last switched on stays in use for release dates."
+                wrapMode: Text.Wrap
+                color: "#777777"
+                font.pixelSize: 13
+                Layout.fillWidth: true
+            }
+        }
+    }
+
+    DatePickerPanel {
+        id: picker
+        visible: root.pickerOpen
+        style: controller.pickerStyle
+        todayFirst: false
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        onPicked: (value) => controller.dateChanged(value)
+        onDoneClicked: (value) => controller.doneClick(value)
+        onTodayClicked: controller.todayClick()
+    }
+}

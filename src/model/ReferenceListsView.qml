@@ -1,0 +1,45 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// Leads to the record-condition and cover-condition lists.
+ScreenPage {
+    id: root
+
+    title: "Reference Lists"
+
+    ReferenceListsViewController {
+        id: controller
+    }
+
+    ColumnLayout {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 24
+        spacing: 16
+
+        Label {
+            text: "The grades offered when you describe a record's condition and its cover's condition."
+            wrapMode: Text.Wrap
+            font.pixelSize: 15
+            color: "#555555"
+            Layout.fillWidth: true
+        }
+        StyledButton {
+            objectName: "VinylConditionButton"
+            text: "Vinyl Condition"
+            enabled: controller.conditionListsAvailable
+            Layout.fillWidth: true
+            onClicked: controller.VinylConditionButtonClicked()
+        }
+        StyledButton {
+            objectName: "CoverConditionButton"
+            text: "Cover Condition"
+            enabled: controller.conditionListsAvailable
+            Layout.fillWidth: true
+            onClicked: controller.CoverConditionButtonClicked()
+        }
+    }
+}

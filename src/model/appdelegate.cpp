@@ -1,0 +1,77 @@
+#include "appdelegate.h"
+
+#include "platformservices.h"
+
+#include <QDir>
+#include <QJSEngine>
+#include <QPointer>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QPointer<AppDelegate> s_current;
+}
+
+AppDelegate::AppDelegate(QString dataDir, const QString &settingsFile, std::unique_ptr<Store> store,
+                         std::unique_ptr<PlatformServices> platform)
+    : m_dataDir(std::move(dataDir)), m_settings(settingsFile), m_store(std::move(store)), m_platform(std::move(platform))
+{
+    s_current = this;
+}
+
+AppDelegate::~AppDelegate() = default;
+
+Result<std::unique_ptr<AppDelegate>> AppDelegate::create(const QString &dataDir, bool dataDirChosen,
+                                                         std::unique_ptr<PlatformServices> platform)
+{
+    if (!QDir().mkpath(dataDir))
+        return Error{u"Cannot create the data folder "_s + dataDir};
+    auto store = Store::open(QDir(dataDir).filePath(Store::kFileName));
+    if (!store)
+        return store.error();
+    const QString settingsFile = dataDirChosen ? QDir(dataDir).filePath(u"Platterbox.conf"_s) : QString();
+    return std::unique_ptr<AppDelegate>(new AppDelegate(dataDir, settingsFile, std::move(store).value(), std::move(platform)));
+}
+
+QString AppDelegate::resolveDataDir(const QString &option, bool *chosen)
+{
+    QString dir = option;
+    if (dir.isEmpty())
+        dir = qEnvironmentVariable("PLATTERBOX_DATA_DIR");
+    if (chosen)
+        *chosen = !dir.isEmpty();
+    if (dir.isEmpty())
+        dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    return QDir(dir).absolutePath();
+}
+
+AppDelegate *AppDelegate::current()
+{
+    return s_current.data();
+}
+
+AppDelegate *AppDelegate::create(QQmlEngine *, QJSEngine *)
+{
+    AppDelegate *app = current();
+    if (app)
+        QJSEngine::setObjectOwnership(app, QJSEngine::CppOwnership);
+    return app;
+}
+
+Result<void> AppDelegate::saveContext()
+{
+    return {};
+}
+
+QString AppDelegate::documentsDir() const
+{
+    const QString dir = QDir(m_dataDir).filePath(u"Documents"_s);
+    QDir().mkpath(dir);
+    return dir;
+}
+
+QString AppDelegate::tempDir()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::TempLocation);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+#include <optional>
+
+// The four stored entities. Every attribute is optional: absent (NULL in the store) and
+// the empty text are different values and several screens depend on the difference.
+// Numbers read 0 when absent (see number()).
+
+enum class Entity { Vinyl, Tracks, VinylCondition, CoverCondition };
+
+enum class CoverSide { Front, Back };
+
+struct Vinyl
+{
+    qint64 rowId = 0; // the store's identity of this object; 0 until inserted
+
+    std::optional<double> albumDuration;
+    std::optional<QString> artist;
+    std::optional<QByteArray> backImage;
+    std::optional<QString> backImagePath;
+    std::optional<float> cost;
+    std::optional<QString> coverCondition;
+    std::optional<QString> doubleAlbum;
+    std::optional<QByteArray> frontImage;
+    std::optional<QString> frontImagePath;
+    std::optional<qint16> id;
+    std::optional<QString> name;
+    std::optional<QString> notes;
+    std::optional<QString> producer;
+    std::optional<qint16> quantity;
+    std::optional<QString> recordLabel;
+    std::optional<QString> recordSpeed;
+    std::optional<QDateTime> releaseDate;
+    std::optional<float> value;
+    std::optional<QString> vinylCondition;
+
+    // List fetches never read the cover BLOBs; such an object has imagesLoaded false and
+    // an update of it leaves the stored covers untouched.
+    bool imagesLoaded = false;
+};
+
+struct Track
+{
+    qint64 rowId = 0;
+
+    std::optional<double> duration;
+    std::optional<QString> song;
+    std::optional<qint16> trackNumber;
+    std::optional<qint16> vinylID;
+    std::optional<QString> writtenBy;
+};
+
+// One grade of the VinylCondition or CoverCondition reference list.
+struct Condition
+{
+    qint64 rowId = 0;
+    std::optional<QString> condition;
+};
+
+// An absent text reads as the empty text.
+[[nodiscard]] inline QString text(const std::optional<QString> &value)
+{
+    return value.value_or(QString());
+}
+
+// An absent number reads as 0.
+template<typename T>
+[[nodiscard]] T number(const std::optional<T> &value)
+{
+    return value.value_or(T{});
+}
+
+[[nodiscard]] QString entityName(Entity entity);

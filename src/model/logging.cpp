@@ -1,0 +1,8 @@
+#include "logging.h"
+
+Q_LOGGING_CATEGORY(lcPlatterbox, "platterbox", QtInfoMsg)
+
+void consoleLine(const QString &line)
+{
+    qCInfo(lcPlatterbox).noquote() << line;
+}

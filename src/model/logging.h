@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QLoggingCategory>
+#include <QString>
+
+// Diagnostic console lines ("First Launch", "Option 1 selected", ...). The user never sees them.
+Q_DECLARE_LOGGING_CATEGORY(lcPlatterbox)
+
+// Writes one console line exactly as given.
+void consoleLine(const QString &line);

@@ -1,0 +1,555 @@
+#include "store.h"
+
+#include <QAtomicInteger>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStringList>
+#include <QTimeZone>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Kind { Text, Integer, Real, Date, Blob };
+
+struct Column
+{
+    QString name;
+    Kind kind;
+};
+
+// Column order of each table. The BLOBs come last so that the other columns of a row sit
+// before any overflow pages and list fetches never touch the image bytes.
+const QList<Column> &vinylColumns()
+{
+    static const QList<Column> columns = {
+        {u"id"_s, Kind::Integer},           {u"name"_s, Kind::Text},
+        {u"artist"_s, Kind::Text},          {u"releaseDate"_s, Kind::Date},
+        {u"recordLabel"_s, Kind::Text},     {u"producer"_s, Kind::Text},
+        {u"quantity"_s, Kind::Integer},     {u"albumDuration"_s, Kind::Real},
+        {u"vinylCondition"_s, Kind::Text},  {u"coverCondition"_s, Kind::Text},
+        {u"recordSpeed"_s, Kind::Text},     {u"doubleAlbum"_s, Kind::Text},
+        {u"cost"_s, Kind::Real},            {u"value"_s, Kind::Real},
+        {u"notes"_s, Kind::Text},           {u"frontImagePath"_s, Kind::Text},
+        {u"backImagePath"_s, Kind::Text},   {u"frontImage"_s, Kind::Blob},
+        {u"backImage"_s, Kind::Blob},
+    };
+    return columns;
+}
+constexpr int kVinylColumnsWithoutImages = 17;
+
+const QList<Column> &trackColumns()
+{
+    static const QList<Column> columns = {
+        {u"vinylID"_s, Kind::Integer}, {u"trackNumber"_s, Kind::Integer}, {u"song"_s, Kind::Text},
+        {u"writtenBy"_s, Kind::Text},  {u"duration"_s, Kind::Real},
+    };
+    return columns;
+}
+
+const QList<Column> &conditionColumns()
+{
+    static const QList<Column> columns = {{u"condition"_s, Kind::Text}};
+    return columns;
+}
+
+const QList<Column> &columnsOf(Entity entity)
+{
+    switch (entity) {
+    case Entity::Vinyl: return vinylColumns();
+    case Entity::Tracks: return trackColumns();
+    case Entity::VinylCondition:
+    case Entity::CoverCondition: return conditionColumns();
+    }
+    return conditionColumns();
+}
+
+const Column *findColumn(Entity entity, const QString &attribute)
+{
+    for (const Column &c : columnsOf(entity)) {
+        if (c.name == attribute)
+            return &c;
+    }
+    return nullptr;
+}
+
+Error sqlError(const QString &what, const QSqlError &error)
+{
+    return Error{what + u": "_s + error.text()};
+}
+
+// Values travel as QVariant; dates are stored as milliseconds since the epoch so that they
+// compare and sort as numbers.
+QVariant toStored(Kind kind, const QVariant &value)
+{
+    if (!value.isValid() || value.isNull())
+        return QVariant();
+    if (kind == Kind::Date && value.metaType() == QMetaType::fromType<QDateTime>())
+        return value.toDateTime().toMSecsSinceEpoch();
+    return value;
+}
+
+template<typename T>
+QVariant stored(const std::optional<T> &value)
+{
+    if (!value)
+        return QVariant();
+    if constexpr (std::is_same_v<T, QDateTime>)
+        return value->toMSecsSinceEpoch();
+    else if constexpr (std::is_same_v<T, float>)
+        return double(*value);
+    else
+        return QVariant::fromValue(*value);
+}
+
+std::optional<QString> readText(const QSqlQuery &q, int i)
+{
+    const QVariant v = q.value(i);
+    if (v.isNull())
+        return std::nullopt;
+    QString s = v.toString();
+    if (s.isNull())
+        s = u""_s; // keep the empty text distinct from absent
+    return s;
+}
+std::optional<qint16> readInt16(const QSqlQuery &q, int i)
+{
+    const QVariant v = q.value(i);
+    return v.isNull() ? std::nullopt : std::optional<qint16>(qint16(v.toLongLong()));
+}
+std::optional<double> readDouble(const QSqlQuery &q, int i)
+{
+    const QVariant v = q.value(i);
+    return v.isNull() ? std::nullopt : std::optional<double>(v.toDouble());
+}
+std::optional<float> readFloat(const QSqlQuery &q, int i)
+{
+    const QVariant v = q.value(i);
+    return v.isNull() ? std::nullopt : std::optional<float>(float(v.toDouble()));
+}
+std::optional<QDateTime> readDate(const QSqlQuery &q, int i)
+{
+    const QVariant v = q.value(i);
+    return v.isNull() ? std::nullopt : std::optional<QDateTime>(QDateTime::fromMSecsSinceEpoch(v.toLongLong()));
+}
+std::optional<QByteArray> readBlob(const QSqlQuery &q, int i)
+{
+    const QVariant v = q.value(i);
+    return v.isNull() ? std::nullopt : std::optional<QByteArray>(v.toByteArray());
+}
+
+QString tableName(Entity entity)
+{
+    return entityName(entity);
+}
+
+QString columnList(Entity entity, bool includeImages)
+{
+    QStringList names{u"rowid"_s};
+    const auto &columns = columnsOf(entity);
+    const int n = (entity == Entity::Vinyl && !includeImages) ? kVinylColumnsWithoutImages : int(columns.size());
+    for (int i = 0; i < n; ++i)
+        names << u'"' + columns[i].name + u'"';
+    return names.join(u", "_s);
+}
+
+struct BuiltQuery
+{
+    QString sql;
+    QVariantList values;
+};
+
+Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selection, bool withOrder)
+{
+    BuiltQuery built;
+    built.sql = u"SELECT "_s + selection + u" FROM \""_s + tableName(request.entity) + u'"';
+    QStringList conditions;
+    for (const Predicate &p : request.predicates) {
+        const Column *column = findColumn(request.entity, p.attribute);
+        if (!column)
+            return Error{u"Unknown attribute "_s + p.attribute + u" of "_s + entityName(request.entity)};
+        const QVariant value = toStored(column->kind, p.value);
+        const QString quoted = u'"' + column->name + u'"';
+        if (value.isNull()) {
+            // Comparing with an absent value: only equality is meaningful.
+            conditions << (p.op == Predicate::Op::Equal ? quoted + u" IS NULL"_s : u"0"_s);
+            continue;
+        }
+        const char *op = p.op == Predicate::Op::Equal ? " = ?" : p.op == Predicate::Op::GreaterOrEqual ? " >= ?" : " < ?";
+        conditions << quoted + QLatin1StringView(op);
+        built.values << value;
+    }
+    if (!conditions.isEmpty())
+        built.sql += u" WHERE "_s + conditions.join(u" AND "_s);
+    if (withOrder) {
+        QStringList order;
+        for (const SortKey &key : request.sortKeys) {
+            const Column *column = findColumn(request.entity, key.attribute);
+            if (!column)
+                return Error{u"Unknown sort attribute "_s + key.attribute + u" of "_s + entityName(request.entity)};
+            order << u'"' + column->name + (key.ascending ? u"\" ASC"_s : u"\" DESC"_s);
+        }
+        if (!order.isEmpty())
+            built.sql += u" ORDER BY "_s + order.join(u", "_s) + u", rowid ASC"_s;
+        if (request.limit > 0)
+            built.sql += u" LIMIT "_s + QString::number(request.limit);
+    }
+    return built;
+}
+
+Vinyl readVinyl(const QSqlQuery &q, bool includeImages)
+{
+    Vinyl v;
+    v.rowId = q.value(0).toLongLong();
+    v.id = readInt16(q, 1);
+    v.name = readText(q, 2);
+    v.artist = readText(q, 3);
+    v.releaseDate = readDate(q, 4);
+    v.recordLabel = readText(q, 5);
+    v.producer = readText(q, 6);
+    v.quantity = readInt16(q, 7);
+    v.albumDuration = readDouble(q, 8);
+    v.vinylCondition = readText(q, 9);
+    v.coverCondition = readText(q, 10);
+    v.recordSpeed = readText(q, 11);
+    v.doubleAlbum = readText(q, 12);
+    v.cost = readFloat(q, 13);
+    v.value = readFloat(q, 14);
+    v.notes = readText(q, 15);
+    v.frontImagePath = readText(q, 16);
+    v.backImagePath = readText(q, 17);
+    if (includeImages) {
+        v.frontImage = readBlob(q, 18);
+        v.backImage = readBlob(q, 19);
+    }
+    v.imagesLoaded = includeImages;
+    return v;
+}
+
+QVariantList vinylValues(const Vinyl &v, bool includeImages)
+{
+    QVariantList values{stored(v.id),          stored(v.name),           stored(v.artist),
+                        stored(v.releaseDate), stored(v.recordLabel),    stored(v.producer),
+                        stored(v.quantity),    stored(v.albumDuration),  stored(v.vinylCondition),
+                        stored(v.coverCondition), stored(v.recordSpeed), stored(v.doubleAlbum),
+                        stored(v.cost),        stored(v.value),          stored(v.notes),
+                        stored(v.frontImagePath), stored(v.backImagePath)};
+    if (includeImages)
+        values << stored(v.frontImage) << stored(v.backImage);
+    return values;
+}
+
+QVariantList trackValues(const Track &t)
+{
+    return {stored(t.vinylID), stored(t.trackNumber), stored(t.song), stored(t.writtenBy), stored(t.duration)};
+}
+
+QAtomicInteger<quint64> s_connectionCounter;
+
+} // namespace
+
+QString entityName(Entity entity)
+{
+    switch (entity) {
+    case Entity::Vinyl: return u"Vinyl"_s;
+    case Entity::Tracks: return u"Tracks"_s;
+    case Entity::VinylCondition: return u"VinylCondition"_s;
+    case Entity::CoverCondition: return u"CoverCondition"_s;
+    }
+    return {};
+}
+
+Store::Store(QString connectionName, QString filePath)
+    : m_connectionName(std::move(connectionName)), m_filePath(std::move(filePath))
+{
+}
+
+Store::~Store()
+{
+    qDeleteAll(m_statements);
+    m_statements.clear();
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
+        if (db.isOpen())
+            db.close();
+    }
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+QSqlDatabase Store::database() const
+{
+    return QSqlDatabase::database(m_connectionName, false);
+}
+
+Result<std::unique_ptr<Store>> Store::open(const QString &filePath)
+{
+    const QString name = u"platterbox-store-"_s + QString::number(++s_connectionCounter);
+    std::unique_ptr<Store> store(new Store(name, filePath));
+    QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
+    db.setDatabaseName(filePath);
+    if (!db.open())
+        return sqlError(u"Cannot open the store "_s + filePath, db.lastError());
+    for (const char *pragma : {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = NORMAL", "PRAGMA foreign_keys = OFF"}) {
+        if (auto r = store->exec(QString::fromLatin1(pragma)); !r)
+            return r.error();
+    }
+    if (auto r = store->migrate(); !r)
+        return r.error();
+    return store;
+}
+
+Result<void> Store::exec(const QString &sql) const
+{
+    QSqlQuery q(database());
+    if (!q.exec(sql))
+        return sqlError(sql, q.lastError());
+    return {};
+}
+
+Result<void> Store::migrate()
+{
+    QSqlQuery q(database());
+    if (!q.exec(u"PRAGMA user_version"_s) || !q.next())
+        return sqlError(u"Cannot read the store's version"_s, q.lastError());
+    const int version = q.value(0).toInt();
+    if (version > kSchemaVersion)
+        return Error{u"The store was written by a newer version of Platterbox (schema %1, this version knows %2)"_s
+                         .arg(version)
+                         .arg(kSchemaVersion)};
+    if (version >= 1)
+        return {};
+
+    return transaction([this]() -> Result<void> {
+        const QStringList statements = {
+            u"CREATE TABLE Vinyl (id INTEGER, name TEXT, artist TEXT, releaseDate INTEGER, recordLabel TEXT, "
+            "producer TEXT, quantity INTEGER, albumDuration REAL, vinylCondition TEXT, coverCondition TEXT, "
+            "recordSpeed TEXT, doubleAlbum TEXT, cost REAL, value REAL, notes TEXT, frontImagePath TEXT, "
+            "backImagePath TEXT, frontImage BLOB, backImage BLOB)"_s,
+            u"CREATE TABLE Tracks (vinylID INTEGER, trackNumber INTEGER, song TEXT, writtenBy TEXT, duration REAL)"_s,
+            u"CREATE TABLE VinylCondition (condition TEXT)"_s,
+            u"CREATE TABLE CoverCondition (condition TEXT)"_s,
+            u"CREATE INDEX VinylByName ON Vinyl(name)"_s,
+            u"CREATE INDEX VinylByArtist ON Vinyl(artist)"_s,
+            u"CREATE INDEX VinylByRecordLabel ON Vinyl(recordLabel)"_s,
+            u"CREATE INDEX VinylByProducer ON Vinyl(producer)"_s,
+            u"CREATE INDEX VinylByReleaseDate ON Vinyl(releaseDate)"_s,
+            u"CREATE INDEX VinylById ON Vinyl(id)"_s,
+            u"CREATE INDEX TracksByRecord ON Tracks(vinylID, trackNumber)"_s,
+            u"PRAGMA user_version = 1"_s,
+        };
+        for (const QString &sql : statements) {
+            if (auto r = exec(sql); !r)
+                return r;
+        }
+        return {};
+    });
+}
+
+Result<void> Store::transaction(const std::function<Result<void>()> &work)
+{
+    QSqlDatabase db = database();
+    const bool outermost = m_transactionDepth == 0;
+    if (outermost && !db.transaction())
+        return sqlError(u"Cannot begin a transaction"_s, db.lastError());
+    ++m_transactionDepth;
+    Result<void> result = work();
+    --m_transactionDepth;
+    if (!outermost)
+        return result;
+    if (!result) {
+        db.rollback();
+        return result;
+    }
+    if (!db.commit()) {
+        const QSqlError error = db.lastError();
+        db.rollback();
+        return sqlError(u"Cannot save the changes"_s, error);
+    }
+    return {};
+}
+
+namespace {
+Result<QSqlQuery> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
+{
+    QSqlQuery q(db);
+    q.setForwardOnly(true);
+    if (!q.prepare(built.sql))
+        return sqlError(u"Cannot prepare a fetch"_s, q.lastError());
+    for (int i = 0; i < built.values.size(); ++i)
+        q.bindValue(i, built.values[i]);
+    if (!q.exec())
+        return sqlError(u"Cannot fetch"_s, q.lastError());
+    return q;
+}
+
+
+QString insertSql(Entity entity, int columnCount)
+{
+    QStringList names, marks;
+    const auto &columns = columnsOf(entity);
+    for (int i = 0; i < columnCount; ++i) {
+        names << u'"' + columns[i].name + u'"';
+        marks << u"?"_s;
+    }
+    return u"INSERT INTO \""_s + tableName(entity) + u"\" ("_s + names.join(u", "_s) + u") VALUES ("_s
+           + marks.join(u", "_s) + u')';
+}
+
+QString updateSql(Entity entity, int columnCount)
+{
+    QStringList sets;
+    const auto &columns = columnsOf(entity);
+    for (int i = 0; i < columnCount; ++i)
+        sets << u'"' + columns[i].name + u"\" = ?"_s;
+    return u"UPDATE \""_s + tableName(entity) + u"\" SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
+}
+} // namespace
+
+QSqlQuery &Store::statement(const QString &sql)
+{
+    QSqlQuery *&q = m_statements[sql];
+    if (!q) {
+        q = new QSqlQuery(database());
+        q->prepare(sql);
+    }
+    return *q;
+}
+
+Result<void> Store::write(const QString &sql, const QVariantList &values, qint64 *rowId)
+{
+    QSqlQuery &q = statement(sql);
+    for (int i = 0; i < values.size(); ++i)
+        q.bindValue(i, values[i]);
+    const bool done = q.exec();
+    const QSqlError error = q.lastError();
+    if (done && rowId)
+        *rowId = q.lastInsertId().toLongLong();
+    q.finish();
+    if (!done)
+        return sqlError(u"Cannot save a change"_s, error);
+    ++m_writeCount;
+    return {};
+}
+
+Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, columnList(Entity::Vinyl, request.includeImages), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<Vinyl> rows;
+    while (q->next())
+        rows.append(readVinyl(*q, request.includeImages));
+    return rows;
+}
+
+Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId) const
+{
+    BuiltQuery built{u"SELECT "_s + columnList(Entity::Vinyl, true) + u" FROM Vinyl WHERE rowid = ?"_s, {rowId}};
+    auto q = runSelect(database(), built);
+    if (!q)
+        return q.error();
+    if (!q->next())
+        return std::optional<Vinyl>();
+    return std::optional<Vinyl>(readVinyl(*q, true));
+}
+
+Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
+{
+    const QString column = side == CoverSide::Front ? u"frontImage"_s : u"backImage"_s;
+    auto q = runSelect(database(), {u"SELECT "_s + column + u" FROM Vinyl WHERE rowid = ?"_s, {vinylRowId}});
+    if (!q)
+        return q.error();
+    return q->next() ? q->value(0).toByteArray() : QByteArray();
+}
+
+Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, columnList(Entity::Tracks, false), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<Track> rows;
+    while (q->next()) {
+        Track t;
+        t.rowId = q->value(0).toLongLong();
+        t.vinylID = readInt16(*q, 1);
+        t.trackNumber = readInt16(*q, 2);
+        t.song = readText(*q, 3);
+        t.writtenBy = readText(*q, 4);
+        t.duration = readDouble(*q, 5);
+        rows.append(t);
+    }
+    return rows;
+}
+
+Result<QList<Condition>> Store::fetchConditions(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, columnList(request.entity, false), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<Condition> rows;
+    while (q->next())
+        rows.append({q->value(0).toLongLong(), readText(*q, 1)});
+    return rows;
+}
+
+Result<qint64> Store::count(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, u"COUNT(*)"_s, false);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    return q->next() ? q->value(0).toLongLong() : 0;
+}
+
+Result<void> Store::insert(Vinyl &vinyl)
+{
+    const int n = int(vinylColumns().size());
+    QVariantList values = vinylValues(vinyl, true);
+    return write(insertSql(Entity::Vinyl, n), values, &vinyl.rowId);
+}
+
+Result<void> Store::insert(Track &track)
+{
+    return write(insertSql(Entity::Tracks, int(trackColumns().size())), trackValues(track), &track.rowId);
+}
+
+Result<void> Store::insert(Entity conditionEntity, Condition &condition)
+{
+    return write(insertSql(conditionEntity, 1), {stored(condition.condition)}, &condition.rowId);
+}
+
+Result<void> Store::update(const Vinyl &vinyl)
+{
+    const int n = vinyl.imagesLoaded ? int(vinylColumns().size()) : kVinylColumnsWithoutImages;
+    QVariantList values = vinylValues(vinyl, vinyl.imagesLoaded);
+    values << vinyl.rowId;
+    return write(updateSql(Entity::Vinyl, n), values);
+}
+
+Result<void> Store::update(const Track &track)
+{
+    QVariantList values = trackValues(track);
+    values << track.rowId;
+    return write(updateSql(Entity::Tracks, int(trackColumns().size())), values);
+}
+
+Result<void> Store::update(Entity conditionEntity, const Condition &condition)
+{
+    return write(updateSql(conditionEntity, 1), {stored(condition.condition), condition.rowId});
+}
+
+Result<void> Store::remove(Entity entity, qint64 rowId)
+{
+    return write(u"DELETE FROM \""_s + tableName(entity) + u"\" WHERE rowid = ?"_s, {rowId});
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "entities.h"
+#include "fetchrequest.h"
+#include "result.h"
+
+#include <QList>
+#include <QHash>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+// The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
+// one nullable column per attribute. Strings compare exactly and sort in code-point order;
+// absent values sort first ascending. Cover BLOBs are only read when a fetch asks for them.
+//
+// A Store belongs to the thread that opened it (QtSql connections are per thread).
+class Store
+{
+public:
+    static constexpr int kSchemaVersion = 1;
+    static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
+
+    // Opens (creating and migrating when needed) the store file; ":memory:" gives a private
+    // in-memory store.
+    static Result<std::unique_ptr<Store>> open(const QString &filePath);
+    ~Store();
+    Store(const Store &) = delete;
+    Store &operator=(const Store &) = delete;
+
+    [[nodiscard]] QString filePath() const { return m_filePath; }
+    [[nodiscard]] QSqlDatabase database() const;
+
+    Result<QList<Vinyl>> fetchVinyl(const FetchRequest &request) const;
+    Result<QList<Track>> fetchTracks(const FetchRequest &request) const;
+    // request.entity is VinylCondition or CoverCondition.
+    Result<QList<Condition>> fetchConditions(const FetchRequest &request) const;
+    // Number of objects the request matches (its sort keys and limit are ignored).
+    Result<qint64> count(const FetchRequest &request) const;
+
+    // The record with this row identity, with its covers; nullopt when it no longer exists.
+    Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId) const;
+    // The encoded cover bytes, empty when the record has none.
+    Result<QByteArray> coverImage(qint64 vinylRowId, CoverSide side) const;
+
+    // Inserts set rowId on the object they are given.
+    Result<void> insert(Vinyl &vinyl);
+    Result<void> insert(Track &track);
+    Result<void> insert(Entity conditionEntity, Condition &condition);
+
+    // Updates address the object by rowId. A Vinyl fetched without images keeps its covers.
+    Result<void> update(const Vinyl &vinyl);
+    Result<void> update(const Track &track);
+    Result<void> update(Entity conditionEntity, const Condition &condition);
+
+    Result<void> remove(Entity entity, qint64 rowId);
+
+    // Runs work in one transaction: committed when it succeeds, rolled back when it fails,
+    // so one user action either happens whole or leaves the store as it was. Nested calls
+    // join the outer transaction.
+    Result<void> transaction(const std::function<Result<void>()> &work);
+    [[nodiscard]] bool inTransaction() const { return m_transactionDepth > 0; }
+
+    // Number of committed write statements since open; lets callers see whether anything changed.
+    [[nodiscard]] qint64 writeCount() const { return m_writeCount; }
+
+private:
+    explicit Store(QString connectionName, QString filePath);
+    Result<void> migrate();
+    Result<void> exec(const QString &sql) const;
+    Result<void> write(const QString &sql, const QVariantList &values, qint64 *rowId = nullptr);
+
+    // Prepared write statements, reused: a bulk import issues the same few thousands of times.
+    QSqlQuery &statement(const QString &sql);
+
+    QString m_connectionName;
+    QHash<QString, QSqlQuery *> m_statements;
+    QString m_filePath;
+    int m_transactionDepth = 0;
+    qint64 m_writeCount = 0;
+};

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+class QTextDocument;
+
+// What a share hands over: texts, images and files, in the order given.
+struct ShareItems
+{
+    QStringList texts;
+    QList<QImage> images;
+    QStringList filePaths;
+};
+
+struct MailAttachment
+{
+    QByteArray data;
+    QString mimeType;
+    QString fileName;
+};
+
+struct MailMessage
+{
+    QStringList to;
+    QString subject;
+    QString body;
+    bool bodyIsHtml = false;
+    QList<MailAttachment> attachments;
+};
+
+// The device services the screens use. The desktop implementation talks to the system;
+// RecordingPlatformServices records every call for tests.
+class PlatformServices
+{
+public:
+    virtual ~PlatformServices() = default;
+
+    [[nodiscard]] virtual bool canSendText() const = 0;
+    [[nodiscard]] virtual bool canSendMail() const = 0;
+    virtual void share(const ShareItems &items) = 0;
+    virtual void composeMail(const MailMessage &message) = 0;
+    // Opens a web page in the system browser.
+    virtual void openUrl(const QUrl &url) = 0;
+
+    [[nodiscard]] virtual bool hasCamera() const = 0;
+    // The clipboard's image; a null image when it holds none.
+    [[nodiscard]] virtual QImage clipboardImage() const = 0;
+
+    // Shows the print dialog for the document; true when it was printed.
+    virtual bool print(QTextDocument &document, const QString &jobName) = 0;
+
+    // Asks for the app-review prompt (the caller decides how often).
+    virtual void requestReviewPrompt() = 0;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platformservices.h"
+
+#include <QList>
+
+// A PlatformServices for tests: answers as configured and records every call.
+class RecordingPlatformServices : public PlatformServices
+{
+public:
+    bool canSendTextAnswer = true;
+    bool canSendMailAnswer = true;
+    bool hasCameraAnswer = false;
+    QImage clipboard;
+    bool printAnswer = true;
+
+    QList<ShareItems> shared;
+    QList<MailMessage> mails;
+    QList<QUrl> openedUrls;
+    QStringList printedJobs;
+    QList<QString> printedTexts;
+    int reviewPrompts = 0;
+
+    bool canSendText() const override { return canSendTextAnswer; }
+    bool canSendMail() const override { return canSendMailAnswer; }
+    void share(const ShareItems &items) override { shared.append(items); }
+    void composeMail(const MailMessage &message) override { mails.append(message); }
+    void openUrl(const QUrl &url) override { openedUrls.append(url); }
+    bool hasCamera() const override { return hasCameraAnswer; }
+    QImage clipboardImage() const override { return clipboard; }
+    bool print(QTextDocument &document, const QString &jobName) override;
+    void requestReviewPrompt() override { ++reviewPrompts; }
+};

@@ -1,0 +1,73 @@
+#include "testsupport.h"
+
+#include "store.h"
+
+#include <QLocale>
+#include <QMutex>
+
+TestApp::TestApp()
+{
+    auto platform = std::make_unique<RecordingPlatformServices>();
+    m_platform = platform.get();
+    auto app = AppDelegate::create(m_dir.path(), true, std::move(platform));
+    if (app)
+        m_app = std::move(app).value();
+}
+
+Vinyl TestApp::addVinyl(const QString &name, const QString &artist, const QString &label, qint16 id)
+{
+    Vinyl v;
+    v.name = name;
+    if (!artist.isNull())
+        v.artist = artist;
+    if (!label.isNull())
+        v.recordLabel = label;
+    v.id = id;
+    v.imagesLoaded = true;
+    (void)store().insert(v);
+    return v;
+}
+
+void useTestLocale()
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+}
+
+namespace {
+QMutex s_mutex;
+QStringList s_lines;
+QtMessageHandler s_previous = nullptr;
+int s_active = 0;
+
+void capture(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    {
+        QMutexLocker lock(&s_mutex);
+        if (qstrcmp(context.category, "platterbox") == 0)
+            s_lines.append(message);
+    }
+    if (s_previous)
+        s_previous(type, context, message);
+}
+} // namespace
+
+ConsoleCapture::ConsoleCapture()
+{
+    QMutexLocker lock(&s_mutex);
+    s_lines.clear();
+    if (s_active++ == 0)
+        s_previous = qInstallMessageHandler(capture);
+}
+
+ConsoleCapture::~ConsoleCapture()
+{
+    QMutexLocker lock(&s_mutex);
+    if (--s_active == 0)
+        qInstallMessageHandler(s_previous);
+}
+
+QStringList ConsoleCapture::lines() const
+{
+    QMutexLocker lock(&s_mutex);
+    return s_lines;
+}

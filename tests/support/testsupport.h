@@ -1,0 +1,45 @@
+#pragma once
+
+#include "appdelegate.h"
+#include "entities.h"
+#include "recordingplatformservices.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+// A fresh app on a temporary data folder with the recording platform fake, for tests that
+// drive screens through their controllers.
+class TestApp
+{
+public:
+    TestApp();
+
+    [[nodiscard]] bool ok() const { return m_app != nullptr; }
+    AppDelegate &app() { return *m_app; }
+    Store &store() { return m_app->persistentContainer(); }
+    RecordingPlatformServices &platform() { return *m_platform; }
+    [[nodiscard]] QString dataDir() const { return m_dir.path(); }
+
+    // Inserts a record with the given attributes set (others absent); returns it with rowId.
+    Vinyl addVinyl(const QString &name, const QString &artist = QString(), const QString &label = QString(),
+                   qint16 id = 0);
+
+private:
+    QTemporaryDir m_dir;
+    RecordingPlatformServices *m_platform = nullptr;
+    std::unique_ptr<AppDelegate> m_app;
+};
+
+// Sets the en_US locale; the time zone comes from TZ, which CTest sets to America/New_York.
+void useTestLocale();
+
+// Captures the console lines written while it lives.
+class ConsoleCapture
+{
+public:
+    ConsoleCapture();
+    ~ConsoleCapture();
+    [[nodiscard]] QStringList lines() const;
+};

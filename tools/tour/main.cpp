@@ -1,0 +1,118 @@
+// The screen tour: every screen of the app, with a sample collection loaded, as PNG files.
+#include "appdelegate.h"
+#include "appshell.h"
+#include "recordingplatformservices.h"
+#include "samplecollection.h"
+#include "screencontroller.h"
+#include "tour.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QTemporaryDir>
+#include <QTimeZone>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+void TourContext::home()
+{
+    m_app.navigator()->unwind(u"unwindToMenu"_s);
+    settle(100);
+}
+
+void TourContext::show(const QString &screen)
+{
+    m_app.navigator()->show(screen);
+    settle();
+}
+
+QQuickItem *TourContext::topScreen()
+{
+    QObject *root = m_window.property("stack").value<QObject *>();
+    return root ? root->property("currentItem").value<QQuickItem *>() : nullptr;
+}
+
+ScreenController *TourContext::topController()
+{
+    QQuickItem *screen = topScreen();
+    return screen ? screen->findChild<ScreenController *>() : nullptr;
+}
+
+QObject *TourContext::find(const QString &objectName)
+{
+    QQuickItem *screen = topScreen();
+    return screen ? screen->findChild<QObject *>(objectName) : nullptr;
+}
+
+void TourContext::settle(int milliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+int main(int argc, char *argv[])
+{
+    AppShell::installConsoleFormat();
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QGuiApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    const QString outDir = QGuiApplication::arguments().value(1, u"build/tour"_s);
+    QDir().mkpath(outDir);
+
+    QTemporaryDir data;
+    auto app = AppDelegate::create(data.path(), true, std::make_unique<RecordingPlatformServices>());
+    if (!app) {
+        fprintf(stderr, "tour: %s\n", qPrintable(app.errorMessage()));
+        return 1;
+    }
+    SampleOptions sample;
+    sample.records = 240;
+    sample.tracksPerRecord = 10;
+    if (auto r = addSampleCollection((*app)->persistentContainer(), sample); !r) {
+        fprintf(stderr, "tour: %s\n", qPrintable(r.errorMessage()));
+        return 1;
+    }
+
+    QQmlApplicationEngine engine;
+    AppShell::prepareEngine(engine, **app);
+    engine.load(AppShell::mainQmlUrl());
+    auto *window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(engine.rootObjects().first());
+    if (!window) {
+        fprintf(stderr, "tour: the main window did not load\n");
+        return 1;
+    }
+
+    QList<TourStep> steps;
+    addShellSteps(steps);
+    addEntrySteps(steps);
+    addBrowseSteps(steps);
+    addReportsSteps(steps);
+    addValuationSteps(steps);
+    addExchangeSteps(steps);
+    addFeedbackSteps(steps);
+
+    TourContext context(**app, *window);
+    context.settle(600);
+    int written = 0;
+    for (const TourStep &step : steps) {
+        step.prepare(context);
+        context.settle();
+        const QString path = QDir(outDir).filePath(step.fileName);
+        if (window->grabWindow().save(path)) {
+            ++written;
+            printf("%s\n", qPrintable(path));
+        } else {
+            fprintf(stderr, "tour: could not write %s\n", qPrintable(path));
+        }
+    }
+    printf("%d screens written to %s\n", written, qPrintable(outDir));
+    return written == steps.size() ? 0 : 1;
+}

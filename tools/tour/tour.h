@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+class AppDelegate;
+class QObject;
+class QQuickItem;
+class QQuickWindow;
+class ScreenController;
+
+// What a tour step can do with the running app: open screens, reach their controllers and
+// items, and wait until the window has settled.
+class TourContext
+{
+public:
+    TourContext(AppDelegate &app, QQuickWindow &window) : m_app(app), m_window(window) {}
+
+    AppDelegate &app() { return m_app; }
+    QQuickWindow &window() { return m_window; }
+
+    // Back to the main menu, then (optionally) open a screen.
+    void home();
+    void show(const QString &screen);
+    // The screen on top of the stack and its controller.
+    QQuickItem *topScreen();
+    ScreenController *topController();
+    // An item of the top screen by objectName.
+    QObject *find(const QString &objectName);
+    // Lets animations, bindings and cover loading finish.
+    void settle(int milliseconds = 400);
+
+private:
+    AppDelegate &m_app;
+    QQuickWindow &m_window;
+};
+
+// One PNG of the tour: the file name (without folder) and what to do before the picture.
+struct TourStep
+{
+    QString fileName;
+    std::function<void(TourContext &)> prepare;
+};
+
+// Each subsystem adds its screens in a file of its own.
+void addShellSteps(QList<TourStep> &steps);
+void addEntrySteps(QList<TourStep> &steps);
+void addBrowseSteps(QList<TourStep> &steps);
+void addReportsSteps(QList<TourStep> &steps);
+void addValuationSteps(QList<TourStep> &steps);
+void addExchangeSteps(QList<TourStep> &steps);
+void addFeedbackSteps(QList<TourStep> &steps);

@@ -1,0 +1,7 @@
+// Tour steps of the feedback screens.
+#include "tour.h"
+
+void addFeedbackSteps(QList<TourStep> &steps)
+{
+    Q_UNUSED(steps);
+}

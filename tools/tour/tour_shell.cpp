@@ -1,0 +1,35 @@
+// The main menu, the reference-lists menu and the settings screen.
+#include "appdelegate.h"
+#include "mainmenuviewcontroller.h"
+#include "screencontroller.h"
+#include "tour.h"
+
+#include <QQuickItem>
+#include <QVariant>
+
+using namespace Qt::StringLiterals;
+
+void addShellSteps(QList<TourStep> &steps)
+{
+    steps.append({u"main-menu-folded.png"_s, [](TourContext &c) { c.home(); }});
+    steps.append({u"main-menu-unfolded.png"_s, [](TourContext &c) {
+                      c.home();
+                      if (auto *menu = qobject_cast<MainMenuViewController *>(c.topController()))
+                          menu->HandleButtonClick();
+                      c.settle(600);
+                  }});
+    steps.append({u"reference-lists.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"ReferenceListsView"_s);
+                  }});
+    steps.append({u"settings.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"DefaultsView"_s);
+                  }});
+    steps.append({u"settings-date-picker.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"DefaultsView"_s);
+                      if (QObject *screen = c.topScreen())
+                          screen->setProperty("pickerOpen", true);
+                  }});
+}
