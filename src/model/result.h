@@ -26,13 +26,15 @@ public:
 
     [[nodiscard]] const T &value() const & { return std::get<T>(m_state); }
     [[nodiscard]] T &value() & { return std::get<T>(m_state); }
-    [[nodiscard]] T &&value() && { return std::get<T>(std::move(m_state)); }
+    // By value, so that `for (x : *fetch())` over a temporary result stays valid.
+    [[nodiscard]] T value() && { return std::get<T>(std::move(m_state)); }
     [[nodiscard]] T valueOr(T fallback) const { return ok() ? value() : std::move(fallback); }
     [[nodiscard]] const Error &error() const { return std::get<Error>(m_state); }
     [[nodiscard]] QString errorMessage() const { return ok() ? QString() : error().message; }
 
     const T &operator*() const & { return value(); }
     T &operator*() & { return value(); }
+    T operator*() && { return std::move(*this).value(); }
     const T *operator->() const { return &value(); }
     T *operator->() { return &value(); }
 

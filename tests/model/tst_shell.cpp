@@ -1,0 +1,202 @@
+#include "appdelegate.h"
+#include "defaultsviewcontroller.h"
+#include "firstlaunch.h"
+#include "mainmenuviewcontroller.h"
+#include "samplecollection.h"
+#include "testsupport.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class ShellTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QStringList grades(Store &store, Entity entity)
+    {
+        QStringList list;
+        for (const Condition &c : *store.fetchConditions(FetchRequest(entity)))
+            list << text(c.condition);
+        return list;
+    }
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+
+    void firstLaunchSeedsBothListsOnce()
+    {
+        QTemporaryDir dir;
+        {
+            ConsoleCapture console;
+            auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+            QVERIFY(app.ok());
+            MainMenuViewController menu(app->get());
+            QCOMPARE(console.lines(), QStringList{u"First Launch"_s});
+            QCOMPARE(grades((*app)->persistentContainer(), Entity::VinylCondition), seedConditionGrades());
+            QCOMPARE(grades((*app)->persistentContainer(), Entity::CoverCondition), seedConditionGrades());
+            QVERIFY((*app)->settings().boolValue(SettingsKeys::AboutHasBeenLaunchedBeforeFlag));
+        }
+        ConsoleCapture console;
+        auto again = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        MainMenuViewController menu(again->get());
+        QCOMPARE(console.lines(), QStringList{u"Not First Launch"_s});
+        QCOMPARE(grades((*again)->persistentContainer(), Entity::VinylCondition).size(), 13);
+    }
+
+    void menuFoldsAgainEachTimeItShows()
+    {
+        TestApp t;
+        MainMenuViewController menu(&t.app());
+        t.app().state()->setOriginScreen(u"List"_s);
+        menu.viewWillAppear();
+        QVERIFY(!menu.menuUnfolded());
+        QCOMPARE(t.app().state()->originScreen(), u"Menu"_s);
+        menu.HandleButtonClick();
+        QVERIFY(menu.menuUnfolded());
+        menu.HandleButtonClick();
+        QVERIFY(!menu.menuUnfolded());
+        menu.HandleButtonClick();
+        menu.viewWillAppear();
+        QVERIFY(!menu.menuUnfolded());
+        QCOMPARE(menu.menuButtons().size(), 9);
+    }
+
+    void saveContextWithoutChangesWritesNothing()
+    {
+        TestApp t;
+        MainMenuViewController menu(&t.app());
+        const qint64 before = t.store().writeCount();
+        QVERIFY(t.app().saveContext().ok());
+        QCOMPARE(t.store().writeCount(), before);
+    }
+
+    void unopenableStoreIsAnErrorWithItsCause()
+    {
+        QTemporaryDir dir;
+        QFile blocker(dir.filePath(u"Platterbox.sqlite"_s));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.write("this is not a database, just some text long enough to be read as a header....");
+        blocker.close();
+        auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        QVERIFY(!app.ok());
+        QVERIFY(!app.errorMessage().isEmpty());
+    }
+
+    void pickingARecordCopiesEveryField()
+    {
+        TestApp t;
+        Vinyl v;
+        v.id = 4;
+        v.name = u"Blue"_s;
+        v.cost = 12.5f;
+        v.frontImage = sampleCoverJpeg(2, true);
+        v.frontImagePath = u"/covers/front.jpg"_s;
+        v.backImagePath = u"/covers/back.jpg"_s;
+        v.imagesLoaded = true;
+        QVERIFY(t.store().insert(v).ok());
+        t.app().state()->editCurrentRecord().backImagePath = u"kept"_s;
+        t.app().state()->setCurrentRecord(**t.store().vinylByRowId(v.rowId));
+        const CurrentRecord &c = t.app().state()->currentRecord();
+        QCOMPARE(c.rowId, v.rowId);
+        QCOMPARE(c.name, u"Blue"_s);
+        QCOMPARE(c.artist, u""_s);
+        QCOMPARE(c.cost, 12.5f);
+        QVERIFY(!c.releaseDate.has_value());
+        QCOMPARE(c.images.size(), 1);
+        QVERIFY(c.frontImage.has_value() && !c.backImage.has_value());
+        QCOMPARE(c.frontImagePath, u"/covers/front.jpg"_s);
+        QCOMPARE(c.backImagePath, u"kept"_s); // no back cover: the path is not taken
+    }
+
+    void firstOpeningOfSettingsWritesUseDefaultDateFalse()
+    {
+        TestApp t;
+        QVERIFY(!t.app().settings().contains(SettingsKeys::UseDefaultDate));
+        DefaultsViewController settings(&t.app());
+        QVERIFY(t.app().settings().contains(SettingsKeys::UseDefaultDate));
+        QCOMPARE(t.app().settings().value(SettingsKeys::UseDefaultDate).toBool(), false);
+        QVERIFY(!settings.dateFieldVisible());
+    }
+
+    void styleSwitches_data()
+    {
+        QTest::addColumn<QString>("switchOn");
+        QTest::addColumn<bool>("wheel");
+        QTest::addColumn<bool>("compact");
+        QTest::addColumn<bool>("inlineStyle");
+        QTest::newRow("wheel") << u"wheel"_s << true << false << false;
+        QTest::newRow("compact") << u"compact"_s << false << true << false;
+        QTest::newRow("inline") << u"inline"_s << false << false << true;
+    }
+    void styleSwitches()
+    {
+        QFETCH(QString, switchOn);
+        QFETCH(bool, wheel);
+        QFETCH(bool, compact);
+        QFETCH(bool, inlineStyle);
+        TestApp t;
+        DefaultsViewController settings(&t.app());
+        if (switchOn == u"wheel"_s)
+            settings.DateWheelSwitchChanged(true);
+        else if (switchOn == u"compact"_s)
+            settings.DateCompactSwitchChanged(true);
+        else
+            settings.DateInlineSwitchChanged(true);
+        Settings &s = t.app().settings();
+        QCOMPARE(s.value(SettingsKeys::UseDateWheel).toBool(), wheel);
+        QCOMPARE(s.value(SettingsKeys::UseDateCompact).toBool(), compact);
+        QCOMPARE(s.value(SettingsKeys::UseDateInline).toBool(), inlineStyle);
+        QCOMPARE(settings.dateWheelSwitch(), wheel);
+        QCOMPARE(settings.dateCompactSwitch(), compact);
+        QCOMPARE(settings.dateInlineSwitch(), inlineStyle);
+        QVERIFY(settings.dateFieldVisible());
+
+        // Turning the active style off changes no key.
+        settings.DateWheelSwitchChanged(false);
+        settings.DateCompactSwitchChanged(false);
+        settings.DateInlineSwitchChanged(false);
+        QCOMPARE(s.value(SettingsKeys::UseDateWheel).toBool(), wheel);
+        QCOMPARE(s.value(SettingsKeys::UseDateCompact).toBool(), compact);
+        QCOMPARE(s.value(SettingsKeys::UseDateInline).toBool(), inlineStyle);
+    }
+
+    void inlineWinsOverWheelOnOpening()
+    {
+        TestApp t;
+        t.app().settings().setValue(SettingsKeys::UseDateWheel, true);
+        t.app().settings().setValue(SettingsKeys::UseDateInline, true);
+        DefaultsViewController settings(&t.app());
+        QCOMPARE(settings.pickerStyle(), u"inline"_s);
+        QVERIFY(settings.dateInlineSwitch());
+        QVERIFY(!settings.dateWheelSwitch());
+    }
+
+    void defaultDateIsStoredAndShownAgain()
+    {
+        TestApp t;
+        {
+            DefaultsViewController settings(&t.app());
+            settings.DefaultDateSwitchChanged(true);
+            QSignalSpy closed(&settings, &DefaultsViewController::endEditing);
+            settings.doneClick(QDate(2021, 1, 5));
+            QCOMPARE(closed.count(), 1);
+            QCOMPARE(t.app().settings().value(SettingsKeys::DefaultDate).toString(), u"Jan 5, 2021"_s);
+            QCOMPARE(t.app().settings().value(SettingsKeys::UseDefaultDate).toBool(), true);
+        }
+        DefaultsViewController reopened(&t.app());
+        QVERIFY(reopened.defaultDateSwitch());
+        QCOMPARE(reopened.dateText(), u"Jan 5, 2021"_s);
+
+        reopened.DefaultDateSwitchChanged(false);
+        QCOMPARE(t.app().settings().value(SettingsKeys::DefaultDate).toString(), u""_s);
+        QVERIFY(t.app().settings().contains(SettingsKeys::DefaultDate));
+        QCOMPARE(reopened.dateText(), QString());
+        QVERIFY(!reopened.dateFieldVisible());
+    }
+};
+
+QTEST_MAIN(ShellTest)
+#include "tst_shell.moc"
