@@ -17,7 +17,7 @@ test: deps
 	ctest --preset asan
 
 tour: all
-	QT_QPA_PLATFORM=offscreen build/dev/tools/tour/platterbox-tour build/tour
+	@scripts/tour build/tour
 
 bench: deps
 	cmake --preset release >/dev/null

@@ -25,10 +25,11 @@ ScreenPage {
 
         ColumnLayout {
             id: column
-            anchors.left: parent.left
-            anchors.right: parent.right
+            // Phone width, centred on a tablet or desktop.
+            width: Math.min(parent.width - 48, 520)
+            anchors.horizontalCenter: parent.horizontalCenter
             anchors.top: parent.top
-            anchors.margins: 24
+            anchors.topMargin: 24
             spacing: 10
 
             Image {

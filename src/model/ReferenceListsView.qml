@@ -14,10 +14,10 @@ ScreenPage {
     }
 
     ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
+        width: Math.min(parent.width - 48, 520)
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
-        anchors.margins: 24
+        anchors.topMargin: 24
         spacing: 16
 
         Label {

@@ -61,7 +61,8 @@ void TourContext::settle(int milliseconds)
 int main(int argc, char *argv[])
 {
     AppShell::installConsoleFormat();
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    if (qEnvironmentVariableIsEmpty("PLATTERBOX_TOUR_GL"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     const QString outDir = QGuiApplication::arguments().value(1, u"build/tour"_s);
