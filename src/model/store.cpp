@@ -4,7 +4,10 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStringList>
+#include <QSqlDriver>
 #include <QTimeZone>
+
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -102,40 +105,61 @@ QVariant stored(const std::optional<T> &value)
         return QVariant::fromValue(*value);
 }
 
-std::optional<QString> readText(const QSqlQuery &q, int i)
+// Reads go straight through SQLite's C API on the store's own connection: a list fetch of
+// the whole collection is the hottest path of the app, and per-value QVariants cost more
+// than the query itself.
+class Statement
 {
-    const QVariant v = q.value(i);
-    if (v.isNull())
-        return std::nullopt;
-    QString s = v.toString();
-    if (s.isNull())
-        s = u""_s; // keep the empty text distinct from absent
-    return s;
+public:
+    explicit Statement(sqlite3_stmt *statement) : m_statement(statement) {}
+    ~Statement() { sqlite3_finalize(m_statement); }
+    Statement(const Statement &) = delete;
+    Statement &operator=(const Statement &) = delete;
+
+    bool next() { return sqlite3_step(m_statement) == SQLITE_ROW; }
+    [[nodiscard]] bool isNull(int i) const { return sqlite3_column_type(m_statement, i) == SQLITE_NULL; }
+    [[nodiscard]] qint64 integer(int i) const { return sqlite3_column_int64(m_statement, i); }
+    [[nodiscard]] double real(int i) const { return sqlite3_column_double(m_statement, i); }
+    [[nodiscard]] QString string(int i) const
+    {
+        const auto *data = reinterpret_cast<const char *>(sqlite3_column_text(m_statement, i));
+        const int size = sqlite3_column_bytes(m_statement, i);
+        return size > 0 ? QString::fromUtf8(data, size) : QString(u""_s);
+    }
+    [[nodiscard]] QByteArray blob(int i) const
+    {
+        const void *data = sqlite3_column_blob(m_statement, i);
+        const int size = sqlite3_column_bytes(m_statement, i);
+        return QByteArray(static_cast<const char *>(data), size);
+    }
+
+private:
+    sqlite3_stmt *m_statement;
+};
+
+std::optional<QString> readText(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<QString>(q.string(i));
 }
-std::optional<qint16> readInt16(const QSqlQuery &q, int i)
+std::optional<qint16> readInt16(const Statement &q, int i)
 {
-    const QVariant v = q.value(i);
-    return v.isNull() ? std::nullopt : std::optional<qint16>(qint16(v.toLongLong()));
+    return q.isNull(i) ? std::nullopt : std::optional<qint16>(qint16(q.integer(i)));
 }
-std::optional<double> readDouble(const QSqlQuery &q, int i)
+std::optional<double> readDouble(const Statement &q, int i)
 {
-    const QVariant v = q.value(i);
-    return v.isNull() ? std::nullopt : std::optional<double>(v.toDouble());
+    return q.isNull(i) ? std::nullopt : std::optional<double>(q.real(i));
 }
-std::optional<float> readFloat(const QSqlQuery &q, int i)
+std::optional<float> readFloat(const Statement &q, int i)
 {
-    const QVariant v = q.value(i);
-    return v.isNull() ? std::nullopt : std::optional<float>(float(v.toDouble()));
+    return q.isNull(i) ? std::nullopt : std::optional<float>(float(q.real(i)));
 }
-std::optional<QDateTime> readDate(const QSqlQuery &q, int i)
+std::optional<QDateTime> readDate(const Statement &q, int i)
 {
-    const QVariant v = q.value(i);
-    return v.isNull() ? std::nullopt : std::optional<QDateTime>(QDateTime::fromMSecsSinceEpoch(v.toLongLong()));
+    return q.isNull(i) ? std::nullopt : std::optional<QDateTime>(QDateTime::fromMSecsSinceEpoch(q.integer(i)));
 }
-std::optional<QByteArray> readBlob(const QSqlQuery &q, int i)
+std::optional<QByteArray> readBlob(const Statement &q, int i)
 {
-    const QVariant v = q.value(i);
-    return v.isNull() ? std::nullopt : std::optional<QByteArray>(v.toByteArray());
+    return q.isNull(i) ? std::nullopt : std::optional<QByteArray>(q.blob(i));
 }
 
 QString tableName(Entity entity)
@@ -197,10 +221,10 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
     return built;
 }
 
-Vinyl readVinyl(const QSqlQuery &q, bool includeImages)
+Vinyl readVinyl(const Statement &q, bool includeImages)
 {
     Vinyl v;
-    v.rowId = q.value(0).toLongLong();
+    v.rowId = q.integer(0);
     v.id = readInt16(q, 1);
     v.name = readText(q, 2);
     v.artist = readText(q, 3);
@@ -369,17 +393,39 @@ Result<void> Store::transaction(const std::function<Result<void>()> &work)
 }
 
 namespace {
-Result<QSqlQuery> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
+Result<std::unique_ptr<Statement>> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
 {
-    QSqlQuery q(db);
-    q.setForwardOnly(true);
-    if (!q.prepare(built.sql))
-        return sqlError(u"Cannot prepare a fetch"_s, q.lastError());
-    for (int i = 0; i < built.values.size(); ++i)
-        q.bindValue(i, built.values[i]);
-    if (!q.exec())
-        return sqlError(u"Cannot fetch"_s, q.lastError());
-    return q;
+    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
+    sqlite3 *connection = handle.isValid() ? *static_cast<sqlite3 *const *>(handle.data()) : nullptr;
+    if (!connection)
+        return Error{u"The store is not open"_s};
+    sqlite3_stmt *raw = nullptr;
+    const QByteArray sql = built.sql.toUtf8();
+    if (sqlite3_prepare_v2(connection, sql.constData(), int(sql.size()), &raw, nullptr) != SQLITE_OK)
+        return Error{u"Cannot prepare a fetch: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
+    auto statement = std::make_unique<Statement>(raw);
+    for (int i = 0; i < built.values.size(); ++i) {
+        const QVariant &v = built.values[i];
+        int rc = SQLITE_OK;
+        switch (v.metaType().id()) {
+        case QMetaType::QString: {
+            const QByteArray text = v.toString().toUtf8();
+            rc = sqlite3_bind_text(raw, i + 1, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+            break;
+        }
+        case QMetaType::Double:
+        case QMetaType::Float: rc = sqlite3_bind_double(raw, i + 1, v.toDouble()); break;
+        case QMetaType::QByteArray: {
+            const QByteArray bytes = v.toByteArray();
+            rc = sqlite3_bind_blob(raw, i + 1, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+            break;
+        }
+        default: rc = sqlite3_bind_int64(raw, i + 1, v.toLongLong()); break;
+        }
+        if (rc != SQLITE_OK)
+            return Error{u"Cannot bind a fetch value: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
+    }
+    return statement;
 }
 
 
@@ -440,8 +486,8 @@ Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
     if (!q)
         return q.error();
     QList<Vinyl> rows;
-    while (q->next())
-        rows.append(readVinyl(*q, request.includeImages));
+    while ((*q)->next())
+        rows.append(readVinyl(**q, request.includeImages));
     return rows;
 }
 
@@ -451,9 +497,9 @@ Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId) const
     auto q = runSelect(database(), built);
     if (!q)
         return q.error();
-    if (!q->next())
+    if (!(*q)->next())
         return std::optional<Vinyl>();
-    return std::optional<Vinyl>(readVinyl(*q, true));
+    return std::optional<Vinyl>(readVinyl(**q, true));
 }
 
 Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
@@ -462,7 +508,7 @@ Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
     auto q = runSelect(database(), {u"SELECT "_s + column + u" FROM Vinyl WHERE rowid = ?"_s, {vinylRowId}});
     if (!q)
         return q.error();
-    return q->next() ? q->value(0).toByteArray() : QByteArray();
+    return (*q)->next() ? (*q)->blob(0) : QByteArray();
 }
 
 Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const
@@ -474,14 +520,14 @@ Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const
     if (!q)
         return q.error();
     QList<Track> rows;
-    while (q->next()) {
+    while ((*q)->next()) {
         Track t;
-        t.rowId = q->value(0).toLongLong();
-        t.vinylID = readInt16(*q, 1);
-        t.trackNumber = readInt16(*q, 2);
-        t.song = readText(*q, 3);
-        t.writtenBy = readText(*q, 4);
-        t.duration = readDouble(*q, 5);
+        t.rowId = (*q)->integer(0);
+        t.vinylID = readInt16(**q, 1);
+        t.trackNumber = readInt16(**q, 2);
+        t.song = readText(**q, 3);
+        t.writtenBy = readText(**q, 4);
+        t.duration = readDouble(**q, 5);
         rows.append(t);
     }
     return rows;
@@ -496,8 +542,8 @@ Result<QList<Condition>> Store::fetchConditions(const FetchRequest &request) con
     if (!q)
         return q.error();
     QList<Condition> rows;
-    while (q->next())
-        rows.append({q->value(0).toLongLong(), readText(*q, 1)});
+    while ((*q)->next())
+        rows.append({(*q)->integer(0), readText(**q, 1)});
     return rows;
 }
 
@@ -509,7 +555,7 @@ Result<qint64> Store::count(const FetchRequest &request) const
     auto q = runSelect(database(), *built);
     if (!q)
         return q.error();
-    return q->next() ? q->value(0).toLongLong() : 0;
+    return (*q)->next() ? (*q)->integer(0) : 0;
 }
 
 Result<void> Store::insert(Vinyl &vinyl)

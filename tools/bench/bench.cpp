@@ -1,0 +1,71 @@
+#include "bench.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cstdio>
+#include <sys/resource.h>
+
+double medianMs(int runs, const std::function<void()> &work, const std::function<void()> &prepare)
+{
+    QList<double> times;
+    for (int i = 0; i < runs; ++i) {
+        if (prepare)
+            prepare();
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        times.append(double(timer.nsecsElapsed()) / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    return times.isEmpty() ? 0 : times[times.size() / 2];
+}
+
+void BenchReport::add(Measurement m)
+{
+    const auto ratio = m.floorMs && *m.floorMs > 0 ? QString::asprintf("%.2f", m.ms / *m.floorMs) : QStringLiteral("-");
+    std::printf("%-44s %6d %10.2f %10s %7s %8s\n", qPrintable(m.name), m.records, m.ms,
+                m.floorMs ? qPrintable(QString::asprintf("%.2f", *m.floorMs)) : "-", qPrintable(ratio),
+                m.targetMs ? qPrintable(QString::asprintf("%.0f", *m.targetMs))
+                           : (m.targetRatio ? qPrintable(QString::asprintf("x%.0f", *m.targetRatio)) : "-"));
+    std::fflush(stdout);
+    m_measurements.append(std::move(m));
+}
+
+void BenchReport::print() const
+{
+    std::printf("%-44s %6s %10s %10s %7s %8s\n", "operation", "records", "ms", "floor ms", "ratio", "target");
+}
+
+bool BenchReport::writeJson(const QString &path, double peakRss) const
+{
+    QJsonArray operations;
+    auto orNull = [](const std::optional<double> &v) { return v ? QJsonValue(*v) : QJsonValue(QJsonValue::Null); };
+    for (const Measurement &m : m_measurements) {
+        std::optional<double> ratio;
+        if (m.floorMs && *m.floorMs > 0)
+            ratio = m.ms / *m.floorMs;
+        operations.append(QJsonObject{{QStringLiteral("name"), m.name},
+                                      {QStringLiteral("records"), m.records},
+                                      {QStringLiteral("ms"), m.ms},
+                                      {QStringLiteral("floor_ms"), orNull(m.floorMs)},
+                                      {QStringLiteral("ratio"), orNull(ratio)},
+                                      {QStringLiteral("target_ms"), orNull(m.targetMs)},
+                                      {QStringLiteral("target_ratio"), orNull(m.targetRatio)}});
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    const QJsonObject root{{QStringLiteral("peak_rss_mb"), peakRss}, {QStringLiteral("operations"), operations}};
+    return file.write(QJsonDocument(root).toJson()) > 0;
+}
+
+double peakRssMb()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return double(usage.ru_maxrss) / 1024.0; // ru_maxrss is in KB on Linux
+}
