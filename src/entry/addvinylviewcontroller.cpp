@@ -30,6 +30,9 @@ void AddVinylViewController::RemoveBackImage()
 
 void AddVinylViewController::SaveNewVinylButtonClicked()
 {
+    // Saved already and leaving: a second tap must not store the record twice.
+    if (m_returning)
+        return;
     if (!RecordForm::hasRequiredFields(fields())) {
         showAlert(RecordForm::kNotSavedTitle, RecordForm::kRequiredFieldsMessage);
         return;

@@ -39,7 +39,7 @@ void NotesViewController::SaveVinylButtonClicked()
     }
     if (found->has_value()) {
         Vinyl vinyl = **found;
-        vinyl.notes = m_notes;
+        vinyl.notes = m_notes.isNull() ? u""_s : m_notes;
         const auto saved = store.transaction([&] { return store.update(vinyl); });
         if (!saved) {
             showAlert(u"Unresolved error "_s, saved.errorMessage());

@@ -34,6 +34,12 @@ QString asciiDigits(const QString &text)
     return result;
 }
 
+// A null QString is stored as an absent value; an emptied field must store the empty text.
+QString nonNullText(const QString &text)
+{
+    return text.isNull() ? u""_s : text;
+}
+
 bool onlyFrom(const QString &text, const QString &allowed)
 {
     return std::all_of(text.cbegin(), text.cend(), [&](QChar c) { return allowed.contains(c); });
@@ -147,7 +153,7 @@ QString trimSpacesAndTabs(const QString &text)
         ++start;
     while (end > start && blank(text.at(end - 1)))
         --end;
-    return text.mid(start, end - start);
+    return nonNullText(text.mid(start, end - start));
 }
 
 Result<qint16> parseQuantity(const QString &text)
@@ -227,8 +233,8 @@ Result<void> applyFormToVinyl(const RecordFormFields &fields, Vinyl &vinyl)
     vinyl.producer = trimSpacesAndTabs(fields.producer);
     vinyl.vinylCondition = trimSpacesAndTabs(fields.vinylCondition);
     vinyl.coverCondition = trimSpacesAndTabs(fields.coverCondition);
-    vinyl.recordSpeed = fields.recordSpeed;
-    vinyl.doubleAlbum = fields.doubleAlbum;
+    vinyl.recordSpeed = nonNullText(fields.recordSpeed);
+    vinyl.doubleAlbum = nonNullText(fields.doubleAlbum);
     vinyl.cost = numbers->cost.value_or(0.0f);
     vinyl.value = numbers->value.value_or(0.0f);
     vinyl.notes = trimSpacesAndTabs(fields.notes);
