@@ -14,6 +14,8 @@ ColumnLayout {
     property string value
     property bool required: false
     property bool picker: false
+    // Shows a button that empties the field.
+    property bool clearable: false
     property var accepts: null
     property int inputHints: Qt.ImhNone
     property alias field: input
@@ -21,6 +23,7 @@ ColumnLayout {
 
     signal edited(string text)
     signal tapped()
+    signal cleared()
 
     spacing: 2
     Layout.fillWidth: true
@@ -37,7 +40,7 @@ ColumnLayout {
         Layout.fillWidth: true
         font.pixelSize: 17
         leftPadding: 10
-        rightPadding: 10
+        rightPadding: clearButton.visible ? clearButton.width + 4 : 10
         topPadding: 8
         bottomPadding: 8
         readOnly: root.picker
@@ -59,12 +62,27 @@ ColumnLayout {
             }
             root.edited(text)
         }
-        TapHandler {
+        // Under the clear button, so a tap on that button only clears.
+        MouseArea {
+            anchors.fill: parent
             enabled: root.picker
-            onTapped: {
+            visible: root.picker
+            onClicked: {
                 input.forceActiveFocus()
                 root.tapped()
             }
+        }
+        ToolButton {
+            id: clearButton
+            objectName: root.objectName + "ClearButton"
+            visible: root.clearable && input.text !== ""
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            width: 40
+            height: 40
+            text: "\u2715"
+            Accessible.name: "Clear"
+            onClicked: root.cleared()
         }
     }
 

@@ -139,7 +139,7 @@ Item {
                         Rectangle {
                             objectName: cover.front ? "FrontCoverImage" : "BackCoverImage"
                             Layout.fillWidth: true
-                            Layout.preferredHeight: width
+                            Layout.preferredHeight: 160
                             radius: 5
                             border.width: 1
                             border.color: "#999999"
@@ -214,26 +214,16 @@ Item {
                 value: root.controller.artist
                 onEdited: (t) => root.controller.artist = t
             }
-            RowLayout {
-                Layout.fillWidth: true
-                spacing: 8
-                RecordFormField {
-                    id: releaseDateField
-                    objectName: "ReleaseDateTextField"
-                    caption: "Release Date"
-                    picker: true
-                    placeholderText: "Tap to choose"
-                    value: root.controller.releaseDate
-                    onTapped: root.openDate(releaseDateField)
-                }
-                ToolButton {
-                    objectName: "ClearReleaseDateButton"
-                    text: "\u2715"
-                    visible: root.controller.releaseDate !== ""
-                    Layout.alignment: Qt.AlignBottom
-                    Accessible.name: "Clear Release Date"
-                    onClicked: root.controller.clearReleaseDate()
-                }
+            RecordFormField {
+                id: releaseDateField
+                objectName: "ReleaseDateTextField"
+                caption: "Release Date"
+                picker: true
+                clearable: true
+                placeholderText: "Tap to choose"
+                value: root.controller.releaseDate
+                onTapped: root.openDate(releaseDateField)
+                onCleared: root.controller.clearReleaseDate()
             }
             RecordFormField {
                 objectName: "RecordLabelTextField"

@@ -8,6 +8,7 @@ list(APPEND PB_SOURCES
     entry/zoomviewcontroller.h entry/zoomviewcontroller.cpp
 )
 list(APPEND PB_QML
+    entry/RecordFormField.qml
     entry/RecordFormPanel.qml
     entry/RecordCameraPage.qml
     entry/AddVinylView.qml
