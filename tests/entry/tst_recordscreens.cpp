@@ -184,6 +184,38 @@ private slots:
         QCOMPARE(vinylCount(t), 1);
     }
 
+    void releaseDateEntry()
+    {
+        TestApp t;
+        const QString today = QLocale().toString(QDate::currentDate(), u"MMM d, yyyy"_s);
+        AddVinylViewController add(&t.app());
+        QSignalSpy closed(&add, &RecordFormController::endEditing);
+        add.DateEntered(); // the add screen shows today's date as the picker opens
+        QCOMPARE(add.releaseDate(), today);
+        add.ReleaseDateChanged(QDate(1971, 6, 22));
+        QCOMPARE(add.releaseDate(), u"Jun 22, 1971"_s);
+        QCOMPARE(closed.count(), 0);
+        add.doneDateIssuedClick(QDate(1969, 12, 31));
+        QCOMPARE(add.releaseDate(), u"Dec 31, 1969"_s);
+        QCOMPARE(closed.count(), 1);
+
+        // Picked, then cleared: the record has no date.
+        fillRequired(add);
+        add.clearReleaseDate();
+        add.SaveNewVinylButtonClicked();
+        QVERIFY(!stored(t, add.savedRowId()).releaseDate);
+
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 2);
+        v.releaseDate = QDateTime(QDate(1971, 6, 22), QTime(0, 0));
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        edit.DateEntered(); // the edit screen keeps the field's date
+        QCOMPARE(edit.releaseDate(), u"Jun 22, 1971"_s);
+        edit.todayIssuedClick();
+        QCOMPARE(edit.releaseDate(), today);
+    }
+
     void missingPictureSourcesAreExplained()
     {
         TestApp t;
