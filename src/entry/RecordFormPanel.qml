@@ -93,11 +93,6 @@ Item {
         onCancelled: root.controller.imagePickerCancelled()
     }
 
-    // A tap beside the fields ends editing, closing the keyboard or a picker.
-    TapHandler {
-        onTapped: root.closeSheets()
-    }
-
     Flickable {
         id: flick
         anchors.left: parent.left
@@ -114,6 +109,11 @@ Item {
             y: 12
             width: flick.width - 32
             spacing: 10
+
+            // A tap beside the fields ends editing, closing the keyboard or a picker.
+            TapHandler {
+                onTapped: root.closeSheets()
+            }
 
             RowLayout {
                 Layout.fillWidth: true
