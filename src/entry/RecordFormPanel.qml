@@ -22,6 +22,7 @@ Item {
     property var listEntries: []
     property string listTitle
     property var listChosen: null
+    property string listCurrent
     property Item editedItem: null
 
     signal coverDoubleTapped()
@@ -41,11 +42,14 @@ Item {
 
     function openList(item: Item, title: string, entries: var, chosen: var) {
         editedItem = item
+        listCurrent = item.value
         listTitle = title
         listEntries = entries
         listChosen = chosen
         sheet = "list"
         Qt.callLater(root.showEdited)
+        Qt.callLater(() => listView.positionViewAtIndex(Math.max(0, root.listEntries.indexOf(root.listCurrent)),
+                                                        ListView.Center))
     }
 
     // Scrolls the form so the edited field is fully in sight.
@@ -439,6 +443,7 @@ Item {
                 Layout.topMargin: 24
             }
             ListView {
+                id: listView
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 clip: true
@@ -446,6 +451,7 @@ Item {
                 delegate: ItemDelegate {
                     required property string modelData
                     width: ListView.view.width
+                    highlighted: modelData === root.listCurrent
                     contentItem: Label {
                         text: parent.modelData
                         font.bold: true
