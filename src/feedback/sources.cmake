@@ -1,3 +1,5 @@
 # Files of this folder, relative to src/.
-list(APPEND PB_SOURCES)
+list(APPEND PB_SOURCES
+    feedback/reviewservice.h feedback/reviewservice.cpp
+)
 list(APPEND PB_QML)

@@ -1,0 +1,34 @@
+import QtQuick
+import QtQuick.Controls
+import Platterbox
+
+// A new record: the record form and "Save".
+ScreenPage {
+    id: root
+
+    title: "Add Record"
+    onAppeared: controller.viewWillAppear()
+
+    actions: [
+        ToolButton {
+            objectName: "SaveNewVinylButton"
+            text: "Save"
+            font.bold: true
+            onClicked: controller.SaveNewVinylButtonClicked()
+        }
+    ]
+
+    AddVinylViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    RecordFormPanel {
+        id: form
+        objectName: "RecordForm"
+        anchors.fill: parent
+        controller: controller
+        addScreen: true
+    }
+}

@@ -1,0 +1,75 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The record the user opened: the record form, "Share" and "Save", and the ways to the
+// record's tracks, notes and large covers.
+ScreenPage {
+    id: root
+
+    title: "Edit Record"
+    onAppeared: controller.viewWillAppear()
+
+    // Back from tracks, notes or zoom.
+    function unwound(segue: string) {
+        controller.unwindToEdit()
+    }
+
+    actions: [
+        ToolButton {
+            objectName: "ShareButton"
+            text: "Share"
+            onClicked: controller.shareButtonClicked()
+        },
+        ToolButton {
+            objectName: "SaveVinylButton"
+            text: "Save"
+            font.bold: true
+            onClicked: controller.SaveVinylButtonClicked()
+        }
+    ]
+
+    EditVinylViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    RecordFormPanel {
+        id: form
+        objectName: "RecordForm"
+        anchors.fill: parent
+        controller: controller
+        addScreen: false
+        onCoverDoubleTapped: controller.TapFrontImage()
+
+        footer: [
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 10
+                StyledButton {
+                    objectName: "TracksButton"
+                    text: "Tracks"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    onClicked: controller.TracksButtonClicked()
+                }
+                StyledButton {
+                    objectName: "NotesButton"
+                    text: "Notes"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    onClicked: controller.NotesButtonClicked()
+                }
+                StyledButton {
+                    objectName: "ZoomButton"
+                    text: "Zoom"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    onClicked: controller.TapFrontImage()
+                }
+            }
+        ]
+    }
+}

@@ -1,0 +1,470 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import QtQuick.Dialogs
+import Platterbox
+
+// The record form both the add and the edit screen show: two covers with their buttons, the
+// fourteen fields, the pickers and the release-date picker. The form scrolls so that the
+// field being edited stays above the keyboard or the open picker.
+Item {
+    id: root
+
+    required property QtObject controller
+    // The add screen and the edit screen name two of their parts differently.
+    property bool addScreen: true
+    // Extra buttons under the form (the edit screen's tracks, notes and zoom).
+    property alias footer: footerHolder.data
+
+    // Which sheet is open: "" (none), "date" or "list".
+    property string sheet: ""
+    property var listEntries: []
+    property string listTitle
+    property var listChosen: null
+    property string listCurrent
+    property Item editedItem: null
+
+    signal coverDoubleTapped()
+
+    function closeSheets() {
+        sheet = ""
+        editedItem = null
+        forceActiveFocus()
+    }
+
+    function openDate(item: Item) {
+        editedItem = item
+        root.controller.DateEntered()
+        sheet = "date"
+        Qt.callLater(root.showEdited)
+    }
+
+    function openList(item: Item, title: string, entries: var, chosen: var) {
+        editedItem = item
+        listCurrent = item.value
+        listTitle = title
+        listEntries = entries
+        listChosen = chosen
+        sheet = "list"
+        Qt.callLater(root.showEdited)
+        Qt.callLater(() => listView.positionViewAtIndex(Math.max(0, root.listEntries.indexOf(root.listCurrent)),
+                                                        ListView.Center))
+    }
+
+    // Scrolls the form so the edited field is fully in sight.
+    function showEdited() {
+        const item = editedItem ? editedItem : (Window.activeFocusItem && Window.activeFocusItem !== root ? Window.activeFocusItem : null)
+        if (!item || !flick.contentItem)
+            return
+        const p = item.mapToItem(flick.contentItem, 0, 0)
+        if (p.y < flick.contentY + 8)
+            flick.contentY = Math.max(0, p.y - 8)
+        else if (p.y + item.height > flick.contentY + flick.height - 8)
+            flick.contentY = Math.min(flick.contentHeight - flick.height, p.y + item.height - flick.height + 8)
+    }
+
+    readonly property real keyboardHeight: Qt.inputMethod.visible ? Qt.inputMethod.keyboardRectangle.height : 0
+    readonly property real sheetHeight: sheet === "date" ? datePicker.height : sheet === "list" ? listSheet.height : 0
+
+    Connections {
+        target: root.Window.window
+        function onActiveFocusItemChanged() { Qt.callLater(root.showEdited) }
+    }
+    onKeyboardHeightChanged: Qt.callLater(root.showEdited)
+    onSheetHeightChanged: Qt.callLater(root.showEdited)
+
+    Connections {
+        target: root.controller
+        function onEndEditing() { root.closeSheets() }
+        function onOpenFolderRequested() { fileDialog.open() }
+        function onOpenCameraRequested() {
+            camera.captureFile = root.controller.cameraCaptureFile()
+            camera.open()
+        }
+    }
+
+    FileDialog {
+        id: fileDialog
+        title: "Choose a Cover Picture"
+        nameFilters: ["Pictures (*.jpg *.jpeg *.png)", "All files (*)"]
+        onAccepted: root.controller.documentPicked(selectedFile)
+    }
+
+    RecordCameraPage {
+        id: camera
+        onCaptured: (path) => root.controller.imagePicked(path)
+        onCancelled: root.controller.imagePickerCancelled()
+    }
+
+    Flickable {
+        id: flick
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        height: parent.height - Math.max(root.keyboardHeight, root.sheetHeight)
+        contentHeight: form.implicitHeight + 32
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+
+        ColumnLayout {
+            id: form
+            x: 16
+            y: 12
+            width: flick.width - 32
+            spacing: 10
+
+            // A tap beside the fields ends editing, closing the keyboard or a picker.
+            TapHandler {
+                onTapped: root.closeSheets()
+            }
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+                Repeater {
+                    model: [
+                        { front: true, caption: "Front Cover" },
+                        { front: false, caption: "Back Cover" }
+                    ]
+                    delegate: ColumnLayout {
+                        id: cover
+                        required property var modelData
+                        readonly property bool front: modelData.front
+                        Layout.fillWidth: true
+                        Layout.preferredWidth: 1
+                        spacing: 6
+
+                        Label {
+                            text: cover.modelData.caption
+                            color: "#555555"
+                            font.pixelSize: 13
+                        }
+                        Rectangle {
+                            objectName: cover.front ? "FrontCoverImage" : "BackCoverImage"
+                            Layout.fillWidth: true
+                            Layout.preferredHeight: 160
+                            radius: 5
+                            border.width: 1
+                            border.color: "#999999"
+                            color: "#f4f4f4"
+                            Image {
+                                anchors.fill: parent
+                                anchors.margins: 2
+                                fillMode: Image.PreserveAspectFit
+                                asynchronous: true
+                                cache: false
+                                source: cover.front ? root.controller.frontImageSource : root.controller.backImageSource
+                            }
+                            Label {
+                                anchors.centerIn: parent
+                                visible: !(cover.front ? root.controller.hasFrontImage : root.controller.hasBackImage)
+                                text: "No Picture"
+                                color: "#999999"
+                            }
+                            TapHandler {
+                                onDoubleTapped: root.coverDoubleTapped()
+                            }
+                        }
+                        GridLayout {
+                            columns: 2
+                            rowSpacing: 6
+                            columnSpacing: 6
+                            Layout.fillWidth: true
+                            Repeater {
+                                model: [
+                                    { caption: "Paste", name: "PasteButton" },
+                                    { caption: "Camera", name: "CameraButton" },
+                                    { caption: "Folder", name: "FolderButton" },
+                                    { caption: "Remove", name: "RemoveButton" }
+                                ]
+                                delegate: StyledButton {
+                                    required property var modelData
+                                    // The add screen's rear folder button keeps its historic name.
+                                    objectName: !cover.front && root.addScreen && modelData.name === "FolderButton"
+                                                ? "RearFolderButtom" : (cover.front ? "Front" : "Rear") + modelData.name
+                                    text: modelData.caption
+                                    font.pixelSize: 14
+                                    implicitHeight: 38
+                                    Layout.fillWidth: true
+                                    Layout.preferredWidth: 1
+                                    onClicked: {
+                                        const name = modelData.name
+                                        const c = root.controller
+                                        root.closeSheets()
+                                        if (name === "PasteButton") cover.front ? c.FrontPasteFromClipboard() : c.RearPasteFromClipboard()
+                                        else if (name === "CameraButton") cover.front ? c.OpenFrontCamera() : c.OpenBackCamera()
+                                        else if (name === "FolderButton") cover.front ? c.OpenFrontFolder() : c.OpenBackFolder()
+                                        else cover.front ? c.RemoveFrontImage() : c.RemoveBackImage()
+                                    }
+                                }
+                            }
+                        }
+                    }
+                }
+            }
+
+            RecordFormField {
+                objectName: "AlbumNameTextField"
+                caption: "Album Name"
+                required: true
+                value: root.controller.albumName
+                onEdited: (t) => root.controller.albumName = t
+            }
+            RecordFormField {
+                objectName: "ArtistTextField"
+                caption: "Artist"
+                required: true
+                value: root.controller.artist
+                onEdited: (t) => root.controller.artist = t
+            }
+            RecordFormField {
+                id: releaseDateField
+                objectName: "ReleaseDateTextField"
+                caption: "Release Date"
+                picker: true
+                clearable: true
+                placeholderText: "Tap to choose"
+                value: root.controller.releaseDate
+                onTapped: root.openDate(releaseDateField)
+                onCleared: root.controller.clearReleaseDate()
+            }
+            RecordFormField {
+                objectName: "RecordLabelTextField"
+                caption: "Record Label"
+                required: true
+                value: root.controller.recordLabel
+                onEdited: (t) => root.controller.recordLabel = t
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+                RecordFormField {
+                    objectName: "QuantityTextField"
+                    caption: "Quantity"
+                    inputHints: Qt.ImhDigitsOnly
+                    value: root.controller.quantity
+                    accepts: (before, after) => root.controller.quantityEditAccepted(before, after)
+                    onEdited: (t) => root.controller.quantity = t
+                    Layout.preferredWidth: 1
+                }
+                RecordFormField {
+                    objectName: "RecordLengthTextField"
+                    caption: "Run Length (min)"
+                    inputHints: Qt.ImhFormattedNumbersOnly
+                    value: root.controller.recordLength
+                    accepts: (before, after) => root.controller.decimalEditAccepted(before, after)
+                    onEdited: (t) => root.controller.recordLength = t
+                    Layout.preferredWidth: 1
+                }
+            }
+            RecordFormField {
+                objectName: "ProducerTextField"
+                caption: "Producer"
+                value: root.controller.producer
+                onEdited: (t) => root.controller.producer = t
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+                RecordFormField {
+                    id: vinylConditionField
+                    objectName: "VinylConditionTextField"
+                    caption: "Vinyl Condition"
+                    picker: true
+                    value: root.controller.vinylCondition
+                    Layout.preferredWidth: 1
+                    onTapped: root.openList(vinylConditionField, "Vinyl Condition", root.controller.ListOfVinylConditions,
+                                            (t) => root.controller.vinylCondition = t)
+                }
+                RecordFormField {
+                    id: coverConditionField
+                    objectName: "CoverConditionTextField"
+                    caption: "Cover Condition"
+                    picker: true
+                    value: root.controller.coverCondition
+                    Layout.preferredWidth: 1
+                    onTapped: root.openList(coverConditionField, "Cover Condition", root.controller.ListOfCoverConditions,
+                                            (t) => root.controller.coverCondition = t)
+                }
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+                RecordFormField {
+                    id: speedField
+                    objectName: "RecordSpeedTextField"
+                    caption: "Record Speed"
+                    picker: true
+                    value: root.controller.recordSpeed
+                    Layout.preferredWidth: 1
+                    onTapped: root.openList(speedField, "Record Speed", root.controller.ListOfRecordSpeeds,
+                                            (t) => root.controller.recordSpeed = t)
+                }
+                RecordFormField {
+                    id: singleDoubleField
+                    objectName: root.addScreen ? "DoubleSingleTextField" : "SingleDoubleTextField"
+                    caption: "Single/Double"
+                    picker: true
+                    value: root.controller.doubleAlbum
+                    Layout.preferredWidth: 1
+                    onTapped: root.openList(singleDoubleField, "Single/Double", root.controller.ListOfSingleDouble,
+                                            (t) => root.controller.doubleAlbum = t)
+                }
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: 12
+                RecordFormField {
+                    objectName: "CostTextField"
+                    caption: "Cost"
+                    inputHints: Qt.ImhFormattedNumbersOnly
+                    value: root.controller.cost
+                    accepts: (before, after) => root.controller.decimalEditAccepted(before, after)
+                    onEdited: (t) => root.controller.cost = t
+                    Layout.preferredWidth: 1
+                }
+                RecordFormField {
+                    objectName: "ValueTextField"
+                    caption: "Est. Value"
+                    inputHints: Qt.ImhFormattedNumbersOnly
+                    value: root.controller.value
+                    accepts: (before, after) => root.controller.decimalEditAccepted(before, after)
+                    onEdited: (t) => root.controller.value = t
+                    Layout.preferredWidth: 1
+                }
+            }
+
+            Label {
+                text: "Notes"
+                color: "#555555"
+                font.pixelSize: 13
+            }
+            TextArea {
+                id: notes
+                objectName: "NotesTextView"
+                Layout.fillWidth: true
+                Layout.preferredHeight: Math.max(96, implicitHeight)
+                wrapMode: TextEdit.Wrap
+                font.pixelSize: 16
+                background: Rectangle {
+                    radius: 5
+                    border.width: 1
+                    border.color: notes.activeFocus ? "#1e88e5" : "#999999"
+                }
+                property bool reverting: false
+                Component.onCompleted: text = root.controller.notes
+                onTextChanged: {
+                    if (reverting || text === root.controller.notes)
+                        return
+                    if (!root.controller.notesEditAccepted(root.controller.notes, text)) {
+                        const back = cursorPosition - (text.length - root.controller.notes.length)
+                        reverting = true
+                        text = root.controller.notes
+                        reverting = false
+                        cursorPosition = Math.max(0, Math.min(back, text.length))
+                        return
+                    }
+                    root.controller.notes = text
+                }
+                Connections {
+                    target: root.controller
+                    function onFormChanged() {
+                        if (notes.text !== root.controller.notes) {
+                            notes.reverting = true
+                            notes.text = root.controller.notes
+                            notes.reverting = false
+                        }
+                    }
+                }
+            }
+
+            ColumnLayout {
+                id: footerHolder
+                Layout.fillWidth: true
+                Layout.topMargin: 6
+                spacing: 10
+            }
+        }
+    }
+
+    DatePickerPanel {
+        id: datePicker
+        objectName: "ReleaseDatePickerView"
+        visible: root.sheet === "date"
+        style: root.controller.datePickerStyle
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        onPicked: (value) => root.controller.ReleaseDateChanged(value)
+        onDoneClicked: (value) => root.controller.doneDateIssuedClick(value)
+        onTodayClicked: root.controller.todayIssuedClick()
+    }
+
+    Pane {
+        id: listSheet
+        objectName: "ListPickerView"
+        visible: root.sheet === "list"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        height: 260
+        padding: 0
+        background: Rectangle { color: "white"; border.color: "#d0d0d0" }
+
+        ColumnLayout {
+            anchors.fill: parent
+            spacing: 0
+            Rectangle {
+                Layout.fillWidth: true
+                implicitHeight: 44
+                color: Qt.rgba(0.3607843137254902, 0.8470588235294118, 1.0, 0.25)
+                RowLayout {
+                    anchors.fill: parent
+                    anchors.leftMargin: 16
+                    anchors.rightMargin: 8
+                    Label {
+                        text: root.listTitle
+                        font.bold: true
+                        Layout.fillWidth: true
+                    }
+                    ToolButton {
+                        text: "Done"
+                        font.bold: true
+                        onClicked: root.closeSheets()
+                    }
+                }
+            }
+            Label {
+                visible: root.listEntries.length === 0
+                text: "No entries"
+                color: "#999999"
+                Layout.alignment: Qt.AlignHCenter
+                Layout.topMargin: 24
+            }
+            ListView {
+                id: listView
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                clip: true
+                model: root.listEntries
+                delegate: ItemDelegate {
+                    required property string modelData
+                    width: ListView.view.width
+                    highlighted: modelData === root.listCurrent
+                    contentItem: Label {
+                        text: parent.modelData
+                        font.bold: true
+                        font.pixelSize: 16
+                        horizontalAlignment: Text.AlignHCenter
+                    }
+                    onClicked: {
+                        if (root.listChosen)
+                            root.listChosen(modelData)
+                        root.closeSheets()
+                    }
+                }
+            }
+        }
+    }
+}

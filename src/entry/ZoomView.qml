@@ -1,0 +1,73 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The record's covers, large. Pinch to zoom (no limits, zooms compound) and drag them
+// anywhere; the one touched last comes to the front.
+ScreenPage {
+    id: root
+
+    title: "Cover Images"
+    onAppeared: controller.viewWillAppear()
+
+    actions: [
+        ToolButton {
+            objectName: "ShareButton"
+            text: "Share"
+            onClicked: controller.shareButtonClicked()
+        }
+    ]
+
+    ZoomViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    property int topZ: 1
+
+    Label {
+        anchors.centerIn: parent
+        visible: controller.images.length === 0
+        text: "This record has no cover images."
+        color: "#777777"
+        font.pixelSize: 16
+    }
+
+    Item {
+        id: area
+        objectName: "ZoomCollectionView"
+        anchors.fill: parent
+        anchors.margins: 12
+
+        Repeater {
+            model: controller.images
+            delegate: Image {
+                id: cell
+                required property string modelData
+                required property int index
+                objectName: "ZoomImage" + index
+                source: modelData
+                fillMode: Image.PreserveAspectFit
+                asynchronous: true
+                width: area.width
+                height: controller.images.length > 1 ? (area.height - 12) / 2 : area.height
+                y: index * (height + 12)
+                transformOrigin: Item.Center
+
+                PinchHandler {
+                    minimumScale: -Infinity
+                    maximumScale: Infinity
+                    minimumRotation: 0
+                    maximumRotation: 0
+                    onActiveChanged: if (active) cell.z = ++root.topZ
+                }
+                DragHandler {
+                    onActiveChanged: if (active) cell.z = ++root.topZ
+                }
+            }
+        }
+    }
+}

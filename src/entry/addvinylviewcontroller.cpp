@@ -1,0 +1,90 @@
+#include "addvinylviewcontroller.h"
+
+#include "appdelegate.h"
+#include "formatters.h"
+#include "logging.h"
+#include "recordnumbers.h"
+
+using namespace Qt::StringLiterals;
+
+AddVinylViewController::AddVinylViewController(AppDelegate *app, QObject *parent)
+    : RecordFormController(FormScreen::Add, app, parent)
+{
+    loadIfReady();
+}
+
+void AddVinylViewController::DateEntered()
+{
+    setReleaseDate(Formatters::mediumDate(QDateTime::currentDateTime()));
+}
+
+void AddVinylViewController::RemoveFrontImage()
+{
+    clearCover(CoverSide::Front);
+}
+
+void AddVinylViewController::RemoveBackImage()
+{
+    clearCover(CoverSide::Back);
+}
+
+void AddVinylViewController::SaveNewVinylButtonClicked()
+{
+    // Saved already and leaving: a second tap must not store the record twice.
+    if (m_returning)
+        return;
+    if (!RecordForm::hasRequiredFields(fields())) {
+        showAlert(RecordForm::kNotSavedTitle, RecordForm::kRequiredFieldsMessage);
+        return;
+    }
+    auto vinyl = RecordForm::newVinylFromForm(fields());
+    if (!vinyl) {
+        showAlert(RecordForm::kNotSavedTitle, vinyl.errorMessage());
+        return;
+    }
+    for (const CoverSide side : {CoverSide::Front, CoverSide::Back}) {
+        const QImage image = side == CoverSide::Front ? frontImage() : backImage();
+        if (image.isNull())
+            continue;
+        const auto jpeg = RecordForm::thumbnailJpeg(image);
+        if (!jpeg) {
+            showAlert(RecordForm::kNotSavedTitle, jpeg.errorMessage());
+            return;
+        }
+        (side == CoverSide::Front ? vinyl->frontImage : vinyl->backImage) = jpeg.value();
+    }
+    vinyl->imagesLoaded = true;
+
+    Store &store = app()->persistentContainer();
+    QString refusal;
+    const auto saved = store.transaction([&]() -> Result<void> {
+        // The number is chosen inside the transaction, so it is still free when written.
+        const auto id = newRecordId(store);
+        if (!id) {
+            refusal = id.errorMessage();
+            return id.error();
+        }
+        vinyl->id = id.value();
+        return store.insert(vinyl.value());
+    });
+    if (!saved) {
+        if (!refusal.isEmpty())
+            showAlert(RecordForm::kNotSavedTitle, refusal);
+        else
+            showAlert(u"Unresolved error "_s, saved.errorMessage());
+        return;
+    }
+    m_savedRowId = vinyl->rowId;
+    returnToOpener();
+}
+
+void AddVinylViewController::returnToOpener()
+{
+    // A save leaves the screen once, however often it is asked to.
+    if (m_returning)
+        return;
+    m_returning = true;
+    const QString origin = app()->state()->originScreen();
+    consoleLine(origin);
+    app()->navigator()->unwind(origin == OriginScreens::List ? u"unwindToList"_s : u"unwindToMenu"_s);
+}

@@ -1,0 +1,260 @@
+#include "editvinylviewcontroller.h"
+
+#include "appdelegate.h"
+#include "coverimageprovider.h"
+#include "logging.h"
+#include "platformservices.h"
+#include "reviewservice.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A full-size cover file written by a save, and the file it replaces.
+struct CoverFile
+{
+    QString newPath;
+    QString replacedPath;
+};
+
+bool insideFolder(const QString &path, const QString &folder)
+{
+    const QString canonicalFolder = QFileInfo(folder).canonicalFilePath();
+    const QString canonicalFile = QFileInfo(path).canonicalFilePath();
+    return !canonicalFolder.isEmpty() && !canonicalFile.isEmpty()
+           && canonicalFile.startsWith(canonicalFolder + u'/');
+}
+
+} // namespace
+
+EditVinylViewController::EditVinylViewController(AppDelegate *app, QObject *parent)
+    : RecordFormController(FormScreen::Edit, app, parent)
+{
+    m_reviewTimer.setSingleShot(true);
+    m_reviewTimer.setInterval(5000);
+    // The timer belongs to this screen, so no request is made once the screen is gone.
+    connect(&m_reviewTimer, &QTimer::timeout, this, [this] {
+        ReviewService(this->app()->settings(), this->app()->platform()).requestReview();
+    });
+    loadIfReady();
+}
+
+void EditVinylViewController::viewDidLoad()
+{
+    RecordFormController::viewDidLoad();
+    fillForm();
+    m_reviewTimer.start();
+}
+
+void EditVinylViewController::fillForm()
+{
+    const CurrentRecord &record = app()->state()->currentRecord();
+    setFields(RecordForm::fieldsFromRecord(record));
+    // The form shows the full-size cover file when there is one; the record keeps only a
+    // small copy.
+    const auto cover = [](const std::optional<QImage> &stored, const QString &path) {
+        if (!stored)
+            return QImage();
+        if (!path.isEmpty() && QFileInfo::exists(path)) {
+            if (auto full = RecordForm::readPicture(path))
+                return full.value();
+        }
+        return *stored;
+    };
+    showStoredCovers(cover(record.frontImage, record.frontImagePath), cover(record.backImage, record.backImagePath));
+}
+
+void EditVinylViewController::unwindToEdit()
+{
+    fillForm();
+}
+
+void EditVinylViewController::SaveVinylButtonClicked()
+{
+    if (!RecordForm::hasRequiredFields(fields())) {
+        showAlert(RecordForm::kNotSavedTitle, RecordForm::kRequiredFieldsMessage);
+        return;
+    }
+    Store &store = app()->persistentContainer();
+    const qint64 rowId = app()->state()->currentRecord().rowId;
+    const auto found = store.vinylByRowId(rowId);
+    if (!found) {
+        showAlert(u"Unresolved error "_s, found.errorMessage());
+        return;
+    }
+    if (!found->has_value()) {
+        // The record was deleted meanwhile: nothing to store.
+        returnToOpener();
+        return;
+    }
+    Vinyl vinyl = **found;
+    if (const auto applied = RecordForm::applyFormToVinyl(fields(), vinyl); !applied) {
+        showAlert(RecordForm::kNotSavedTitle, applied.errorMessage());
+        return;
+    }
+
+    // Covers: a new full-size file per side shown, and the small copy in the record.
+    const QString documents = app()->documentsDir();
+    QDir().mkpath(documents);
+    QList<CoverFile> files;
+    for (const CoverSide side : {CoverSide::Front, CoverSide::Back}) {
+        const bool front = side == CoverSide::Front;
+        const QImage image = front ? frontImage() : backImage();
+        if (image.isNull())
+            continue;
+        const auto thumbnail = RecordForm::thumbnailJpeg(image);
+        if (!thumbnail) {
+            showAlert(RecordForm::kNotSavedTitle, thumbnail.errorMessage());
+            for (const CoverFile &file : std::as_const(files))
+                QFile::remove(file.newPath);
+            return;
+        }
+        std::optional<QString> &pathAttribute = front ? vinyl.frontImagePath : vinyl.backImagePath;
+        const QString oldPath = text(pathAttribute);
+        const QString newPath = QDir(documents).filePath(
+            QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + u".jpg"_s);
+        // An unchanged cover keeps its file's bytes rather than being encoded once more.
+        QByteArray full;
+        if (!coverChanged(side) && !oldPath.isEmpty()) {
+            QFile old(oldPath);
+            if (old.open(QIODevice::ReadOnly))
+                full = old.readAll();
+        }
+        if (full.isEmpty())
+            full = RecordForm::fullSizeJpeg(image).valueOr(QByteArray());
+        QFile out(newPath);
+        if (!full.isEmpty() && out.open(QIODevice::WriteOnly) && out.write(full) == full.size() && out.flush()) {
+            out.close();
+            pathAttribute = newPath;
+            files.append({newPath, oldPath});
+        } else {
+            // The record keeps the file it had; the small copy is still stored.
+            out.close();
+            QFile::remove(newPath);
+            consoleLine(u"Cover file not written: "_s + newPath);
+        }
+        (front ? vinyl.frontImage : vinyl.backImage) = thumbnail.value();
+    }
+
+    const auto saved = store.transaction([&] { return store.update(vinyl); });
+    if (!saved) {
+        for (const CoverFile &file : std::as_const(files))
+            QFile::remove(file.newPath);
+        showAlert(u"Unresolved error "_s, saved.errorMessage());
+        return;
+    }
+    // The files the record no longer names go, when they are ours.
+    for (const CoverFile &file : std::as_const(files)) {
+        if (!file.replacedPath.isEmpty() && file.replacedPath != file.newPath && insideFolder(file.replacedPath, documents))
+            QFile::remove(file.replacedPath);
+    }
+    CoverImageProvider::forget(rowId);
+    if (const auto stored = store.vinylByRowId(rowId); stored && stored->has_value())
+        app()->state()->setCurrentRecord(**stored);
+    returnToOpener();
+}
+
+void EditVinylViewController::returnToOpener()
+{
+    static const QHash<QString, QString> segues = {
+        {OriginScreens::Menu, u"unwindToMenu"_s},
+        {OriginScreens::List, u"unwindToList"_s},
+        {OriginScreens::ArtistBreakdown, u"unwindToArtistTableView"_s},
+        {OriginScreens::YearBreakdown, u"unwindToYearTableView"_s},
+        {OriginScreens::ProducerBreakdown, u"unwindToProducerTableView"_s},
+        {OriginScreens::LabelBreakdown, u"unwindToLabelTableView"_s},
+    };
+    const QString segue = segues.value(app()->state()->originScreen());
+    if (!segue.isEmpty())
+        app()->navigator()->unwind(segue);
+}
+
+void EditVinylViewController::RemoveFrontImage()
+{
+    askToRemove(CoverSide::Front);
+}
+
+void EditVinylViewController::RemoveBackImage()
+{
+    askToRemove(CoverSide::Back);
+}
+
+void EditVinylViewController::askToRemove(CoverSide side)
+{
+    showAlert(side == CoverSide::Front ? kRemoveFrontTitle : kRemoveBackTitle, kRemoveImageMessage,
+              {u"Yes"_s, u"No"_s}, [this, side](int button) {
+                  if (button == 0)
+                      removeCover(side);
+              });
+}
+
+void EditVinylViewController::removeCover(CoverSide side)
+{
+    // Stored at once, without waiting for Save; the file paths stay as they are.
+    Store &store = app()->persistentContainer();
+    const qint64 rowId = app()->state()->currentRecord().rowId;
+    const auto found = store.vinylByRowId(rowId);
+    if (found && found->has_value()) {
+        Vinyl vinyl = **found;
+        (side == CoverSide::Front ? vinyl.frontImage : vinyl.backImage).reset();
+        const auto saved = store.transaction([&] { return store.update(vinyl); });
+        if (!saved) {
+            showAlert(u"Unresolved error "_s, saved.errorMessage());
+            return;
+        }
+        CoverImageProvider::forget(rowId);
+    } else if (!found) {
+        consoleLine(found.errorMessage());
+    }
+    // CurrentRecord loses the picture too, so a return from tracks or notes does not bring it back.
+    CurrentRecord &record = app()->state()->editCurrentRecord();
+    (side == CoverSide::Front ? record.frontImage : record.backImage).reset();
+    record.images.clear();
+    if (record.frontImage)
+        record.images.append(*record.frontImage);
+    if (record.backImage)
+        record.images.append(*record.backImage);
+    app()->state()->notifyCurrentRecordChanged();
+    clearCover(side);
+}
+
+void EditVinylViewController::shareButtonClicked()
+{
+    PlatformServices &platform = app()->platform();
+    if (!platform.canSendText()) {
+        showAlert(RecordForm::kCantSendTextTitle, RecordForm::kCantSendTextMessage, {u"Click"_s});
+        return;
+    }
+    const auto text = RecordForm::shareText(fields());
+    if (!text) {
+        showAlert(u"Record not Shared"_s, text.errorMessage());
+        return;
+    }
+    ShareItems items;
+    items.texts.append(text.value());
+    for (const QImage &image : {frontImage(), backImage()}) {
+        if (!image.isNull())
+            items.images.append(image);
+    }
+    platform.share(items);
+}
+
+void EditVinylViewController::TapFrontImage()
+{
+    app()->navigator()->show(u"ZoomView"_s);
+}
+
+void EditVinylViewController::TracksButtonClicked()
+{
+    app()->navigator()->show(u"TracksTableView"_s);
+}
+
+void EditVinylViewController::NotesButtonClicked()
+{
+    app()->navigator()->show(u"NotesView"_s);
+}

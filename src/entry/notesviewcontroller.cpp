@@ -1,0 +1,52 @@
+#include "notesviewcontroller.h"
+
+#include "appdelegate.h"
+#include "recordform.h"
+
+using namespace Qt::StringLiterals;
+
+NotesViewController::NotesViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
+{
+    loadIfReady();
+}
+
+void NotesViewController::viewDidLoad()
+{
+    setNotes(app()->state()->currentRecord().notes);
+}
+
+void NotesViewController::setNotes(const QString &notes)
+{
+    if (m_notes == notes)
+        return;
+    m_notes = notes;
+    emit notesChanged();
+}
+
+bool NotesViewController::notesEditAccepted(const QString &before, const QString &after) const
+{
+    return RecordForm::acceptsInsertion(RecordForm::FilteredField::Notes, FormScreen::Edit,
+                                        RecordForm::insertedText(before, after));
+}
+
+void NotesViewController::SaveVinylButtonClicked()
+{
+    Store &store = app()->persistentContainer();
+    const auto found = store.vinylByRowId(app()->state()->currentRecord().rowId);
+    if (!found) {
+        showAlert(u"Unresolved error "_s, found.errorMessage());
+        return;
+    }
+    if (found->has_value()) {
+        Vinyl vinyl = **found;
+        vinyl.notes = m_notes.isNull() ? u""_s : m_notes;
+        const auto saved = store.transaction([&] { return store.update(vinyl); });
+        if (!saved) {
+            showAlert(u"Unresolved error "_s, saved.errorMessage());
+            return;
+        }
+    }
+    app()->state()->editCurrentRecord().notes = m_notes;
+    app()->state()->notifyCurrentRecordChanged();
+    app()->navigator()->unwind(u"unwindToEdit"_s);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "screencontroller.h"
+
+// The current record's notes on a screen of their own. Saving stores them in the record the
+// user opened and returns to the edit screen, which shows them at once.
+class NotesViewController : public ScreenController
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QString notes READ notes WRITE setNotes NOTIFY notesChanged)
+
+public:
+    explicit NotesViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
+
+    [[nodiscard]] QString notes() const { return m_notes; }
+    void setNotes(const QString &notes);
+
+    // The notes take the same characters as on the record form.
+    Q_INVOKABLE bool notesEditAccepted(const QString &before, const QString &after) const;
+    Q_INVOKABLE void SaveVinylButtonClicked();
+
+signals:
+    void notesChanged();
+
+protected:
+    void viewDidLoad() override;
+
+private:
+    QString m_notes;
+};

@@ -1,0 +1,145 @@
+// The record form as the user meets it: taps and keys on the real screen.
+#include "addvinylviewcontroller.h"
+#include "appshell.h"
+#include "testsupport.h"
+
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QStyleHints>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestRecordFormView : public QObject
+{
+    Q_OBJECT
+
+private:
+    QQuickItem *topScreen() const
+    {
+        QObject *stack = m_window->property("stack").value<QObject *>();
+        return stack ? stack->property("currentItem").value<QQuickItem *>() : nullptr;
+    }
+
+    QQuickItem *item(const QString &objectName) const
+    {
+        QQuickItem *screen = topScreen();
+        return screen ? screen->findChild<QQuickItem *>(objectName) : nullptr;
+    }
+
+    void tap(const QString &objectName)
+    {
+        QQuickItem *target = item(objectName);
+        QVERIFY2(target, qPrintable(objectName));
+        // Fields below the fold are scrolled into sight first, as a finger would.
+        if (QQuickItem *form = item(u"RecordForm"_s)) {
+            form->setProperty("editedItem", QVariant::fromValue(target));
+            QMetaObject::invokeMethod(form, "showEdited");
+            form->setProperty("editedItem", QVariant::fromValue<QQuickItem *>(nullptr));
+        }
+        // The lower part of a field is its text box, below the caption.
+        const QPointF point = target->mapToScene(QPointF(target->width() / 2, target->height() * 0.75));
+        QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, point.toPoint());
+    }
+
+    AddVinylViewController *addScreen() const
+    {
+        QQuickItem *screen = topScreen();
+        return screen ? screen->findChild<AddVinylViewController *>() : nullptr;
+    }
+
+    std::unique_ptr<TestApp> m_app;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_window = nullptr;
+
+private slots:
+    void initTestCase()
+    {
+        useTestLocale();
+        m_app = std::make_unique<TestApp>();
+        QVERIFY(m_app->ok());
+        m_engine = std::make_unique<QQmlApplicationEngine>();
+        AppShell::prepareEngine(*m_engine, m_app->app());
+        m_engine->load(AppShell::mainQmlUrl());
+        QVERIFY(!m_engine->rootObjects().isEmpty());
+        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().first());
+        QVERIFY(m_window);
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    }
+
+    void init()
+    {
+        m_app->app().navigator()->show(u"AddVinylView"_s);
+        QTRY_VERIFY(addScreen());
+        QTest::qWait(400); // the push transition
+    }
+
+    void cleanup()
+    {
+        m_app->app().navigator()->unwind(u"unwindToMenu"_s);
+        QTest::qWait(400);
+    }
+
+    void typedCharactersPassTheFieldFilters_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("album name takes anything") << u"AlbumNameTextField"_s << u"Blue 1.5"_s << u"Blue 1.5"_s;
+        QTest::newRow("quantity refuses the point") << u"QuantityTextField"_s << u"1.5"_s << u"15"_s;
+        QTest::newRow("cost takes the point") << u"CostTextField"_s << u"1.5"_s << u"1.5"_s;
+        QTest::newRow("cost refuses letters") << u"CostTextField"_s << u"2x0"_s << u"20"_s;
+    }
+
+    void typedCharactersPassTheFieldFilters()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, typed);
+        QFETCH(QString, kept);
+        tap(field);
+        QTRY_VERIFY(m_window->activeFocusItem() && m_window->activeFocusItem()->inherits("QQuickTextInput"));
+        for (const QChar c : typed)
+            QTest::keyClick(m_window, c.toLatin1());
+        AddVinylViewController *add = addScreen();
+        const QString stored = field == u"AlbumNameTextField" ? add->albumName()
+                               : field == u"QuantityTextField" ? add->quantity()
+                                                                : add->cost();
+        QCOMPARE(stored, kept);
+        QCOMPARE(m_window->activeFocusItem()->property("text").toString(), kept);
+    }
+
+    void pickersFillTheirField()
+    {
+        tap(u"VinylConditionTextField"_s);
+        QQuickItem *sheet = item(u"ListPickerView"_s);
+        QVERIFY(sheet);
+        QTRY_VERIFY(sheet->isVisible());
+        // The first grade is the first row under the sheet's bar.
+        const QPointF row = sheet->mapToScene(QPointF(sheet->width() / 2, 44 + 24));
+        // A second click soon after the first would count as a double click.
+        QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+        QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, row.toPoint());
+        const QStringList grades = addScreen()->listOfVinylConditions();
+        QVERIFY(!grades.isEmpty());
+        QTRY_COMPARE(addScreen()->vinylCondition(), grades.first());
+        QTRY_VERIFY(!sheet->isVisible());
+    }
+
+    void releaseDatePickerOpensWithToday()
+    {
+        tap(u"ReleaseDateTextField"_s);
+        QQuickItem *picker = item(u"ReleaseDatePickerView"_s);
+        QVERIFY(picker);
+        QTRY_VERIFY(picker->isVisible());
+        QCOMPARE(addScreen()->releaseDate(), QLocale().toString(QDate::currentDate(), u"MMM d, yyyy"_s));
+        // The field stays in sight above the picker.
+        QQuickItem *field = item(u"ReleaseDateTextField"_s);
+        const qreal fieldBottom = field->mapToScene(QPointF(0, field->height())).y();
+        QVERIFY(fieldBottom <= picker->mapToScene(QPointF(0, 0)).y());
+    }
+};
+
+QTEST_MAIN(TestRecordFormView)
+#include "tst_recordformview.moc"
