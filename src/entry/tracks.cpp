@@ -14,7 +14,9 @@ QString trimBlanks(const QString &text)
         ++begin;
     while (end > begin && blank(text.at(end - 1)))
         --end;
-    return text.mid(begin, end - begin);
+    const QString trimmed = text.mid(begin, end - begin);
+    // Always a present text: an emptied field stores the empty text, not "absent".
+    return trimmed.isNull() ? u""_s : trimmed;
 }
 
 Result<QList<Track>> fetchTracksOf(const Store &store, qint16 vinylId, bool ascending)

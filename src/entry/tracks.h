@@ -29,7 +29,7 @@ struct TrackForm
     QString writtenBy;
 };
 
-// Text with leading and trailing spaces and tabs removed (other white space is kept).
+// Text with leading and trailing spaces and tabs removed (other white space is kept); never null.
 [[nodiscard]] QString trimBlanks(const QString &text);
 
 // The tracks of one record (by its id), ordered by track number.
