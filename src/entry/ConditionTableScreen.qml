@@ -62,6 +62,10 @@ ScreenPage {
                 width: ListView.view.width
                 height: 52
                 padding: 0
+                topPadding: 0
+                bottomPadding: 0
+                leftPadding: 0
+                rightPadding: 0
                 background: Item {}
                 contentItem: Card {
                     border.width: 2

@@ -68,6 +68,10 @@ ScreenPage {
                 width: ListView.view.width
                 height: 100
                 padding: 0
+                topPadding: 0
+                bottomPadding: 0
+                leftPadding: 0
+                rightPadding: 0
                 background: Item {}
                 contentItem: TracksTableViewCell {
                     songLabel: row.songLabel
