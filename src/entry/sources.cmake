@@ -6,6 +6,10 @@ list(APPEND PB_SOURCES
     entry/editvinylviewcontroller.h entry/editvinylviewcontroller.cpp
     entry/notesviewcontroller.h entry/notesviewcontroller.cpp
     entry/zoomviewcontroller.h entry/zoomviewcontroller.cpp
+    entry/tracks.h entry/tracks.cpp
+    entry/trackscontrollers.h entry/trackscontrollers.cpp
+    entry/conditionlists.h entry/conditionlists.cpp
+    entry/conditioncontrollers.h entry/conditioncontrollers.cpp
 )
 list(APPEND PB_QML
     entry/RecordFormField.qml
@@ -15,4 +19,9 @@ list(APPEND PB_QML
     entry/EditVinylView.qml
     entry/NotesView.qml
     entry/ZoomView.qml
+    entry/TracksTableView.qml entry/TracksTableViewCell.qml entry/TracksFormScreen.qml
+    entry/AddTracksView.qml entry/EditTracksView.qml
+    entry/ConditionTableScreen.qml entry/ConditionFormScreen.qml
+    entry/VinylConditionTableView.qml entry/AddVinylConditionView.qml entry/EditVinylConditionView.qml
+    entry/CoverConditionTableView.qml entry/AddCoverConditionView.qml entry/EditCoverConditionView.qml
 )

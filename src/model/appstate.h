@@ -70,6 +70,10 @@ public:
     [[nodiscard]] qint64 currentTrackRowId() const { return m_currentTrackRowId; }
     void setCurrentTrackRowId(qint64 rowId) { m_currentTrackRowId = rowId; }
 
+    // The condition-list entry handed from a condition list to its editor.
+    [[nodiscard]] qint64 currentConditionRowId() const { return m_currentConditionRowId; }
+    void setCurrentConditionRowId(qint64 rowId) { m_currentConditionRowId = rowId; }
+
     [[nodiscard]] QString currentRecordName() const { return m_current.name; }
 
 signals:
@@ -82,6 +86,7 @@ private:
     QString m_originScreen;
     bool m_sortAscending = true;
     qint64 m_currentTrackRowId = 0;
+    qint64 m_currentConditionRowId = 0;
 };
 
 namespace OriginScreens {

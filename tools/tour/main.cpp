@@ -94,6 +94,7 @@ int main(int argc, char *argv[])
     QList<TourStep> steps;
     addShellSteps(steps);
     addEntrySteps(steps);
+    addEntryListSteps(steps);
     addBrowseSteps(steps);
     addReportsSteps(steps);
     addValuationSteps(steps);

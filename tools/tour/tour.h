@@ -47,6 +47,7 @@ struct TourStep
 // Each subsystem adds its screens in a file of its own.
 void addShellSteps(QList<TourStep> &steps);
 void addEntrySteps(QList<TourStep> &steps);
+void addEntryListSteps(QList<TourStep> &steps);
 void addBrowseSteps(QList<TourStep> &steps);
 void addReportsSteps(QList<TourStep> &steps);
 void addValuationSteps(QList<TourStep> &steps);

@@ -1,0 +1,6 @@
+import Platterbox
+
+// Adds a track to the current record.
+TracksFormScreen {
+    controller: AddTracksViewController {}
+}

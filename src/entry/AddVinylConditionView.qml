@@ -1,0 +1,5 @@
+import Platterbox
+
+ConditionFormScreen {
+    controller: AddVinylConditionViewController {}
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The one field of the add and edit condition screens.
+ScreenPage {
+    id: root
+
+    required property QtObject controller
+
+    title: controller.title
+
+    AlertDialog { controller: root.controller }
+
+    actions: [
+        ToolButton {
+            objectName: "SaveButton"
+            text: "Save"
+            onClicked: root.controller.SaveCondition()
+        }
+    ]
+
+    ColumnLayout {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 20
+        spacing: 6
+
+        Label { text: "Condition"; color: "red" }
+        TextField {
+            objectName: "ConditionTextField"
+            text: root.controller.condition
+            onTextEdited: root.controller.condition = text
+            background: Rectangle { radius: 5; border.width: 1; border.color: "#888888"; color: "white" }
+            leftPadding: 10
+            Layout.fillWidth: true
+        }
+    }
+}

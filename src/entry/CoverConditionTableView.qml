@@ -1,0 +1,5 @@
+import Platterbox
+
+ConditionTableScreen {
+    controller: CoverConditionTableViewController {}
+}

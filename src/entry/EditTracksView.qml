@@ -1,0 +1,6 @@
+import Platterbox
+
+// Edits the track picked in the track list.
+TracksFormScreen {
+    controller: EditTracksViewController {}
+}

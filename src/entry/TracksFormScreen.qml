@@ -1,0 +1,62 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The four fields of the add and edit track screens, bound to the screen's controller.
+ScreenPage {
+    id: root
+
+    required property QtObject controller
+
+    title: controller.title
+
+    AlertDialog { controller: root.controller }
+
+    actions: [
+        ToolButton {
+            objectName: "SaveButton"
+            text: "Save"
+            onClicked: root.controller.SaveTrack()
+        }
+    ]
+
+    ColumnLayout {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 20
+        spacing: 6
+
+        Label { text: "Track #"; color: "#555555" }
+        TextField {
+            objectName: "TrackNumberTextField"
+            text: root.controller.trackNumber
+            inputMethodHints: Qt.ImhFormattedNumbersOnly
+            onTextEdited: root.controller.trackNumber = text
+            Layout.fillWidth: true
+        }
+        Label { text: "Song"; color: "red" }
+        TextField {
+            objectName: "SongTextField"
+            text: root.controller.song
+            onTextEdited: root.controller.song = text
+            Layout.fillWidth: true
+        }
+        Label { text: "Duration"; color: "#555555" }
+        TextField {
+            objectName: "DurationTextField"
+            text: root.controller.duration
+            inputMethodHints: Qt.ImhFormattedNumbersOnly
+            onTextEdited: root.controller.duration = text
+            Layout.fillWidth: true
+        }
+        Label { text: "Written By"; color: "#555555" }
+        TextField {
+            objectName: "WrittenByTextField"
+            text: root.controller.writtenBy
+            onTextEdited: root.controller.writtenBy = text
+            Layout.fillWidth: true
+        }
+    }
+}
