@@ -11,4 +11,10 @@ list(APPEND PB_SOURCES
     browse/breakdowntableviewcontroller.h browse/breakdowntableviewcontroller.cpp
 )
 list(APPEND PB_QML
+    browse/ListHeaderLabel.qml
+    browse/ListVinylTableView.qml browse/ListVinylTableViewCell.qml
+    browse/GroupListsView.qml browse/GroupTablePane.qml browse/GroupTableViewCell.qml
+    browse/BreakdownTableScreen.qml
+    browse/ArtistBreakdownTableView.qml browse/LabelBreakdownTableView.qml
+    browse/ProducerBreakdownTableView.qml browse/YearBreakdownTableView.qml
 )

@@ -1,0 +1,8 @@
+import QtQuick
+import Platterbox
+
+// The records of the artist picked in the group lists.
+BreakdownTableScreen {
+    controller: ArtistBreakdownTableViewController {}
+    onShareClicked: controller.ShareArtistButtonClicked()
+}
