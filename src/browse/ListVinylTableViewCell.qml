@@ -21,8 +21,8 @@ SwipeDelegate {
     height: 120
     topPadding: 14
     bottomPadding: 14
-    leftPadding: 18
-    rightPadding: 18
+    leftPadding: 16
+    rightPadding: 14
 
     onClicked: picked()
 
@@ -49,8 +49,8 @@ SwipeDelegate {
             fillMode: Image.PreserveAspectFit
             asynchronous: true
             cache: false
-            Layout.preferredWidth: 90
-            Layout.preferredHeight: 90
+            Layout.preferredWidth: 86
+            Layout.preferredHeight: 86
             Layout.alignment: Qt.AlignVCenter
         }
         ColumnLayout {
@@ -58,8 +58,11 @@ SwipeDelegate {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignVCenter
 
+            // Long lines shrink a little before they are cut.
             component CardLine: Label {
                 font.pixelSize: 12
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 10
                 color: "black"
                 elide: Text.ElideRight
                 visible: text.length > 0

@@ -31,7 +31,24 @@ std::optional<QString> lowered(const std::optional<QString> &value)
 }
 } // namespace
 
-Row makeRow(const Vinyl &vinyl)
+QString TextCache::currency(double amount)
+{
+    auto it = m_currency.constFind(amount);
+    if (it == m_currency.constEnd())
+        it = m_currency.insert(amount, currencyOrZero(amount));
+    return *it;
+}
+
+QString TextCache::mediumDate(const QDateTime &date)
+{
+    const qint64 key = date.toMSecsSinceEpoch();
+    auto it = m_dates.constFind(key);
+    if (it == m_dates.constEnd())
+        it = m_dates.insert(key, Formatters::mediumDate(date));
+    return *it;
+}
+
+Row makeRow(const Vinyl &vinyl, TextCache &texts)
 {
     Row row;
     row.rowId = vinyl.rowId;
@@ -40,7 +57,7 @@ Row makeRow(const Vinyl &vinyl)
     row.labelKey = lowered(vinyl.recordLabel);
     row.artistKey = lowered(vinyl.artist);
     if (vinyl.releaseDate)
-        row.dateText = Formatters::mediumDate(*vinyl.releaseDate);
+        row.dateText = texts.mediumDate(*vinyl.releaseDate);
     return row;
 }
 
@@ -50,7 +67,8 @@ QString currencyOrZero(double amount)
     return text.isEmpty() ? u"0"_s : text;
 }
 
-RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText)
+RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText,
+                    TextCache &texts)
 {
     RecordCard card;
     card.rowId = vinyl.rowId;
@@ -67,7 +85,8 @@ RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::opti
     else
         card.producerLabel = u"Producer: "_s + text(vinyl.producer) + u"  Speed: "_s + text(vinyl.recordSpeed);
     const double total = double(number(vinyl.quantity)) * double(number(vinyl.value));
-    card.costLabel = u"Cost: "_s + currencyOrZero(double(number(vinyl.cost))) + u"  Total Value: "_s + currencyOrZero(total);
+    card.costLabel = u"Cost: "_s + texts.currency(double(number(vinyl.cost))) + u"  Total Value: "_s
+        + texts.currency(total);
     card.speedLabel = u"Length: "_s + Formatters::shortest(number(vinyl.albumDuration)) + u" min  Type: "_s
         + text(vinyl.doubleAlbum);
     return card;

@@ -3,6 +3,7 @@
 #include "entities.h"
 #include "recordcardmodel.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -28,9 +29,23 @@ struct Row
 // empty for any other choice (store order).
 [[nodiscard]] QString sortAttribute(const QString &sortName);
 
-[[nodiscard]] Row makeRow(const Vinyl &vinyl);
+// Remembers the texts of amounts and dates already formatted during one load: collections
+// repeat prices and release days a lot, and formatting is most of a card's cost.
+class TextCache
+{
+public:
+    [[nodiscard]] QString currency(double amount);
+    [[nodiscard]] QString mediumDate(const QDateTime &date);
+
+private:
+    QHash<double, QString> m_currency;
+    QHash<qint64, QString> m_dates;
+};
+
+[[nodiscard]] Row makeRow(const Vinyl &vinyl, TextCache &texts);
 // The card of a record under a sort choice. dateText is the record's medium date text.
-[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText);
+[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText,
+                                  TextCache &texts);
 
 // The records of list (indices into rows, kept in list order) that a search for text keeps
 // under a sort choice; nullopt when the sort choice has no search (the filtered list stays).

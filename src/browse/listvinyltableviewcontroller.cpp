@@ -98,9 +98,10 @@ void ListVinylTableViewController::refresh()
         m_rows.reserve(records.size());
         m_cards.reserve(records.size());
         m_vinylList.reserve(records.size());
+        CollectionList::TextCache texts;
         for (const Vinyl &vinyl : records) {
-            CollectionList::Row row = CollectionList::makeRow(vinyl);
-            m_cards.append(CollectionList::makeCard(vinyl, m_sortName, row.dateText));
+            CollectionList::Row row = CollectionList::makeRow(vinyl, texts);
+            m_cards.append(CollectionList::makeCard(vinyl, m_sortName, row.dateText, texts));
             m_vinylList.append(int(m_rows.size()));
             m_rows.append(std::move(row));
         }

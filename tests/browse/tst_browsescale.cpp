@@ -49,6 +49,10 @@ void TestBrowseScale::initTestCase()
 
 void TestBrowseScale::collectionListLoadsAndFilters()
 {
+    // The store's own part of a load, to tell it apart from the list's.
+    const qint64 fetch = timed([&] {
+        QCOMPARE(m_app->store().fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"name"_s, false))->size(), 32767);
+    });
     std::unique_ptr<ListVinylTableViewController> list;
     const qint64 load = timed([&] { list = std::make_unique<ListVinylTableViewController>(&m_app->app()); });
     QCOMPARE(list->model()->rowCount(), 32767);
@@ -64,9 +68,9 @@ void TestBrowseScale::collectionListLoadsAndFilters()
         list->updateSearchResults(u"197"_s);
     });
 
-    qInfo("collection list: load %lld ms, keystroke 'n' %lld ms, 'no' %lld ms, clear %lld ms, "
+    qInfo("collection list: store fetch alone %lld ms, load %lld ms, keystroke 'n' %lld ms, 'no' %lld ms, clear %lld ms, "
           "sort by artist %lld ms, sort by year + search %lld ms",
-          load, firstKey, secondKey, clear, resort, yearKey);
+          fetch, load, firstKey, secondKey, clear, resort, yearKey);
     // A keystroke scans prepared keys in memory: far below a frame budget even in a
     // sanitizer build.
     QVERIFY2(secondKey < 250, qPrintable(u"keystroke took %1 ms"_s.arg(secondKey)));
