@@ -25,6 +25,8 @@ SwipeDelegate {
     rightPadding: 14
 
     onClicked: picked()
+    // A recycled card starts closed.
+    ListView.onPooled: swipe.close()
 
     // Inset by hand: the card is the moving part of the swipe.
     background: Item {

@@ -59,7 +59,6 @@ private slots:
     void searchLooksAtTheAlbumNameOnly_data();
     void searchLooksAtTheAlbumNameOnly();
     void fourSortKeysInOneDirection();
-    void sortWhileSearchingOrdersByName();
     void footerValue_data();
     void footerValue();
     void deletingWhileSearchingKeepsHeaderAndFooter();
@@ -167,20 +166,6 @@ void TestBreakdownLists::fourSortKeysInOneDirection()
     list.SortButtonTapped();
     QCOMPARE(order(), u"02134"_s);
     QCOMPARE(app.app().state()->sortAscending(), true);
-}
-
-void TestBreakdownLists::sortWhileSearchingOrdersByName()
-{
-    TestApp app;
-    addGroup(app.store());
-    pickGroup(app.app());
-    ArtistBreakdownTableViewController list(&app.app());
-    list.updateSearchResults(u"a"_s);
-    QCOMPARE(albumNames(*list.model()), QStringList({u"Animals"_s, u"The Wall"_s}));
-    list.SortButtonTapped();
-    QCOMPARE(albumNames(*list.model()), QStringList({u"The Wall"_s, u"Animals"_s}));
-    list.SortButtonTapped();
-    QCOMPARE(albumNames(*list.model()), QStringList({u"Animals"_s, u"The Wall"_s}));
 }
 
 void TestBreakdownLists::footerValue_data()

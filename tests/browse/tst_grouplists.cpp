@@ -29,7 +29,6 @@ private slots:
 
     void groupNamesFromTheWalk_data();
     void groupNamesFromTheWalk();
-    void aReloadOnlyAppends();
     void headerWording_data();
     void headerWording();
     void headerThroughTheScreen_data();
@@ -77,16 +76,6 @@ void TestGroupLists::groupNamesFromTheWalk()
     list.order(ascending);
     QCOMPARE(list.names(), names);
     QCOMPARE(list.numberOfRecords(), walk.size());
-}
-
-void TestGroupLists::aReloadOnlyAppends()
-{
-    GroupNameList list;
-    list.load(values({u"Kate"_s, u"Tori"_s}));
-    list.load(values({u"Tori"_s, u"Björk"_s}));
-    list.order(true);
-    QCOMPARE(list.names(), QStringList({u"Björk"_s, u"Kate"_s, u"Tori"_s}));
-    QCOMPARE(list.numberOfRecords(), 4);
 }
 
 void TestGroupLists::headerWording_data()
