@@ -93,7 +93,6 @@ void BreakdownTableViewController::load()
         m_vinylList.append(i);
     }
     m_value = Breakdown::groupValue(m_records);
-    m_vinylCount = m_records.size();
     m_filteredList = Breakdown::searchByName(m_nameKeys, m_vinylList, m_searchText);
     reloadTable();
 }

@@ -94,7 +94,6 @@ private:
     std::optional<bool> m_sortAsc;
     QString m_searchText;
     float m_value = 0;
-    qint64 m_vinylCount = 0;
     // Header and footer change when the list is reloaded, not when a row is deleted.
     QString m_headerText;
     QString m_footerText;

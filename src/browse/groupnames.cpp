@@ -19,7 +19,6 @@ void GroupNameList::load(const QList<std::optional<QString>> &valuesInFetchOrder
         // The first present value of the walk is listed whatever it is, the empty text
         // included, so a collection whose first record has an empty name shows that group.
         if (!firstTaken && value) {
-            m_firstName = *value;
             if (!m_held.contains(*value)) {
                 m_held.insert(*value);
                 m_names.append(*value);

@@ -35,7 +35,6 @@ public:
 private:
     QStringList m_names;
     QSet<QString> m_held;
-    QString m_firstName;
     qint64 m_numberOfRecords = 0;
 };
 

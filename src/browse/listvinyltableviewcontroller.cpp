@@ -106,7 +106,6 @@ void ListVinylTableViewController::refresh()
             m_rows.append(std::move(row));
         }
     }
-    m_vinylCount = m_vinylList.size();
     m_filteredList = m_vinylList;
     showList();
 }

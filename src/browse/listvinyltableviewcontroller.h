@@ -74,5 +74,4 @@ private:
     QString m_sortName;
     QString m_placeholder;
     QString m_searchText;
-    qint64 m_vinylCount = 0;
 };
