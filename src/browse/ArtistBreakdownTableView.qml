@@ -3,6 +3,10 @@ import Platterbox
 
 // The records of the artist picked in the group lists.
 BreakdownTableScreen {
-    controller: ArtistBreakdownTableViewController {}
-    onShareClicked: controller.ShareArtistButtonClicked()
+    controller: breakdown
+    onShareClicked: breakdown.ShareArtistButtonClicked()
+
+    ArtistBreakdownTableViewController {
+        id: breakdown
+    }
 }

@@ -3,6 +3,10 @@ import Platterbox
 
 // The records of the label picked in the group lists.
 BreakdownTableScreen {
-    controller: LabelBreakdownTableViewController {}
-    onShareClicked: controller.ShareLabelButtonClicked()
+    controller: breakdown
+    onShareClicked: breakdown.ShareLabelButtonClicked()
+
+    LabelBreakdownTableViewController {
+        id: breakdown
+    }
 }

@@ -3,6 +3,10 @@ import Platterbox
 
 // The records of the producer picked in the group lists.
 BreakdownTableScreen {
-    controller: ProducerBreakdownTableViewController {}
-    onShareClicked: controller.ShareProducerButtonClicked()
+    controller: breakdown
+    onShareClicked: breakdown.ShareProducerButtonClicked()
+
+    ProducerBreakdownTableViewController {
+        id: breakdown
+    }
 }

@@ -3,6 +3,10 @@ import Platterbox
 
 // The records of the year picked in the group lists.
 BreakdownTableScreen {
-    controller: YearBreakdownTableViewController {}
-    onShareClicked: controller.ShareYearButtonClicked()
+    controller: breakdown
+    onShareClicked: breakdown.ShareYearButtonClicked()
+
+    YearBreakdownTableViewController {
+        id: breakdown
+    }
 }
