@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The records of one group: search, count, cards and the value of what is shown. The four
+// breakdown screens are this page with their own controller.
+ScreenPage {
+    id: root
+
+    required property BreakdownTableViewController controller
+
+    signal shareClicked()
+
+    title: controller.title
+
+    function unwound(segue) {
+        controller.unwound(segue)
+    }
+
+    AlertDialog { controller: root.controller }
+
+    actions: [
+        ToolButton {
+            objectName: "SortButton"
+            text: root.controller.sortButtonTitle
+            onClicked: root.controller.SortButtonTapped()
+        },
+        ToolButton {
+            objectName: "PrintButton"
+            text: root.controller.shareButtonTitle
+            enabled: root.controller.canSharePdf
+            onClicked: root.shareClicked()
+        }
+    ]
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        TextField {
+            objectName: "SearchField"
+            placeholderText: root.controller.placeholder
+            inputMethodHints: Qt.ImhNoPredictiveText
+            Layout.fillWidth: true
+            Layout.leftMargin: 10
+            Layout.rightMargin: 10
+            onTextChanged: root.controller.updateSearchResults(text)
+        }
+        ListHeaderLabel {
+            objectName: "HeaderLabel"
+            text: root.controller.headerText
+            Layout.fillWidth: true
+        }
+        ListView {
+            id: list
+            clip: true
+            model: root.controller.model
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            ScrollIndicator.vertical: ScrollIndicator {}
+
+            delegate: ListVinylTableViewCell {
+                required property int index
+                width: list.width
+                onPicked: root.controller.rowSelected(index)
+                onDeleteRequested: root.controller.deleteRow(index)
+            }
+        }
+        Label {
+            objectName: "FooterLabel"
+            text: root.controller.footerText
+            horizontalAlignment: Text.AlignHCenter
+            font.pixelSize: 14
+            color: "#333333"
+            topPadding: 8
+            bottomPadding: 10
+            Layout.fillWidth: true
+        }
+    }
+}

@@ -1,0 +1,56 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The collection grouped by artist, record label, producer and year: one tab each.
+ScreenPage {
+    id: root
+
+    readonly property var controllers: [artists, labels, producers, years]
+    readonly property var titles: ["Artists", "Record Labels", "Producers", "Years"]
+    property alias currentTab: bar.currentIndex
+
+    title: titles[bar.currentIndex]
+    onAppeared: controllers[bar.currentIndex].viewWillAppear()
+
+    ArtistGroupTableViewController { id: artists }
+    LabelGroupTableViewController { id: labels }
+    ProducerGroupTableViewController { id: producers }
+    YearGroupTableViewController { id: years }
+
+    actions: [
+        ToolButton {
+            objectName: "SortButton"
+            text: "Sort"
+            onClicked: root.controllers[bar.currentIndex].SortButtonTapped()
+        }
+    ]
+
+    StackLayout {
+        anchors.fill: parent
+        currentIndex: bar.currentIndex
+
+        GroupTablePane { controller: artists; nameObjectName: "ArtistLabel" }
+        GroupTablePane { controller: labels; nameObjectName: "RecordLabelLabel" }
+        GroupTablePane { controller: producers; nameObjectName: "ProducerLabel" }
+        GroupTablePane { controller: years; nameObjectName: "YearLabel" }
+    }
+
+    footer: TabBar {
+        id: bar
+        objectName: "GroupTabBar"
+        onCurrentIndexChanged: root.controllers[currentIndex].viewWillAppear()
+
+        component GroupTab: TabButton {
+            font.capitalization: Font.MixedCase
+            font.pixelSize: 15
+        }
+
+        GroupTab { text: "Artist" }
+        GroupTab { text: "Label" }
+        GroupTab { text: "Producer" }
+        GroupTab { text: "Year" }
+    }
+}

@@ -1,0 +1,53 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// A group row: the group's name (or year) and how many records it holds.
+ItemDelegate {
+    id: root
+
+    required property string nameLabel
+    required property string countLabel
+    property string nameObjectName: "NameLabel"
+
+    height: 60
+    topPadding: 0
+    bottomPadding: 0
+
+    // The card sits inside a small margin of the row.
+    background: Item {
+        Card {
+            anchors.fill: parent
+            anchors.leftMargin: 8
+            anchors.rightMargin: 8
+            anchors.topMargin: 4
+            anchors.bottomMargin: 4
+            border.width: 2
+            border.color: "black"
+        }
+    }
+
+    leftPadding: 22
+    rightPadding: 22
+
+    contentItem: RowLayout {
+        spacing: 10
+
+        Label {
+            objectName: root.nameObjectName
+            text: root.nameLabel
+            color: "black"
+            font.pixelSize: 16
+            elide: Text.ElideRight
+            Layout.fillWidth: true
+        }
+        Label {
+            objectName: "CountLabel"
+            text: root.countLabel
+            color: "black"
+            font.pixelSize: 16
+            font.bold: true
+        }
+    }
+}

@@ -1,0 +1,238 @@
+#include "breakdowntableviewcontroller.h"
+
+#include "appdelegate.h"
+#include "browsetexts.h"
+#include "collectionlist.h"
+#include "coverimageprovider.h"
+#include "logging.h"
+#include "platformservices.h"
+#include "textorder.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+BreakdownPdfWriter &pdfWriter()
+{
+    static BreakdownPdfWriter writer;
+    return writer;
+}
+} // namespace
+
+BreakdownTableViewController::BreakdownTableViewController(const BreakdownKind &kind, AppDelegate *app, QObject *parent)
+    : ScreenController(app, parent), m_kind(kind)
+{
+    m_headerText = CollectionList::headerText(0, 0);
+    m_footerText = Breakdown::footerText(m_kind, 0, 0, false);
+}
+
+void BreakdownTableViewController::setPdfWriter(BreakdownPdfWriter writer)
+{
+    pdfWriter() = std::move(writer);
+}
+
+bool BreakdownTableViewController::canSharePdf()
+{
+    return bool(pdfWriter());
+}
+
+QString BreakdownTableViewController::title() const
+{
+    return app() ? Breakdown::title(m_kind, app()->state()->currentRecord()) : m_kind.title;
+}
+
+QString BreakdownTableViewController::sortButtonTitle() const
+{
+    return BrowseTexts::kSortButtonTitle;
+}
+
+QString BreakdownTableViewController::shareButtonTitle() const
+{
+    return BrowseTexts::kPrintButtonTitle;
+}
+
+QString BreakdownTableViewController::outputFilePath() const
+{
+    return app() ? QDir(app()->documentsDir()).filePath(m_kind.fileName) : m_kind.fileName;
+}
+
+void BreakdownTableViewController::viewDidLoad()
+{
+    app()->state()->setOriginScreen(m_kind.originScreen);
+    m_sortAsc = true;
+    app()->state()->editCurrentRecord().images.clear();
+    load();
+}
+
+void BreakdownTableViewController::load()
+{
+    if (!app() || !m_sortAsc)
+        return;
+    m_records.clear();
+    m_nameKeys.clear();
+    m_cards[0].clear();
+    m_cards[1].clear();
+    m_vinylList.clear();
+    m_filteredList.clear();
+
+    // A failed fetch leaves the list empty.
+    if (const auto request = Breakdown::request(m_kind, app()->state()->currentRecord(), *m_sortAsc)) {
+        if (auto fetched = app()->persistentContainer().fetchVinyl(*request))
+            m_records = std::move(fetched.value());
+        else
+            consoleLine(fetched.errorMessage());
+    }
+    for (int i = 0; i < m_records.size(); ++i) {
+        const Vinyl &vinyl = m_records.at(i);
+        m_nameKeys.append(vinyl.name ? std::optional<QString>(vinyl.name->toLower()) : std::nullopt);
+        m_cards[0].append(Breakdown::makeCard(vinyl, m_kind, false));
+        m_cards[1].append(Breakdown::makeCard(vinyl, m_kind, true));
+        m_vinylList.append(i);
+    }
+    m_value = Breakdown::groupValue(m_records);
+    m_filteredList = Breakdown::searchByName(m_nameKeys, m_vinylList, m_searchText);
+    reloadTable();
+}
+
+void BreakdownTableViewController::SortButtonTapped()
+{
+    if (!m_sortAsc)
+        return;
+    m_sortAsc = !*m_sortAsc;
+    app()->state()->setSortAscending(*m_sortAsc);
+    if (!searching()) {
+        load();
+        return;
+    }
+    const bool ascending = *m_sortAsc;
+    std::stable_sort(m_filteredList.begin(), m_filteredList.end(), [&](int a, int b) {
+        const QString nameA = text(m_records.at(a).name);
+        const QString nameB = text(m_records.at(b).name);
+        return ascending ? codePointLess(nameA, nameB) : codePointLess(nameB, nameA);
+    });
+    reloadTable();
+}
+
+void BreakdownTableViewController::updateSearchResults(const QString &text)
+{
+    m_searchText = text;
+    m_filteredList = Breakdown::searchByName(m_nameKeys, m_vinylList, text);
+    reloadTable();
+}
+
+void BreakdownTableViewController::deleteRow(int row)
+{
+    QList<int> &list = searching() ? m_filteredList : m_vinylList;
+    if (!app() || row < 0 || row >= list.size())
+        return;
+    const qint64 rowId = m_records.at(list.at(row)).rowId;
+    Store &store = app()->persistentContainer();
+    auto removed = store.transaction([&]() { return store.remove(Entity::Vinyl, rowId); });
+    if (!removed) {
+        showAlert(BrowseTexts::kStoreErrorTitle, removed.errorMessage());
+        return;
+    }
+    (void)app()->saveContext();
+    CoverImageProvider::forget(rowId);
+    // Only the list the row was deleted from changes; header, footer and the other list keep
+    // their figures until the next load.
+    list.removeAt(row);
+    m_model.removeCard(row);
+}
+
+void BreakdownTableViewController::rowSelected(int row)
+{
+    const QList<int> &list = shownList();
+    if (!app() || row < 0 || row >= list.size())
+        return;
+    auto record = app()->persistentContainer().vinylByRowId(m_records.at(list.at(row)).rowId);
+    if (!record) {
+        showAlert(BrowseTexts::kStoreErrorTitle, record.errorMessage());
+        return;
+    }
+    if (!record.value()) {
+        showAlert(BrowseTexts::kRecordNotFoundTitle, BrowseTexts::kRecordNotFoundMessage);
+        load();
+        return;
+    }
+    // Every field is copied, whether or not a search is active, so the editor shows the
+    // record picked and nothing of the one before.
+    app()->state()->setCurrentRecord(**record);
+    app()->state()->setOriginScreen(m_kind.originScreen);
+    app()->navigator()->show(BrowseTexts::kEditScreen);
+}
+
+void BreakdownTableViewController::unwound(const QString &segue)
+{
+    Q_UNUSED(segue);
+    if (app())
+        app()->state()->setOriginScreen(m_kind.originScreen);
+    load();
+}
+
+QList<Vinyl> BreakdownTableViewController::shownRecords() const
+{
+    QList<Vinyl> records;
+    for (int index : shownList())
+        records.append(m_records.at(index));
+    return records;
+}
+
+void BreakdownTableViewController::ShareButtonClicked()
+{
+    if (!app() || !canSharePdf())
+        return;
+    if (!app()->platform().canSendText()) {
+        showAlert(BrowseTexts::kCantSendTextTitle, BrowseTexts::kCantSendTextMessage);
+        return;
+    }
+    const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(), app()};
+    if (auto written = pdfWriter()(request); !written) {
+        showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());
+        return;
+    }
+    ShareItems items;
+    items.filePaths.append(request.outputFilePath);
+    app()->platform().share(items);
+}
+
+void BreakdownTableViewController::reloadTable()
+{
+    const QList<int> &list = shownList();
+    const QList<RecordCard> &cards = m_cards[searching() ? 1 : 0];
+    QList<RecordCard> shown;
+    shown.reserve(list.size());
+    for (int index : list)
+        shown.append(cards.at(index));
+    m_model.setCards(std::move(shown));
+    m_headerText = CollectionList::headerText(list.size(), m_vinylList.size());
+    m_footerText = Breakdown::footerText(m_kind, m_value, Breakdown::valueOf(m_records, m_filteredList), searching());
+    emit listChanged();
+}
+
+ArtistBreakdownTableViewController::ArtistBreakdownTableViewController(AppDelegate *app, QObject *parent)
+    : BreakdownTableViewController(BreakdownKinds::Artist, app, parent)
+{
+    loadIfReady();
+}
+
+LabelBreakdownTableViewController::LabelBreakdownTableViewController(AppDelegate *app, QObject *parent)
+    : BreakdownTableViewController(BreakdownKinds::Label, app, parent)
+{
+    loadIfReady();
+}
+
+ProducerBreakdownTableViewController::ProducerBreakdownTableViewController(AppDelegate *app, QObject *parent)
+    : BreakdownTableViewController(BreakdownKinds::Producer, app, parent)
+{
+    loadIfReady();
+}
+
+YearBreakdownTableViewController::YearBreakdownTableViewController(AppDelegate *app, QObject *parent)
+    : BreakdownTableViewController(BreakdownKinds::Year, app, parent)
+{
+    loadIfReady();
+}

@@ -1,0 +1,139 @@
+#include "collectionlist.h"
+
+#include "browsetexts.h"
+#include "coverimageprovider.h"
+#include "formatters.h"
+#include "textorder.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace CollectionList {
+
+QString sortAttribute(const QString &sortName)
+{
+    if (sortName == BrowseTexts::kSortName)
+        return u"name"_s;
+    if (sortName == BrowseTexts::kSortYear)
+        return u"releaseDate"_s;
+    if (sortName == BrowseTexts::kSortRecordLabel)
+        return u"recordLabel"_s;
+    if (sortName == BrowseTexts::kSortArtist)
+        return u"artist"_s;
+    return {};
+}
+
+namespace {
+std::optional<QString> lowered(const std::optional<QString> &value)
+{
+    return value ? std::optional<QString>(value->toLower()) : std::nullopt;
+}
+} // namespace
+
+QString TextCache::currency(double amount)
+{
+    auto it = m_currency.constFind(amount);
+    if (it == m_currency.constEnd())
+        it = m_currency.insert(amount, currencyOrZero(amount));
+    return *it;
+}
+
+QString TextCache::mediumDate(const QDateTime &date)
+{
+    const qint64 key = date.toMSecsSinceEpoch();
+    auto it = m_dates.constFind(key);
+    if (it == m_dates.constEnd())
+        it = m_dates.insert(key, Formatters::mediumDate(date));
+    return *it;
+}
+
+Row makeRow(const Vinyl &vinyl, TextCache &texts)
+{
+    Row row;
+    row.rowId = vinyl.rowId;
+    row.name = text(vinyl.name);
+    row.nameKey = lowered(vinyl.name);
+    row.labelKey = lowered(vinyl.recordLabel);
+    row.artistKey = lowered(vinyl.artist);
+    if (vinyl.releaseDate)
+        row.dateText = texts.mediumDate(*vinyl.releaseDate);
+    return row;
+}
+
+QString currencyOrZero(double amount)
+{
+    const QString text = Formatters::currency(amount);
+    return text.isEmpty() ? u"0"_s : text;
+}
+
+RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText,
+                    TextCache &texts)
+{
+    RecordCard card;
+    card.rowId = vinyl.rowId;
+    card.coverSource = CoverImageProvider::source(vinyl.rowId);
+    // Sorted by year or label the name line is left as laid out (empty): the card leads
+    // with what the list is sorted by instead.
+    if (sortName == BrowseTexts::kSortName)
+        card.nameLabel = u"Album: "_s + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
+    else if (sortName == BrowseTexts::kSortArtist)
+        card.nameLabel = u"Artist: "_s + text(vinyl.artist) + u"  Album: "_s + text(vinyl.name);
+    card.releaseDateLabel = u"Release Date: "_s + dateText.value_or(u"N/A"_s);
+    if (sortName == BrowseTexts::kSortRecordLabel)
+        card.producerLabel = u"Record Label: "_s + text(vinyl.recordLabel) + u"  Speed: "_s + text(vinyl.recordSpeed);
+    else
+        card.producerLabel = u"Producer: "_s + text(vinyl.producer) + u"  Speed: "_s + text(vinyl.recordSpeed);
+    const double total = double(number(vinyl.quantity)) * double(number(vinyl.value));
+    card.costLabel = u"Cost: "_s + texts.currency(double(number(vinyl.cost))) + u"  Total Value: "_s
+        + texts.currency(total);
+    card.speedLabel = u"Length: "_s + Formatters::shortest(number(vinyl.albumDuration)) + u" min  Type: "_s
+        + text(vinyl.doubleAlbum);
+    return card;
+}
+
+std::optional<QList<int>> search(const QList<Row> &rows, const QList<int> &list, const QString &sortName,
+                                 const QString &text)
+{
+    if (text.isEmpty())
+        return list;
+
+    std::optional<QString> Row::*key = nullptr;
+    bool caseSensitive = false;
+    if (sortName == BrowseTexts::kSortName) {
+        key = &Row::nameKey;
+    } else if (sortName == BrowseTexts::kSortRecordLabel) {
+        key = &Row::labelKey;
+    } else if (sortName == BrowseTexts::kSortArtist) {
+        key = &Row::artistKey;
+    } else if (sortName == BrowseTexts::kSortYear) {
+        key = &Row::dateText;
+        caseSensitive = true;
+    } else {
+        return std::nullopt;
+    }
+
+    const QString needle = caseSensitive ? text : text.toLower();
+    QList<int> found;
+    for (int index : list) {
+        const std::optional<QString> &value = rows.at(index).*key;
+        if (value && value->contains(needle, Qt::CaseSensitive))
+            found.append(index);
+    }
+    return found;
+}
+
+void sortByName(const QList<Row> &rows, QList<int> &list, bool ascending)
+{
+    std::stable_sort(list.begin(), list.end(), [&](int a, int b) {
+        return ascending ? codePointLess(rows.at(a).name, rows.at(b).name)
+                         : codePointLess(rows.at(b).name, rows.at(a).name);
+    });
+}
+
+QString headerText(qsizetype shown, qsizetype all)
+{
+    return BrowseTexts::kHeaderPrefix + QString::number(shown) + BrowseTexts::kHeaderOf + QString::number(all);
+}
+
+} // namespace CollectionList

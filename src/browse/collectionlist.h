@@ -1,0 +1,66 @@
+#pragma once
+
+#include "entities.h"
+#include "recordcardmodel.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+// The collection list's rules, apart from any screen: which attribute a sort choice sorts
+// by, what a search keeps, the card texts and the header.
+namespace CollectionList {
+
+// What a search and an in-memory sort need of one record, prepared once at load so that a
+// keystroke only scans memory.
+struct Row
+{
+    qint64 rowId = 0;
+    QString name; // sort key; an absent name reads as empty
+    std::optional<QString> nameKey; // lower-cased, absent when the record has no name
+    std::optional<QString> labelKey;
+    std::optional<QString> artistKey;
+    std::optional<QString> dateText; // medium date style, absent without a release date
+};
+
+// The store attribute a sort choice ("Name", "Year", "RecordLabel", "Artist") sorts by;
+// empty for any other choice (store order).
+[[nodiscard]] QString sortAttribute(const QString &sortName);
+
+// Remembers the texts of amounts and dates already formatted during one load: collections
+// repeat prices and release days a lot, and formatting is most of a card's cost.
+class TextCache
+{
+public:
+    [[nodiscard]] QString currency(double amount);
+    [[nodiscard]] QString mediumDate(const QDateTime &date);
+
+private:
+    QHash<double, QString> m_currency;
+    QHash<qint64, QString> m_dates;
+};
+
+[[nodiscard]] Row makeRow(const Vinyl &vinyl, TextCache &texts);
+// The card of a record under a sort choice. dateText is the record's medium date text.
+[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText,
+                                  TextCache &texts);
+
+// The records of list (indices into rows, kept in list order) that a search for text keeps
+// under a sort choice; nullopt when the sort choice has no search (the filtered list stays).
+// Name, label and artist match case-insensitively; "Year" matches the medium date text
+// exactly as typed.
+[[nodiscard]] std::optional<QList<int>> search(const QList<Row> &rows, const QList<int> &list,
+                                               const QString &sortName, const QString &text);
+
+// Orders list (indices into rows) by name in code-point order; stable.
+void sortByName(const QList<Row> &rows, QList<int> &list, bool ascending);
+
+// "# Vinyl Records = 3 of 12"
+[[nodiscard]] QString headerText(qsizetype shown, qsizetype all);
+
+// Currency text of an amount; "0" when the formatter gives nothing.
+[[nodiscard]] QString currencyOrZero(double amount);
+
+} // namespace CollectionList
