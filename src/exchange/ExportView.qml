@@ -13,7 +13,7 @@ ScreenPage {
         id: controller
     }
 
-    AlertDialog { controller: controller }
+    AlertDialog { objectName: "alert"; controller: controller }
 
     ColumnLayout {
         anchors.fill: parent

@@ -15,7 +15,7 @@ ScreenPage {
         onOpenDocumentPicker: picker.open()
     }
 
-    AlertDialog { controller: controller }
+    AlertDialog { objectName: "alert"; controller: controller }
 
     FileDialog {
         id: picker
