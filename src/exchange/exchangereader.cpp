@@ -1,5 +1,6 @@
 #include "exchangereader.h"
 
+#include "coverimageprovider.h"
 #include "exchangeformat.h"
 #include "logging.h"
 #include "store.h"
@@ -214,6 +215,8 @@ Result<void> ExchangeReader::importRecord(const Line &line)
         if (auto r = m_store.update(v); !r)
             return r;
         ++m_counts.recordsUpdated;
+        if (!f.at(FrontImage).isEmpty() || !f.at(BackImage).isEmpty())
+            CoverImageProvider::forget(v.rowId);
         return {};
     }
     if (auto r = m_store.insert(v); !r)
