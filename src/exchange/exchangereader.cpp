@@ -81,7 +81,7 @@ Result<void> ExchangeReader::start()
     for (QStringView line : QStringView(m_document).split(u'\n')) {
         ++number;
         if (line == Exchange::kRecordMarker) {
-            if (!seenRecords && section == Section::None)
+            if (!seenRecords)
                 section = Section::Records;
             seenRecords = true;
             continue;

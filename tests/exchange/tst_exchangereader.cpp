@@ -58,6 +58,8 @@ private slots:
         QTest::newRow("no record marker") << QString(file).remove(u"[VINYLCOLLECTION]\n"_s) << 0 << 2;
         QTest::newRow("no track marker: tracks are not records")
             << u"[VINYLCOLLECTION]\n"_s + kLine + u"\n"_s << 1 << 0;
+        QTest::newRow("sections in the other order")
+            << u"[TRACKCOLLECTION]\n3.45^First^1^3^W\n[VINYLCOLLECTION]\n"_s + kLine << 1 << 1;
         QTest::newRow("not an exchange file") << u"hello\nworld\n"_s << 0 << 0;
         QTest::newRow("empty file") << QString() << 0 << 0;
     }
