@@ -1,3 +1,13 @@
 # Files of this folder, relative to src/.
-list(APPEND PB_SOURCES)
-list(APPEND PB_QML)
+list(APPEND PB_SOURCES
+    exchange/exchangeformat.h exchange/exchangeformat.cpp
+    exchange/exchangewriter.h exchange/exchangewriter.cpp
+    exchange/exchangereader.h exchange/exchangereader.cpp
+    exchange/exportviewcontroller.h exchange/exportviewcontroller.cpp
+    exchange/importviewcontroller.h exchange/importviewcontroller.cpp
+)
+list(APPEND PB_QML
+    exchange/ImportExportView.qml
+    exchange/ExportView.qml
+    exchange/ImportView.qml
+)

@@ -1,0 +1,119 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// Builds the exchange file, shows it, and saves or mails it.
+ScreenPage {
+    id: root
+
+    title: "Export Vinyl Records"
+
+    ExportViewController {
+        id: controller
+    }
+
+    AlertDialog { objectName: "alert"; controller: controller }
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 16
+        spacing: 10
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 10
+            StyledButton {
+                objectName: "ExportButton"
+                text: "Create File"
+                enabled: controller.exportButtonEnabled
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.CreateUpdateFile()
+            }
+            StyledButton {
+                objectName: "ExportWithoutImagesButton"
+                text: "Without Images"
+                enabled: controller.exportButtonEnabled
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.CreateUpdateFileWithoutImages()
+            }
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 10
+            StyledButton {
+                objectName: "SaveFileButton"
+                text: "Save To Files"
+                enabled: controller.saveFileButtonEnabled
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.SaveFile()
+            }
+            StyledButton {
+                objectName: "EmailButton"
+                text: "Email File"
+                enabled: controller.emailButtonEnabled
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.WriteTextFile()
+            }
+        }
+
+        ProgressBar {
+            objectName: "ProgressView"
+            value: controller.progress
+            Layout.fillWidth: true
+            Behavior on value { NumberAnimation { duration: 120 } }
+        }
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            radius: 5
+            border.width: 1
+            border.color: "black"
+            clip: true
+
+            ScrollView {
+                anchors.fill: parent
+                anchors.margins: 4
+                TextArea {
+                    objectName: "ExportTextView"
+                    text: controller.exportText
+                    readOnly: true
+                    wrapMode: TextEdit.WrapAnywhere
+                    font.family: "monospace"
+                    font.pixelSize: 12
+                    background: null
+                }
+            }
+
+            BusyIndicator {
+                objectName: "activityIndicator"
+                anchors.centerIn: parent
+                running: controller.building
+                visible: running
+            }
+        }
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: helpText.implicitHeight + 16
+            radius: 5
+            border.width: 1
+            border.color: "black"
+
+            Label {
+                id: helpText
+                objectName: "HelpTextView"
+                anchors.fill: parent
+                anchors.margins: 8
+                text: controller.helpText
+                wrapMode: Text.Wrap
+                font.pixelSize: 14
+            }
+        }
+    }
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <optional>
+
+// The exchange file: UTF-8 text, lines ended by a line feed, a "[VINYLCOLLECTION]" section of
+// record lines followed by a "[TRACKCOLLECTION]" section of track lines. Fields are separated
+// by "^" and written in the alphabetical order of the attribute names; there is no quoting, so
+// the writer keeps carets and line breaks out of every field.
+namespace Exchange {
+
+inline const QString kRecordMarker = QStringLiteral("[VINYLCOLLECTION]");
+inline const QString kTrackMarker = QStringLiteral("[TRACKCOLLECTION]");
+inline constexpr QChar kSeparator = u'^';
+inline constexpr int kRecordFieldCount = 17;
+inline constexpr int kTrackFieldCount = 5;
+// Release dates travel as local time.
+inline const QString kDateFormat = QStringLiteral("yyyy.MM.dd HH:mm:ss");
+inline const QString kFileName = QStringLiteral("VinylCollection.csv");
+
+// Field positions of a record line.
+enum RecordField {
+    AlbumDuration, Artist, Cost, CoverConditionField, DoubleAlbum, Id, Name, Notes, Producer, Quantity,
+    RecordLabel, RecordSpeed, ReleaseDate, Value, VinylConditionField, FrontImage, BackImage
+};
+// Field positions of a track line.
+enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
+
+// Notes keep their line breaks as "~"; carets, apostrophes go and "&" becomes "and".
+[[nodiscard]] QString cleanNotes(const QString &notes);
+// The reader's side of the notes field: every "~" becomes a line feed again.
+[[nodiscard]] QString restoreNotes(const QString &field);
+
+[[nodiscard]] QString formatDate(const QDateTime &date);
+// Reads a date written by formatDate (a trailing " +0000" of older files is ignored).
+[[nodiscard]] std::optional<QDateTime> parseDate(QString field);
+
+// True for a text that would break a line apart: it holds a caret, CR or LF.
+[[nodiscard]] bool breaksLine(const QString &text);
+// The text without carets, CRs and LFs.
+[[nodiscard]] QString withoutLineBreakers(const QString &text);
+
+} // namespace Exchange
+
+#include "result.h"
+
+namespace Exchange {
+// The whole text of a file, read as UTF-8; an error names the file and the cause.
+[[nodiscard]] Result<QString> readFile(const QString &path);
+} // namespace Exchange

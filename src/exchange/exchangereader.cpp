@@ -1,0 +1,289 @@
+#include "exchangereader.h"
+
+#include "coverimageprovider.h"
+#include "exchangeformat.h"
+#include "logging.h"
+#include "store.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The fields of one line; positions past the end read as empty.
+class Fields
+{
+public:
+    explicit Fields(QStringView line) : m_fields(line.split(Exchange::kSeparator)) {}
+    [[nodiscard]] QString at(int i) const { return i < m_fields.size() ? m_fields.at(i).toString() : QString(); }
+
+private:
+    QList<QStringView> m_fields;
+};
+
+std::optional<double> toDouble(const QString &text)
+{
+    bool ok = false;
+    const double d = text.toDouble(&ok);
+    return ok && std::isfinite(d) ? std::optional<double>(d) : std::nullopt;
+}
+
+std::optional<float> toFloat(const QString &text)
+{
+    bool ok = false;
+    const float f = text.toFloat(&ok);
+    return ok && std::isfinite(f) ? std::optional<float>(f) : std::nullopt;
+}
+
+std::optional<qint16> toInt16(const QString &text)
+{
+    bool ok = false;
+    const short n = text.toShort(&ok);
+    return ok ? std::optional<qint16>(n) : std::nullopt;
+}
+
+Error sqlError(const QString &what, const QSqlError &error)
+{
+    return Error{what + u": "_s + error.text()};
+}
+
+} // namespace
+
+ExchangeReader::ExchangeReader(Store &store, QString document) : m_store(store), m_document(std::move(document)) {}
+
+ExchangeReader::~ExchangeReader() = default;
+
+double ExchangeReader::fraction() const
+{
+    const qint64 total = totalLines();
+    return total > 0 ? double(m_next) / double(total) : 1.0;
+}
+
+Result<void> ExchangeReader::start()
+{
+    // A CR LF or a lone CR ends a line like a LF does.
+    m_document.replace(u'\r', u'\n');
+    m_recordLines.clear();
+    m_trackLines.clear();
+    m_next = 0;
+    m_failed = false;
+    m_counts = {};
+
+    enum class Section { None, Records, Tracks } section = Section::None;
+    bool seenRecords = false;
+    qint64 number = 0;
+    for (QStringView line : QStringView(m_document).split(u'\n')) {
+        ++number;
+        if (line == Exchange::kRecordMarker) {
+            if (!seenRecords)
+                section = Section::Records;
+            seenRecords = true;
+            continue;
+        }
+        if (line == Exchange::kTrackMarker) {
+            if (section != Section::Tracks)
+                consoleLine(ImportMessages::kFoundTracks);
+            section = Section::Tracks;
+            continue;
+        }
+        if (line.isEmpty())
+            continue;
+        if (section == Section::Records)
+            m_recordLines.append({line, number});
+        else if (section == Section::Tracks)
+            m_trackLines.append({line, number});
+    }
+    return buildLookups();
+}
+
+Result<void> ExchangeReader::buildLookups()
+{
+    m_records.clear();
+    m_tracks.clear();
+    // Only what is present can match: a record without a name matches no line.
+    QSqlQuery q(m_store.database());
+    q.setForwardOnly(true);
+    if (!q.exec(u"SELECT rowid, name, artist FROM Vinyl WHERE name IS NOT NULL AND artist IS NOT NULL ORDER BY rowid"_s))
+        return sqlError(u"Cannot read the records"_s, q.lastError());
+    while (q.next()) {
+        const RecordKey key{q.value(1).toString(), q.value(2).toString()};
+        if (!m_records.contains(key))
+            m_records.insert(key, q.value(0).toLongLong());
+    }
+    if (!q.exec(u"SELECT rowid, vinylID, song FROM Tracks WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
+        return sqlError(u"Cannot read the tracks"_s, q.lastError());
+    while (q.next()) {
+        const TrackKey key{qint16(q.value(1).toLongLong()), q.value(2).toString()};
+        if (!m_tracks.contains(key))
+            m_tracks.insert(key, q.value(0).toLongLong());
+    }
+    return {};
+}
+
+Result<void> ExchangeReader::importSome(int maxLines)
+{
+    if (m_failed)
+        return Error{u"The import stopped after an error."_s};
+    const qint64 end = std::min(totalLines(), m_next + std::max(1, maxLines));
+    qint64 next = m_next;
+    auto done = m_store.transaction([&]() -> Result<void> {
+        for (; next < end; ++next) {
+            const qint64 records = m_recordLines.size();
+            auto r = next < records ? importRecord(m_recordLines.at(next)) : importTrack(m_trackLines.at(next - records));
+            if (!r)
+                return r;
+        }
+        return {};
+    });
+    if (!done) {
+        // The batch was rolled back; the look-up tables may name rows that no longer exist.
+        m_failed = true;
+        return done;
+    }
+    m_next = end;
+    return {};
+}
+
+std::optional<QByteArray> ExchangeReader::decodeImage(const QString &field, const QString &attribute, qint64 lineNumber)
+{
+    auto decoded = QByteArray::fromBase64Encoding(field.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    bool readable = decoded && !decoded.decoded.isEmpty() && field.size() % 4 == 0;
+    if (readable) {
+        QBuffer buffer(&decoded.decoded);
+        buffer.open(QIODevice::ReadOnly);
+        readable = QImageReader(&buffer).canRead();
+    }
+    if (!readable) {
+        ++m_counts.unreadableImages;
+        consoleLine(ImportMessages::kUnreadableImage.arg(attribute).arg(lineNumber));
+        return std::nullopt;
+    }
+    return decoded.decoded;
+}
+
+Result<void> ExchangeReader::importRecord(const Line &line)
+{
+    using namespace Exchange;
+    const Fields f(line.text);
+    const QString name = f.at(Name);
+    const QString artist = f.at(Artist);
+
+    Vinyl v;
+    const qint64 match = m_records.value(RecordKey{name, artist}, 0);
+    if (match != 0) {
+        auto stored = m_store.vinylByRowId(match);
+        if (!stored)
+            return stored.error();
+        if (*stored)
+            v = **stored;
+    }
+    const bool updating = v.rowId != 0;
+    v.imagesLoaded = true;
+
+    // An empty field leaves the attribute as it was. A number that does not convert leaves it
+    // too, except cost, value and id, which it clears on a stored record.
+    auto apply = [&f](int field, auto &&set) {
+        const QString text = f.at(field);
+        if (!text.isEmpty())
+            set(text);
+    };
+    apply(AlbumDuration, [&](const QString &t) { if (auto d = toDouble(t)) v.albumDuration = d; });
+    apply(Artist, [&](const QString &t) { v.artist = t; });
+    apply(Cost, [&](const QString &t) { v.cost = toFloat(t); });
+    apply(CoverConditionField, [&](const QString &t) { v.coverCondition = t; });
+    apply(DoubleAlbum, [&](const QString &t) { v.doubleAlbum = t; });
+    apply(Id, [&](const QString &t) { v.id = toInt16(t); });
+    apply(Name, [&](const QString &t) { v.name = t; });
+    apply(Notes, [&](const QString &t) { v.notes = restoreNotes(t); });
+    apply(Producer, [&](const QString &t) { v.producer = t; });
+    apply(Quantity, [&](const QString &t) { if (auto n = toInt16(t)) v.quantity = n; });
+    apply(RecordLabel, [&](const QString &t) { v.recordLabel = t; });
+    apply(RecordSpeed, [&](const QString &t) { v.recordSpeed = t; });
+    apply(ReleaseDate, [&](const QString &t) { if (auto d = parseDate(t)) v.releaseDate = d; });
+    apply(Value, [&](const QString &t) { v.value = toFloat(t); });
+    apply(VinylConditionField, [&](const QString &t) { v.vinylCondition = t; });
+    apply(FrontImage, [&](const QString &t) { if (auto b = decodeImage(t, u"frontImage"_s, line.number)) v.frontImage = b; });
+    apply(BackImage, [&](const QString &t) { if (auto b = decodeImage(t, u"backImage"_s, line.number)) v.backImage = b; });
+
+    if (updating) {
+        if (auto r = m_store.update(v); !r)
+            return r;
+        ++m_counts.recordsUpdated;
+        if (!f.at(FrontImage).isEmpty() || !f.at(BackImage).isEmpty())
+            CoverImageProvider::forget(v.rowId);
+        return {};
+    }
+    if (auto r = m_store.insert(v); !r)
+        return r;
+    ++m_counts.recordsAdded;
+    if (v.name && v.artist)
+        m_records.insert(RecordKey{*v.name, *v.artist}, v.rowId);
+    return {};
+}
+
+Result<void> ExchangeReader::importTrack(const Line &line)
+{
+    using namespace Exchange;
+    const Fields f(line.text);
+    const QString song = f.at(Song);
+    const std::optional<qint16> vinylID = toInt16(f.at(VinylID));
+    const std::optional<double> duration = toDouble(f.at(Duration));
+    const std::optional<qint16> trackNumber = toInt16(f.at(TrackNumber));
+    const QString writtenBy = f.at(WrittenBy);
+
+    const qint64 match = vinylID ? m_tracks.value(TrackKey{*vinylID, song}, 0) : 0;
+    if (match != 0) {
+        // Only the fields the line fills change; vinylID and song are what matched.
+        if (!m_trackUpdate) {
+            m_trackUpdate = std::make_unique<QSqlQuery>(m_store.database());
+            if (!m_trackUpdate->prepare(u"UPDATE Tracks SET duration = COALESCE(?, duration), "
+                                        "trackNumber = COALESCE(?, trackNumber), writtenBy = COALESCE(?, writtenBy) "
+                                        "WHERE rowid = ?"_s))
+                return sqlError(u"Cannot save a track"_s, m_trackUpdate->lastError());
+        }
+        QSqlQuery &q = *m_trackUpdate;
+        q.addBindValue(duration ? QVariant(*duration) : QVariant());
+        q.addBindValue(trackNumber ? QVariant(*trackNumber) : QVariant());
+        q.addBindValue(writtenBy.isEmpty() ? QVariant() : QVariant(writtenBy));
+        q.addBindValue(match);
+        const bool saved = q.exec();
+        q.finish();
+        if (!saved)
+            return sqlError(u"Cannot save a track"_s, q.lastError());
+        ++m_counts.tracksUpdated;
+        return {};
+    }
+
+    Track t;
+    t.trackNumber = trackNumber;
+    t.vinylID = vinylID;
+    if (!song.isEmpty())
+        t.song = song;
+    if (!writtenBy.isEmpty())
+        t.writtenBy = writtenBy;
+    t.duration = duration;
+    if (auto r = m_store.insert(t); !r)
+        return r;
+    ++m_counts.tracksAdded;
+    if (t.vinylID && t.song)
+        m_tracks.insert(TrackKey{*t.vinylID, *t.song}, t.rowId);
+    return {};
+}
+
+Result<ImportCounts> ExchangeReader::importAll(Store &store, const QString &document, int batchLines)
+{
+    ExchangeReader reader(store, document);
+    if (auto r = reader.start(); !r)
+        return r.error();
+    while (!reader.finished()) {
+        if (auto r = reader.importSome(batchLines); !r)
+            return r.error();
+    }
+    return reader.counts();
+}

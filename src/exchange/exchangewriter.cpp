@@ -1,0 +1,304 @@
+#include "exchangewriter.h"
+
+#include "exchangeformat.h"
+#include "fetchrequest.h"
+#include "formatters.h"
+#include "logging.h"
+#include "store.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QtConcurrent/QtConcurrentMap>
+
+using namespace Qt::StringLiterals;
+namespace Msg = ExportMessages;
+
+namespace {
+
+// Tracks are read in blocks of vinylID values so that a large collection never sits in memory
+// whole; each block is one indexed range fetch.
+constexpr int kVinylIdBlock = 2048;
+constexpr int kFirstBlockStart = -32768;
+constexpr int kBlockCount = 65536 / kVinylIdBlock;
+
+// Any text field except notes: written as stored, minus what would break the line.
+QString textField(const std::optional<QString> &value, const QString &attribute, const QString &missingMessage,
+                  bool logWhenAbsent = true)
+{
+    if (!value) {
+        if (logWhenAbsent && !missingMessage.isEmpty())
+            consoleLine(missingMessage);
+        return {};
+    }
+    if (value->isEmpty()) {
+        if (!missingMessage.isEmpty())
+            consoleLine(missingMessage);
+        return {};
+    }
+    if (Exchange::breaksLine(*value)) {
+        consoleLine(Msg::kLineBreakerRemoved.arg(attribute));
+        return Exchange::withoutLineBreakers(*value);
+    }
+    return *value;
+}
+
+template<typename T>
+QString numberField(const std::optional<T> &value, const QString &missingMessage)
+{
+    if (!value)
+        consoleLine(missingMessage);
+    if constexpr (std::is_floating_point_v<T>)
+        return Formatters::shortest(number(value));
+    else
+        return QString::number(number(value));
+}
+
+// JPEG at quality 20, base64; empty when the bytes are not an image.
+struct EncodedCover
+{
+    QByteArray base64;
+    bool unreadable = false;
+};
+
+EncodedCover encodeCover(const QByteArray &stored)
+{
+    EncodedCover result;
+    if (stored.isEmpty())
+        return result;
+    const QImage image = QImage::fromData(stored);
+    if (image.isNull()) {
+        result.unreadable = true;
+        return result;
+    }
+    QByteArray jpeg;
+    QBuffer buffer(&jpeg);
+    buffer.open(QIODevice::WriteOnly);
+    if (image.save(&buffer, "JPEG", 20))
+        result.base64 = jpeg.toBase64();
+    return result;
+}
+
+} // namespace
+
+ExchangeWriter::ExchangeWriter(Store &store, bool exportImages) : m_store(store), m_exportImages(exportImages) {}
+
+Result<void> ExchangeWriter::start()
+{
+    m_data.clear();
+    m_records.clear();
+    m_nextRecord = 0;
+    m_trackBlock.clear();
+    m_nextTrack = 0;
+    m_blockIndex = -1;
+    m_tracksStarted = false;
+    m_finished = false;
+    m_linesWritten = 0;
+    m_unreadableImages = 0;
+
+    auto records = m_store.fetchVinyl(
+        FetchRequest(Entity::Vinyl).sortedBy(u"name"_s).sortedBy(u"artist"_s).sortedBy(u"releaseDate"_s));
+    if (!records)
+        return records.error();
+    m_records = std::move(records).value();
+    auto tracks = m_store.count(FetchRequest(Entity::Tracks));
+    if (!tracks)
+        return tracks.error();
+    m_trackTotal = *tracks;
+    m_data.append(Exchange::kRecordMarker.toUtf8()).append('\n');
+    return {};
+}
+
+double ExchangeWriter::fraction() const
+{
+    if (m_finished)
+        return 1.0;
+    const qint64 total = totalLines();
+    return total > 0 ? double(m_linesWritten) / double(total) : 0.0;
+}
+
+Result<void> ExchangeWriter::writeSome(int maxLines)
+{
+    int written = 0;
+    if (m_nextRecord < m_records.size()) {
+        if (auto r = writeRecords(maxLines, &written); !r)
+            return r;
+    }
+    if (m_nextRecord >= m_records.size() && written < maxLines) {
+        if (!m_tracksStarted) {
+            m_data.append(Exchange::kTrackMarker.toUtf8()).append('\n');
+            m_tracksStarted = true;
+        }
+        int trackLines = 0;
+        if (auto r = writeTracks(maxLines - written, &trackLines); !r)
+            return r;
+    }
+    return {};
+}
+
+Result<void> ExchangeWriter::loadCovers(int from, int to)
+{
+    for (int i = from; i < to; ++i) {
+        Vinyl &v = m_records[i];
+        auto front = m_store.coverImage(v.rowId, CoverSide::Front);
+        if (!front)
+            return front.error();
+        auto back = m_store.coverImage(v.rowId, CoverSide::Back);
+        if (!back)
+            return back.error();
+        v.frontImage = *front;
+        v.backImage = *back;
+    }
+    return {};
+}
+
+Result<void> ExchangeWriter::writeRecords(int maxLines, int *written)
+{
+    const int from = m_nextRecord;
+    const int to = int(std::min<qint64>(m_records.size(), qint64(from) + maxLines));
+    QList<std::pair<EncodedCover, EncodedCover>> covers;
+    if (m_exportImages) {
+        if (auto r = loadCovers(from, to); !r)
+            return r;
+        // Re-encoding covers is the costly part of an export: spread it over the cores.
+        QList<int> rows;
+        for (int i = from; i < to; ++i)
+            rows << i;
+        covers = QtConcurrent::blockingMapped<QList<std::pair<EncodedCover, EncodedCover>>>(rows, [this](int i) {
+            const Vinyl &v = m_records.at(i);
+            return std::pair{encodeCover(v.frontImage.value_or(QByteArray())),
+                             encodeCover(v.backImage.value_or(QByteArray()))};
+        });
+    }
+    for (int i = from; i < to; ++i) {
+        Vinyl &v = m_records[i];
+        QString line = recordLine(v);
+        if (m_exportImages) {
+            const auto &[front, back] = covers.at(i - from);
+            for (const auto &[cover, attribute] : {std::pair{&front, u"frontImage"_s}, std::pair{&back, u"backImage"_s}}) {
+                if (cover->unreadable) {
+                    ++m_unreadableImages;
+                    consoleLine(Msg::kUnreadableImage.arg(attribute, text(v.name)));
+                }
+            }
+            line += QString::fromLatin1(front.base64) + Exchange::kSeparator + QString::fromLatin1(back.base64);
+        } else {
+            line += Exchange::kSeparator;
+        }
+        m_data.append(line.toUtf8()).append('\n');
+        // The covers are not needed any more.
+        v.frontImage.reset();
+        v.backImage.reset();
+    }
+    m_nextRecord = to;
+    m_linesWritten += to - from;
+    *written = to - from;
+    return {};
+}
+
+Result<bool> ExchangeWriter::fetchNextTrackBlock()
+{
+    m_trackBlock.clear();
+    m_nextTrack = 0;
+    while (m_trackBlock.isEmpty()) {
+        ++m_blockIndex;
+        if (m_blockIndex >= kBlockCount)
+            return false;
+        FetchRequest request(Entity::Tracks);
+        if (m_blockIndex == 0) {
+            request.where(Predicate::equal(u"vinylID"_s, QVariant()));
+        } else {
+            const int start = kFirstBlockStart + (m_blockIndex - 1) * kVinylIdBlock;
+            // The first and last blocks are open-ended, so no stored value is ever missed.
+            if (m_blockIndex > 1)
+                request.where(Predicate::atLeast(u"vinylID"_s, start));
+            if (m_blockIndex < kBlockCount - 1)
+                request.where(Predicate::lessThan(u"vinylID"_s, start + kVinylIdBlock));
+        }
+        request.sortedBy(u"vinylID"_s).sortedBy(u"trackNumber"_s);
+        auto block = m_store.fetchTracks(request);
+        if (!block)
+            return block.error();
+        m_trackBlock = std::move(block).value();
+    }
+    return true;
+}
+
+Result<void> ExchangeWriter::writeTracks(int maxLines, int *written)
+{
+    *written = 0;
+    while (*written < maxLines) {
+        if (m_nextTrack >= m_trackBlock.size()) {
+            auto more = fetchNextTrackBlock();
+            if (!more)
+                return more.error();
+            if (!*more) {
+                m_finished = true;
+                return {};
+            }
+        }
+        m_data.append(trackLine(m_trackBlock.at(m_nextTrack++)).toUtf8()).append('\n');
+        ++m_linesWritten;
+        ++*written;
+    }
+    return {};
+}
+
+QString ExchangeWriter::recordLine(const Vinyl &v)
+{
+    QString notes;
+    if (v.notes && !v.notes->isEmpty())
+        notes = Exchange::cleanNotes(*v.notes);
+    else
+        consoleLine(Msg::kNotes);
+    QString releaseDate;
+    if (v.releaseDate && v.releaseDate->isValid())
+        releaseDate = Exchange::formatDate(*v.releaseDate);
+    else
+        consoleLine(Msg::kReleaseDate);
+
+    const QStringList fields = {
+        numberField(v.albumDuration, Msg::kAlbumDuration),
+        textField(v.artist, u"artist"_s, Msg::kArtist),
+        numberField(v.cost, Msg::kCost),
+        textField(v.coverCondition, u"coverCondition"_s, Msg::kCoverCondition),
+        textField(v.doubleAlbum, u"doubleAlbum"_s, Msg::kDoubleAlbum),
+        numberField(v.id, Msg::kId),
+        textField(v.name, u"name"_s, Msg::kName),
+        notes,
+        textField(v.producer, u"producer"_s, Msg::kProducer),
+        numberField(v.quantity, Msg::kQuantity),
+        textField(v.recordLabel, u"recordLabel"_s, Msg::kRecordLabel),
+        textField(v.recordSpeed, u"recordSpeed"_s, Msg::kRecordSpeed),
+        releaseDate,
+        numberField(v.value, Msg::kValue),
+        textField(v.vinylCondition, u"vinylCondition"_s, Msg::kVinylCondition),
+    };
+    // The two image fields follow; the caller appends them.
+    return fields.join(Exchange::kSeparator) + Exchange::kSeparator;
+}
+
+QString ExchangeWriter::trackLine(const Track &t)
+{
+    const QStringList fields = {
+        numberField(t.duration, Msg::kDuration),
+        textField(t.song, u"song"_s, Msg::kSong, false),
+        numberField(t.trackNumber, Msg::kTrackNumber),
+        numberField(t.vinylID, Msg::kVinylID),
+        textField(t.writtenBy, u"writtenBy"_s, Msg::kWrittenBy, false),
+    };
+    return fields.join(Exchange::kSeparator);
+}
+
+Result<QByteArray> ExchangeWriter::build(Store &store, bool exportImages, int *unreadableImages)
+{
+    ExchangeWriter writer(store, exportImages);
+    if (auto r = writer.start(); !r)
+        return r.error();
+    while (!writer.finished()) {
+        if (auto r = writer.writeSome(500); !r)
+            return r.error();
+    }
+    if (unreadableImages)
+        *unreadableImages = writer.unreadableImages();
+    return std::move(writer.m_data);
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "screencontroller.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+class ExchangeWriter;
+
+// The export screen: builds the exchange file of the whole collection, shows it, and hands it on
+// through the share facility ("Save To Files") or as a mail attachment ("Email File").
+// Building runs in short slices on the event loop, so the window stays live and the progress
+// bar moves while a large collection is written. One visit builds once.
+class ExportViewController : public ScreenController
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(bool exportButtonEnabled READ exportButtonEnabled NOTIFY changed)
+    Q_PROPERTY(bool saveFileButtonEnabled READ saveFileButtonEnabled NOTIFY changed)
+    Q_PROPERTY(bool emailButtonEnabled READ emailButtonEnabled NOTIFY changed)
+    // The built text, or its beginning when the file is large.
+    Q_PROPERTY(QString exportText READ exportText NOTIFY changed)
+    Q_PROPERTY(double progress READ progress NOTIFY changed)
+    // The activity indicator runs while this is true.
+    Q_PROPERTY(bool building READ building NOTIFY changed)
+    Q_PROPERTY(bool exportImages READ exportImages NOTIFY changed)
+    Q_PROPERTY(QString helpText READ helpText CONSTANT)
+
+public:
+    static inline const QString kTitle = QStringLiteral("Data Export");
+    static inline const QString kDone = QStringLiteral("Process Complete - File Ready to Save to Files or Email");
+    static inline const QString kMailTitle = QStringLiteral("Sending Email");
+    static inline const QString kMailUnavailable = QStringLiteral("Email not Setup or Unavailable");
+    static inline const QString kMailSubject = QStringLiteral("Vinyl Collection Update Text File");
+    static inline const QString kMailBody = QStringLiteral("Attachment: Vinyl Collection Text File");
+    static inline const QString kMailMimeType = QStringLiteral("csv");
+    // Texts longer than this show their first lines only; the file always holds everything.
+    static constexpr int kPreviewCharacters = 60000;
+
+    explicit ExportViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
+    ~ExportViewController() override;
+
+    [[nodiscard]] bool exportButtonEnabled() const { return m_exportButtonEnabled; }
+    [[nodiscard]] bool saveFileButtonEnabled() const { return m_saveFileButtonEnabled; }
+    [[nodiscard]] bool emailButtonEnabled() const { return m_emailButtonEnabled; }
+    [[nodiscard]] QString exportText() const { return m_exportText; }
+    [[nodiscard]] double progress() const { return m_progress; }
+    [[nodiscard]] bool building() const { return m_building; }
+    [[nodiscard]] bool exportImages() const { return m_exportImages; }
+    [[nodiscard]] static QString helpText();
+    // The whole exchange text (UTF-8); empty until a build has finished.
+    [[nodiscard]] const QByteArray &dataString() const { return m_dataString; }
+
+    // Builds with the current image setting.
+    Q_INVOKABLE void CreateUpdateFile();
+    // Leaves images out, for this build and every later one on this screen.
+    Q_INVOKABLE void CreateUpdateFileWithoutImages();
+    // Writes "VinylCollection.csv" to the temporary folder and shares it.
+    Q_INVOKABLE void SaveFile();
+    // Mails the file as an attachment.
+    Q_INVOKABLE void WriteTextFile();
+
+signals:
+    void changed();
+    // A build has finished (successfully or not).
+    void buildFinished();
+
+private:
+    void build();
+    void buildStep();
+    void finishBuild();
+    void failBuild(const QString &message);
+
+    std::unique_ptr<ExchangeWriter> m_writer;
+    QByteArray m_dataString;
+    QString m_exportText;
+    double m_progress = 0.0;
+    bool m_building = false;
+    bool m_exportImages = true;
+    bool m_exportButtonEnabled = true;
+    bool m_saveFileButtonEnabled = false;
+    bool m_emailButtonEnabled = false;
+};

@@ -1,0 +1,299 @@
+#include "exchangereader.h"
+#include "exchangewriter.h"
+#include "fetchrequest.h"
+#include "store.h"
+#include "testsupport.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QSqlQuery>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kLine = u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^Side A~Side B^Some Producer^2^Some Label^33 1/3^1975.03.05 14:30:15^20.0^Very Good^^"_s;
+
+QList<Vinyl> records(Store &store)
+{
+    return store.fetchVinyl(FetchRequest(Entity::Vinyl).withImages()).valueOr({});
+}
+
+QList<Track> tracks(Store &store)
+{
+    return store.fetchTracks(FetchRequest(Entity::Tracks)).valueOr({});
+}
+
+QString base64Png()
+{
+    QImage image(8, 6, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return QString::fromLatin1(bytes.toBase64());
+}
+
+} // namespace
+
+class TestExchangeReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+
+    // Which lines of a text become records and tracks.
+    void readsTheSections_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("records");
+        QTest::addColumn<int>("tracks");
+        const QString file = u"[VINYLCOLLECTION]\n"_s + kLine + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n4.1^Second^2^3^\n"_s;
+        QTest::newRow("LF") << file << 1 << 2;
+        QTest::newRow("CR LF") << QString(file).replace(u"\n"_s, u"\r\n"_s) << 1 << 2;
+        QTest::newRow("empty lines are skipped") << QString(file).replace(u"\n"_s, u"\n\n"_s) << 1 << 2;
+        QTest::newRow("no record marker") << QString(file).remove(u"[VINYLCOLLECTION]\n"_s) << 0 << 2;
+        QTest::newRow("no track marker: tracks are not records")
+            << u"[VINYLCOLLECTION]\n"_s + kLine + u"\n"_s << 1 << 0;
+        QTest::newRow("sections in the other order")
+            << u"[TRACKCOLLECTION]\n3.45^First^1^3^W\n[VINYLCOLLECTION]\n"_s + kLine << 1 << 1;
+        QTest::newRow("not an exchange file") << u"hello\nworld\n"_s << 0 << 0;
+        QTest::newRow("empty file") << QString() << 0 << 0;
+    }
+
+    void readsTheSections()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, records);
+        QFETCH(int, tracks);
+        TestApp t;
+        auto counts = ExchangeReader::importAll(t.store(), text);
+        QVERIFY(counts.ok());
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), records);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Tracks)).valueOr(-1), tracks);
+    }
+
+    void readsEveryRecordField()
+    {
+        TestApp t;
+        const QString line = QString(kLine).replace(u"Very Good^^"_s, u"Very Good^"_s + base64Png() + u"^!!!"_s);
+        ConsoleCapture console;
+        auto counts = ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + line + u"\n"_s);
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->recordsAdded, 1);
+        QCOMPARE(counts->unreadableImages, 1);
+        const QList<Vinyl> stored = records(t.store());
+        QCOMPARE(stored.size(), 1);
+        const Vinyl &v = stored.first();
+        QCOMPARE(v.albumDuration, 45.5);
+        QCOMPARE(v.artist, u"Some Artist"_s);
+        QCOMPARE(v.cost, 12.5f);
+        QCOMPARE(v.coverCondition, u"Near Mint"_s);
+        QCOMPARE(v.doubleAlbum, u"Single"_s);
+        QCOMPARE(v.id, qint16(3));
+        QCOMPARE(v.name, u"Some Album"_s);
+        QCOMPARE(v.notes, u"Side A\nSide B"_s);
+        QCOMPARE(v.producer, u"Some Producer"_s);
+        QCOMPARE(v.quantity, qint16(2));
+        QCOMPARE(v.recordLabel, u"Some Label"_s);
+        QCOMPARE(v.recordSpeed, u"33 1/3"_s);
+        QCOMPARE(v.releaseDate, QDateTime(QDate(1975, 3, 5), QTime(14, 30, 15)));
+        QCOMPARE(v.value, 20.0f);
+        QCOMPARE(v.vinylCondition, u"Very Good"_s);
+        QCOMPARE(QImage::fromData(v.frontImage.value_or(QByteArray())).size(), QSize(8, 6));
+        QVERIFY(!v.backImage.has_value()); // malformed base64 stores nothing
+        QVERIFY(console.lines().contains(u"backImage on line 2 is not a readable image; left out."_s));
+    }
+
+    // A second line for the stored record (same name and artist) with one field changed.
+    void updatesTheMatchedRecord_data()
+    {
+        QTest::addColumn<int>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("attribute");
+        QTest::addColumn<QVariant>("expected"); // invalid: absent afterwards
+
+        QTest::newRow("empty cost keeps it") << 2 << QString() << u"cost"_s << QVariant(12.5f);
+        QTest::newRow("empty label keeps it") << 10 << QString() << u"recordLabel"_s << QVariant(u"Some Label"_s);
+        QTest::newRow("empty notes keep them") << 7 << QString() << u"notes"_s << QVariant(u"Side A\nSide B"_s);
+        QTest::newRow("new cost") << 2 << u"7.25"_s << u"cost"_s << QVariant(7.25f);
+        QTest::newRow("cost that does not convert clears it") << 2 << u"cheap"_s << u"cost"_s << QVariant();
+        QTest::newRow("value that does not convert clears it") << 13 << u"1,5"_s << u"value"_s << QVariant();
+        QTest::newRow("id out of range clears it") << 5 << u"40000"_s << u"id"_s << QVariant();
+        QTest::newRow("quantity that does not convert keeps it") << 9 << u"two"_s << u"quantity"_s << QVariant(qint16(2));
+        QTest::newRow("bad date keeps it") << 12 << u"1975-03-05"_s << u"releaseDate"_s
+                                           << QVariant(QDateTime(QDate(1975, 3, 5), QTime(14, 30, 15)));
+        QTest::newRow("date with +0000") << 12 << u"1980.12.24 08:00:00 +0000"_s << u"releaseDate"_s
+                                         << QVariant(QDateTime(QDate(1980, 12, 24), QTime(8, 0)));
+    }
+
+    void updatesTheMatchedRecord()
+    {
+        QFETCH(int, field);
+        QFETCH(QString, text);
+        QFETCH(QString, attribute);
+        QFETCH(QVariant, expected);
+        TestApp t;
+        QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + kLine).ok());
+        QStringList fields = kLine.split(u'^');
+        fields[field] = text;
+        auto counts = ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + fields.join(u'^'));
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->recordsUpdated, 1);
+        const QList<Vinyl> stored = records(t.store());
+        QCOMPARE(stored.size(), 1);
+        const Vinyl &v = stored.first();
+        QVariant actual;
+        if (attribute == u"cost" && v.cost) actual = *v.cost;
+        if (attribute == u"value" && v.value) actual = *v.value;
+        if (attribute == u"id" && v.id) actual = QVariant::fromValue(*v.id);
+        if (attribute == u"quantity" && v.quantity) actual = QVariant::fromValue(*v.quantity);
+        if (attribute == u"recordLabel" && v.recordLabel) actual = *v.recordLabel;
+        if (attribute == u"notes" && v.notes) actual = *v.notes;
+        if (attribute == u"releaseDate" && v.releaseDate) actual = *v.releaseDate;
+        QCOMPARE(actual, expected);
+    }
+
+    void numbersThatDoNotConvertStayUnsetOnANewRecord()
+    {
+        TestApp t;
+        QStringList fields = kLine.split(u'^');
+        fields[2] = u"x"_s;
+        fields[5] = u"x"_s;
+        fields[13] = u"x"_s;
+        QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + fields.join(u'^')).ok());
+        const Vinyl v = records(t.store()).value(0);
+        QVERIFY(!v.cost && !v.id && !v.value);
+        QCOMPARE(v.name, u"Some Album"_s);
+    }
+
+    void shortLineLeavesTheRestUnset()
+    {
+        TestApp t;
+        QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n1.0^Artist^2.0\n"_s).ok());
+        const Vinyl v = records(t.store()).value(0);
+        QCOMPARE(v.artist, u"Artist"_s);
+        QCOMPARE(v.cost, 2.0f);
+        QVERIFY(!v.name && !v.id && !v.frontImage);
+    }
+
+    void importingTwiceChangesNoCount()
+    {
+        TestApp t;
+        const QString file = u"[VINYLCOLLECTION]\n"_s + kLine + u"\n"_s + QString(kLine).replace(u"Some Album"_s, u"Other"_s)
+                             + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n4.1^Second^2^3^\n"_s;
+        QVERIFY(ExchangeReader::importAll(t.store(), file).ok());
+        auto again = ExchangeReader::importAll(t.store(), file);
+        QVERIFY(again.ok());
+        QCOMPARE(again->recordsAdded, 0);
+        QCOMPARE(again->recordsUpdated, 2);
+        QCOMPARE(again->tracksUpdated, 2);
+        QCOMPARE(records(t.store()).size(), 2);
+        QCOMPARE(tracks(t.store()).size(), 2);
+    }
+
+    void recordsMatchByNameAndArtistExactly()
+    {
+        TestApp t;
+        t.addVinyl(u"Some Album"_s, u"some artist"_s); // differs in case only
+        t.addVinyl(u"Some Album"_s);                   // no artist at all
+        QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + kLine).ok());
+        QCOMPARE(records(t.store()).size(), 3);
+    }
+
+    void trackIsUpdatedByVinylIdAndSong()
+    {
+        TestApp t;
+        Track stored;
+        stored.vinylID = 3;
+        stored.song = u"First"_s;
+        stored.trackNumber = 1;
+        stored.duration = 2.0;
+        stored.writtenBy = u"Old"_s;
+        QVERIFY(t.store().insert(stored).ok());
+        Track other = stored;
+        other.vinylID = 4; // same song, other record
+        QVERIFY(t.store().insert(other).ok());
+
+        auto counts = ExchangeReader::importAll(t.store(), u"[TRACKCOLLECTION]\n3.5^First^^3^New\n"_s);
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->tracksUpdated, 1);
+        const QList<Track> all = tracks(t.store());
+        QCOMPARE(all.size(), 2);
+        const Track &updated = all.at(0).vinylID == 3 ? all.at(0) : all.at(1);
+        QCOMPARE(updated.duration, 3.5);
+        QCOMPARE(updated.trackNumber, qint16(1)); // empty field kept
+        QCOMPARE(updated.writtenBy, u"New"_s);
+        const Track &untouched = all.at(0).vinylID == 4 ? all.at(0) : all.at(1);
+        QCOMPARE(untouched.writtenBy, u"Old"_s);
+    }
+
+    void roundTripGivesTheSameText()
+    {
+        TestApp source;
+        Vinyl v;
+        v.name = u"Blue & Grey"_s;
+        v.artist = u"Someone"_s;
+        v.notes = u"Line one\nLine two ~ with a tilde"_s;
+        v.releaseDate = QDateTime(QDate(1969, 7, 20), QTime(20, 17, 40));
+        v.id = -5;
+        v.value = 0.0f;
+        v.cost = 0.1f;
+        v.albumDuration = 1e-05;
+        v.quantity = 3;
+        v.coverCondition = u"Good"_s;
+        v.imagesLoaded = true;
+        QVERIFY(source.store().insert(v).ok());
+        Vinyl second = v;
+        second.name = u"Another"_s;
+        second.id = 7;
+        second.releaseDate.reset();
+        second.notes.reset();
+        QVERIFY(source.store().insert(second).ok());
+        for (qint16 n : {2, 1}) {
+            Track track;
+            track.vinylID = 7;
+            track.trackNumber = n;
+            track.song = u"Song %1"_s.arg(n);
+            track.duration = 3.1 * n;
+            QVERIFY(source.store().insert(track).ok());
+        }
+        const QByteArray first = ExchangeWriter::build(source.store(), true).valueOr({});
+        QVERIFY(first.contains("1969.07.20 20:17:40"));
+
+        TestApp target;
+        QVERIFY(ExchangeReader::importAll(target.store(), QString::fromUtf8(first)).ok());
+        const QByteArray second_ = ExchangeWriter::build(target.store(), true).valueOr({});
+        QCOMPARE(QString::fromUtf8(second_), QString::fromUtf8(first));
+    }
+
+    void stoppedImportKeepsTheBatchesBeforeIt()
+    {
+        TestApp t;
+        QString file = u"[VINYLCOLLECTION]\n"_s;
+        for (int i = 0; i < 5; ++i)
+            file += QString(kLine).replace(u"Some Album"_s, u"Album %1"_s.arg(i)) + u'\n';
+        ExchangeReader reader(t.store(), file);
+        QVERIFY(reader.start().ok());
+        QVERIFY(reader.importSome(2).ok());
+        QCOMPARE(reader.fraction(), 0.4);
+        // The store fails in the middle of the next batch.
+        QSqlQuery q(t.store().database());
+        QVERIFY(q.exec(u"CREATE TRIGGER refuse BEFORE INSERT ON Vinyl WHEN NEW.name = 'Album 3' "
+                       "BEGIN SELECT RAISE(ABORT, 'refused'); END"_s));
+        auto failed = reader.importSome(2);
+        QVERIFY(!failed.ok());
+        QVERIFY(failed.errorMessage().contains(u"refused"_s));
+        QVERIFY(!reader.importSome(2).ok()); // it does not go on after an error
+        QStringList names;
+        for (const Vinyl &v : records(t.store()))
+            names << text(v.name);
+        QCOMPARE(names, QStringList({u"Album 0"_s, u"Album 1"_s})); // not "Album 2" of the failed batch
+    }
+};
+
+QTEST_MAIN(TestExchangeReader)
+#include "tst_exchangereader.moc"

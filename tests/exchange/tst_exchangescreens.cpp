@@ -1,0 +1,219 @@
+#include "exchangewriter.h"
+#include "exportviewcontroller.h"
+#include "importviewcontroller.h"
+#include "store.h"
+#include "testsupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+void addRecord(TestApp &t, const QString &name, qint16 id)
+{
+    Vinyl v = t.addVinyl(name, u"Artist"_s, u"Label"_s, id);
+    v.releaseDate = QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6));
+    v.frontImage = QByteArray("not a picture");
+    QVERIFY(t.store().update(v).ok());
+}
+
+bool build(ExportViewController &controller, bool withImages = true)
+{
+    QSignalSpy finished(&controller, &ExportViewController::buildFinished);
+    if (withImages)
+        controller.CreateUpdateFile();
+    else
+        controller.CreateUpdateFileWithoutImages();
+    return finished.wait(5000);
+}
+} // namespace
+
+class TestExchangeScreens : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+
+    void exportScreenStartsWithOnlyTheExportButton()
+    {
+        TestApp t;
+        ExportViewController controller(&t.app());
+        QVERIFY(controller.exportButtonEnabled());
+        QVERIFY(!controller.saveFileButtonEnabled());
+        QVERIFY(!controller.emailButtonEnabled());
+        QVERIFY(controller.exportImages());
+        QCOMPARE(controller.helpText(),
+                 u"Step 1: Create the Export File\nStep 2: Option 1: Click 'Save To Files' button\n             Option 2: "
+                 "Click the Email File button to email the file to yourself and then from your email save the file to "
+                 "your iCloud Drive. There are size limits to email attachments for most carriers."_s);
+    }
+
+    void buildShowsTheTextAndTheCompletionAlert()
+    {
+        TestApp t;
+        addRecord(t, u"One"_s, 1);
+        ExportViewController controller(&t.app());
+        QVERIFY(build(controller));
+        QCOMPARE(controller.dataString(), ExchangeWriter::build(t.store(), true).valueOr({}));
+        QCOMPARE(controller.exportText(), QString::fromUtf8(controller.dataString()));
+        QVERIFY(!controller.exportButtonEnabled());
+        QVERIFY(controller.saveFileButtonEnabled());
+        QVERIFY(controller.emailButtonEnabled());
+        QCOMPARE(controller.progress(), 1.0);
+        QVERIFY(!controller.building());
+        QTRY_COMPARE(controller.lastAlertTitle(), u"Data Export"_s);
+        // The record's cover is not a picture: the file is built without it and the user is told.
+        QCOMPARE(controller.lastAlertMessage(), u"Process Complete - File Ready to Save to Files or Email\n\n"
+                                                "1 cover picture could not be read and was left out."_s);
+    }
+
+    void leavingImagesOutSticks()
+    {
+        TestApp t;
+        addRecord(t, u"One"_s, 1);
+        ExportViewController controller(&t.app());
+        QVERIFY(build(controller, false));
+        QVERIFY(!controller.exportImages());
+        QVERIFY(build(controller, true));
+        QCOMPARE(controller.dataString(), ExchangeWriter::build(t.store(), false).valueOr({}));
+        QTRY_COMPARE(controller.lastAlertMessage(), ExportViewController::kDone);
+    }
+
+    void largeTextShowsItsBeginning()
+    {
+        TestApp t;
+        for (int i = 0; i < 700; ++i)
+            t.addVinyl(u"A long enough album name to fill the line %1"_s.arg(i), u"Artist"_s, u"Label"_s, qint16(i));
+        ExportViewController controller(&t.app());
+        QVERIFY(build(controller));
+        QVERIFY(controller.dataString().size() > ExportViewController::kPreviewCharacters);
+        QVERIFY(controller.exportText().size() < ExportViewController::kPreviewCharacters + 100);
+        QVERIFY(controller.exportText().startsWith(u"[VINYLCOLLECTION]\n"_s));
+        QVERIFY(controller.exportText().endsWith(u" more lines in the file)"_s));
+    }
+
+    void saveToFilesWritesAndSharesTheFile()
+    {
+        TestApp t;
+        addRecord(t, u"One"_s, 1);
+        ExportViewController controller(&t.app());
+        QVERIFY(build(controller));
+        controller.SaveFile();
+        QCOMPARE(t.platform().shared.size(), 1);
+        const QString path = t.platform().shared.first().filePaths.value(0);
+        QCOMPARE(path, QDir(AppDelegate::tempDir()).filePath(u"VinylCollection.csv"_s));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), controller.dataString());
+    }
+
+    void emailFile_data()
+    {
+        QTest::addColumn<bool>("canSendMail");
+        QTest::newRow("mail available") << true;
+        QTest::newRow("mail unavailable") << false;
+    }
+
+    void emailFile()
+    {
+        QFETCH(bool, canSendMail);
+        TestApp t;
+        t.platform().canSendMailAnswer = canSendMail;
+        ExportViewController controller(&t.app());
+        QVERIFY(build(controller));
+        QTRY_COMPARE(controller.lastAlertTitle(), u"Data Export"_s);
+        controller.WriteTextFile();
+        if (!canSendMail) {
+            QVERIFY(t.platform().mails.isEmpty());
+            QCOMPARE(controller.lastAlertTitle(), u"Sending Email"_s);
+            QCOMPARE(controller.lastAlertMessage(), u"Email not Setup or Unavailable"_s);
+            return;
+        }
+        QCOMPARE(t.platform().mails.size(), 1);
+        const MailMessage &mail = t.platform().mails.first();
+        QVERIFY(mail.to.isEmpty());
+        QCOMPARE(mail.subject, u"Vinyl Collection Update Text File"_s);
+        QCOMPARE(mail.body, u"Attachment: Vinyl Collection Text File"_s);
+        QCOMPARE(mail.attachments.size(), 1);
+        QCOMPARE(mail.attachments.first().fileName, u"VinylCollection.csv"_s);
+        QCOMPARE(mail.attachments.first().mimeType, u"csv"_s);
+        QCOMPARE(mail.attachments.first().data, QByteArray("[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n"));
+    }
+
+    void importScreenLoadsAndImportsAFile()
+    {
+        TestApp t;
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"picked.csv"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[VINYLCOLLECTION]\r\n1.0^Artist^2.0^^^5^Album^^^1^^^^3.0^^^\r\n[TRACKCOLLECTION]\r\n1.5^Song^1^5^\r\n");
+        file.close();
+
+        ImportViewController controller(&t.app());
+        QVERIFY(!controller.importButtonEnabled());
+        QVERIFY(controller.loadFileButtonEnabled());
+        QCOMPARE(controller.helpText(), u"YOU CAN ONLY IMPORT THE FILE CREATED BY THIS APP.\n1: Select the file you saved "
+                                        "to your iCloud drive\n2: Import the file into your device"_s);
+        QSignalSpy picker(&controller, &ImportViewController::openDocumentPicker);
+        controller.LoadFile();
+        QCOMPARE(picker.size(), 1);
+
+        controller.documentPicked(QUrl::fromLocalFile(path));
+        QCOMPARE(controller.lastAlertTitle(), u"Data Import File"_s);
+        QCOMPARE(controller.lastAlertMessage(), u"File Loaded and Ready to Import"_s);
+        QCOMPARE(controller.filename(), u"picked.csv"_s);
+        QVERIFY(controller.importText().startsWith(u"[VINYLCOLLECTION]"_s));
+        QVERIFY(controller.importButtonEnabled());
+        QVERIFY(!controller.loadFileButtonEnabled());
+
+        QSignalSpy finished(&controller, &ImportViewController::importFinished);
+        controller.ImportTextFile();
+        QVERIFY(finished.wait(5000));
+        QCOMPARE(controller.lastAlertMessage(), u"Data File Import Completed"_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Tracks)).valueOr(0), 1);
+        controller.answerAlert(0);
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToMenu"_s);
+    }
+
+    void fileWithoutMarkerStillCompletes()
+    {
+        TestApp t;
+        QTemporaryDir dir;
+        QFile file(dir.filePath(u"notes.txt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("just some text\n");
+        file.close();
+        ImportViewController controller(&t.app());
+        controller.documentPicked(QUrl::fromLocalFile(file.fileName()));
+        QSignalSpy finished(&controller, &ImportViewController::importFinished);
+        controller.ImportTextFile();
+        QVERIFY(finished.wait(5000));
+        QCOMPARE(controller.lastAlertMessage(), u"Data File Import Completed"_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 0);
+    }
+
+    void unreadableFileChangesNothing()
+    {
+        TestApp t;
+        QTemporaryDir dir;
+        ImportViewController controller(&t.app());
+        ConsoleCapture console;
+        controller.documentPicked(QUrl::fromLocalFile(dir.filePath(u"missing.csv"_s)));
+        QCOMPARE(controller.lastAlertTitle(), u"Data Import File"_s);
+        QVERIFY(controller.lastAlertMessage().startsWith(u"The file could not be read."_s));
+        QCOMPARE(console.lines().size(), 1);
+        QVERIFY(!controller.importButtonEnabled());
+        QVERIFY(controller.loadFileButtonEnabled());
+        QVERIFY(controller.document().isNull());
+    }
+};
+
+QTEST_MAIN(TestExchangeScreens)
+#include "tst_exchangescreens.moc"
