@@ -1,0 +1,316 @@
+#include "benchoperations.h"
+
+#include "appdelegate.h"
+#include "bench.h"
+#include "breakdowntableviewcontroller.h"
+#include "exchangeformat.h"
+#include "exchangereader.h"
+#include "exchangewriter.h"
+#include "floors.h"
+#include "grouptableviewcontroller.h"
+#include "listvinyltableviewcontroller.h"
+#include "recordingplatformservices.h"
+#include "samplecollection.h"
+#include "store.h"
+
+#include <QAbstractItemModel>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSqlQuery>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRuns = 5;
+// Rows a phone shows at once.
+constexpr int kScreenful = 12;
+
+const QString kListColumns = u"rowid, id, name, artist, releaseDate, recordLabel, producer, quantity, albumDuration, "
+                             "vinylCondition, coverCondition, recordSpeed, doubleAlbum, cost, value, notes, "
+                             "frontImagePath, backImagePath"_s;
+
+// Reads every role of the first screenful, as the list view does when it first paints.
+void readFirstScreenful(const QAbstractItemModel &model)
+{
+    const QList<int> roles = model.roleNames().keys();
+    volatile qsizetype sink = 0;
+    for (int row = 0; row < std::min(kScreenful, model.rowCount()); ++row)
+        for (int role : roles)
+            sink = sink + model.data(model.index(row, 0), role).toString().size();
+}
+
+void add(BenchReport &report, const BenchCollection &c, const QString &name, double ms, std::optional<double> floorMs,
+         std::optional<double> targetMs, std::optional<double> targetRatio)
+{
+    // Targets are set for the collection's ceiling only.
+    const bool ceiling = c.records() == 32767;
+    report.add({name, c.records(), ms, floorMs, ceiling ? targetMs : std::nullopt, ceiling ? targetRatio : std::nullopt});
+}
+
+void measureCollectionList(BenchReport &report, BenchCollection &c)
+{
+    const QString file = c.store().filePath();
+    // Opening the store, loading the list (its first display is descending by name) and
+    // painting the first screenful.
+    const double open = medianMs(
+        kRuns,
+        [&] {
+            c.open();
+            ListVinylTableViewController list(&c.app());
+            readFirstScreenful(*list.model());
+        },
+        [&] { c.close(); });
+    if (!c.isOpen())
+        c.open();
+    c.close();
+    const double openFloor = Floors::select(file, u"SELECT "_s + kListColumns + u" FROM Vinyl ORDER BY name DESC"_s,
+                                            kRuns, Floors::Open::Timed);
+    c.open();
+    add(report, c, u"open to the first screenful of the list"_s, open, openFloor, 300, 2);
+
+    ListVinylTableViewController list(&c.app());
+    const QList<std::pair<int, QString>> sorts{
+        {1, u"name"_s}, {2, u"releaseDate"_s}, {3, u"recordLabel"_s}, {4, u"artist"_s}};
+    for (const auto &[option, column] : sorts) {
+        const double ms = medianMs(kRuns, [&] {
+            list.sortOptionSelected(option);
+            readFirstScreenful(*list.model());
+        });
+        const double floorMs =
+            Floors::select(file, u"SELECT "_s + kListColumns + u" FROM Vinyl ORDER BY "_s + column, kRuns);
+        add(report, c, u"list Refresh by "_s + column, ms, floorMs, 100, 2);
+    }
+
+    list.sortOptionSelected(1);
+    const double keystroke = medianMs(
+        kRuns,
+        [&] {
+            list.updateSearchResults(u"n"_s);
+            readFirstScreenful(*list.model());
+        },
+        [&] { list.updateSearchResults(QString()); });
+    const double keystrokeFloor = Floors::select(
+        file, u"SELECT rowid FROM Vinyl WHERE name LIKE '%n%' OR recordLabel LIKE '%n%' OR artist LIKE '%n%'"_s, kRuns);
+    add(report, c, u"search keystroke on the full list"_s, keystroke, keystrokeFloor, 16, std::nullopt);
+}
+
+template<typename Controller>
+void measureGroupList(BenchReport &report, BenchCollection &c, const QString &name, const QStringList &floorSql)
+{
+    const double ms = medianMs(kRuns, [&] {
+        Controller controller(&c.app());
+        readFirstScreenful(*controller.model());
+    });
+    double floorMs = 0;
+    for (const QString &sql : floorSql)
+        floorMs += Floors::select(c.store().filePath(), sql, kRuns);
+    add(report, c, name, ms, floorMs, 100, 2);
+}
+
+void measureGroupLists(BenchReport &report, BenchCollection &c)
+{
+    measureGroupList<ArtistGroupTableViewController>(
+        report, c, u"artist group list load and counts"_s,
+        {u"SELECT artist FROM Vinyl ORDER BY artist, rowid"_s,
+         u"SELECT artist, COUNT(*) FROM Vinyl WHERE artist IS NOT NULL GROUP BY artist"_s});
+    measureGroupList<LabelGroupTableViewController>(
+        report, c, u"label group list load and counts"_s,
+        {u"SELECT recordLabel FROM Vinyl ORDER BY recordLabel, rowid"_s,
+         u"SELECT recordLabel, COUNT(*) FROM Vinyl WHERE recordLabel IS NOT NULL GROUP BY recordLabel"_s});
+    measureGroupList<ProducerGroupTableViewController>(
+        report, c, u"producer group list load and counts"_s,
+        {u"SELECT producer FROM Vinyl ORDER BY releaseDate, rowid"_s,
+         u"SELECT producer, COUNT(*) FROM Vinyl WHERE producer IS NOT NULL GROUP BY producer"_s});
+    measureGroupList<YearGroupTableViewController>(
+        report, c, u"year group list load and counts"_s,
+        {u"SELECT releaseDate FROM Vinyl WHERE releaseDate IS NOT NULL ORDER BY releaseDate"_s});
+}
+
+// The artist with the most records.
+std::optional<QString> largestArtist(Store &store)
+{
+    QSqlQuery query(store.database());
+    if (!query.exec(u"SELECT artist FROM Vinyl WHERE artist IS NOT NULL GROUP BY artist ORDER BY COUNT(*) DESC LIMIT 1"_s)
+        || !query.next())
+        return std::nullopt;
+    return query.value(0).toString();
+}
+
+void measureBreakdown(BenchReport &report, BenchCollection &c)
+{
+    const auto artist = largestArtist(c.store());
+    if (!artist)
+        return;
+    auto records = c.store().fetchVinyl(FetchRequest(Entity::Vinyl).where(Predicate::equal(u"artist"_s, *artist)).limitedTo(1));
+    if (!records || records->isEmpty())
+        return;
+    c.app().state()->setCurrentRecord(records->first());
+    volatile qsizetype sink = 0;
+    const double ms = medianMs(kRuns, [&] {
+        ArtistBreakdownTableViewController breakdown(&c.app());
+        readFirstScreenful(*breakdown.model());
+        sink = sink + breakdown.footerText().size();
+    });
+    QString quoted = *artist;
+    quoted.replace(u'\'', u"''"_s);
+    const double floorMs = Floors::select(c.store().filePath(),
+                                          u"SELECT "_s + kListColumns + u" FROM Vinyl WHERE artist = '"_s + quoted
+                                              + u"' ORDER BY name, releaseDate, recordLabel, value"_s,
+                                          kRuns);
+    add(report, c, u"largest artist breakdown and footer"_s, ms, floorMs, std::nullopt, 2);
+}
+
+QString exportFloorSql(bool images)
+{
+    return u"SELECT "_s + kListColumns + (images ? u", frontImage, backImage"_s : QString())
+           + u" FROM Vinyl ORDER BY name, artist, releaseDate"_s;
+}
+
+const QString kTrackFloorSql = u"SELECT vinylID, trackNumber, song, writtenBy, duration FROM Tracks ORDER BY vinylID, trackNumber"_s;
+
+// Builds the exchange text and saves it, as the export screen's "Save To Files" does.
+QByteArray measureExport(BenchReport &report, BenchCollection &c, bool images, const QString &file)
+{
+    QByteArray text;
+    const double ms = medianMs(kRuns, [&] {
+        auto built = ExchangeWriter::build(c.store(), images);
+        text = built ? std::move(built).value() : QByteArray();
+        QFile out(file);
+        if (out.open(QIODevice::WriteOnly))
+            out.write(text);
+    });
+    const double floorMs = Floors::select(c.store().filePath(), exportFloorSql(images), kRuns)
+                           + Floors::select(c.store().filePath(), kTrackFloorSql, kRuns)
+                           + Floors::writeFile(file + u".floor"_s, text, kRuns);
+    QFile::remove(file + u".floor"_s);
+    add(report, c, images ? u"export with images"_s : u"export without images"_s, ms, floorMs, std::nullopt, 3);
+    return text;
+}
+
+// Reads the exchange file and merges it, as the import screen does.
+bool importFile(Store &store, const QString &file)
+{
+    auto text = Exchange::readFile(file);
+    return text && ExchangeReader::importAll(store, *text).ok();
+}
+
+void measureImport(BenchReport &report, BenchCollection &c, const QString &file, qint64 coverBytes)
+{
+    QTemporaryDir scratch;
+    std::unique_ptr<AppDelegate> target;
+    int round = 0;
+    bool ok = true;
+    auto freshStore = [&] {
+        target.reset();
+        const QString dir = QDir(scratch.path()).filePath(QString::number(round++));
+        auto app = AppDelegate::create(dir, true, std::make_unique<RecordingPlatformServices>());
+        target = app ? std::move(app).value() : nullptr;
+    };
+    const double empty = medianMs(kRuns, [&] { ok = ok && target && importFile(target->persistentContainer(), file); },
+                                  freshStore);
+    const double update = medianMs(kRuns, [&] { ok = ok && importFile(target->persistentContainer(), file); });
+    const QString importedStore = target->persistentContainer().filePath();
+    target.reset();
+    if (!ok)
+        std::fprintf(stderr, "bench: an import failed\n");
+
+    const QByteArray cover(coverBytes, 'x');
+    const double readFloor = Floors::readFile(file, kRuns);
+    const double insertFloor = Floors::insert(scratch.path(), c.records(), 20, cover, kRuns) + readFloor;
+    const double updateFloor = Floors::update(importedStore, cover, kRuns) + readFloor;
+    add(report, c, u"import into an empty store"_s, empty, insertFloor, std::nullopt, 3);
+    add(report, c, u"import again into the full store"_s, update, updateFloor, std::nullopt, 3);
+}
+
+// Average stored size of one cover, for floors that write covers.
+qint64 averageCoverBytes(Store &store)
+{
+    QSqlQuery query(store.database());
+    if (!query.exec(u"SELECT AVG(LENGTH(frontImage) + LENGTH(backImage)) / 2 FROM Vinyl"_s) || !query.next())
+        return 0;
+    return query.value(0).toLongLong();
+}
+
+void measureExchange(BenchReport &report, BenchCollection &c)
+{
+    const QString file = QDir(c.dataDir()).filePath(u"VinylCollection.csv"_s);
+    measureExport(report, c, false, file);
+    measureExport(report, c, true, file);
+    measureImport(report, c, file, averageCoverBytes(c.store()));
+    QFile::remove(file);
+}
+
+} // namespace
+
+Store &BenchCollection::store()
+{
+    return m_app->persistentContainer();
+}
+
+std::unique_ptr<BenchCollection> BenchCollection::make(int records)
+{
+    std::unique_ptr<BenchCollection> c(new BenchCollection(records));
+    QElapsedTimer timer;
+    timer.start();
+    if (!c->m_dir.isValid() || !c->open())
+        return nullptr;
+    SampleOptions options;
+    options.records = records;
+    options.tracksPerRecord = 20;
+    options.covers = true;
+    if (!addSampleCollection(c->store(), options))
+        return nullptr;
+    std::fprintf(stderr, "made %d records with 20 tracks and two covers each in %.1f s\n", records,
+                 timer.elapsed() / 1000.0);
+    return c;
+}
+
+bool BenchCollection::open()
+{
+    m_app.reset();
+    auto app = AppDelegate::create(m_dir.path(), true, std::make_unique<RecordingPlatformServices>());
+    if (!app)
+        return false;
+    m_app = std::move(app).value();
+    return true;
+}
+
+void BenchCollection::close()
+{
+    m_app.reset();
+}
+
+void measureAll(BenchReport &report, BenchCollection &c)
+{
+    measureCollectionList(report, c);
+    measureGroupLists(report, c);
+    measureBreakdown(report, c);
+    measureExchange(report, c);
+}
+
+bool openEveryScreen(const QString &dataDir)
+{
+    auto created = AppDelegate::create(dataDir, true, std::make_unique<RecordingPlatformServices>());
+    if (!created)
+        return false;
+    std::unique_ptr<AppDelegate> app = std::move(created).value();
+    ListVinylTableViewController list(app.get());
+    readFirstScreenful(*list.model());
+    ArtistGroupTableViewController artists(app.get());
+    LabelGroupTableViewController labels(app.get());
+    ProducerGroupTableViewController producers(app.get());
+    YearGroupTableViewController years(app.get());
+    if (const auto artist = largestArtist(app->persistentContainer())) {
+        auto records = app->persistentContainer().fetchVinyl(
+            FetchRequest(Entity::Vinyl).where(Predicate::equal(u"artist"_s, *artist)).limitedTo(1));
+        if (records && !records->isEmpty())
+            app->state()->setCurrentRecord(records->first());
+        ArtistBreakdownTableViewController breakdown(app.get());
+        readFirstScreenful(*breakdown.model());
+    }
+    return list.model()->rowCount() > 0;
+}
