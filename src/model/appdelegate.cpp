@@ -3,6 +3,7 @@
 #include "platformservices.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJSEngine>
 #include <QPointer>
 #include <QStandardPaths>
@@ -22,9 +23,20 @@ AppDelegate::AppDelegate(QString dataDir, const QString &settingsFile, std::uniq
 
 AppDelegate::~AppDelegate() = default;
 
+namespace {
+// Without TZ the C library looks at /etc/localtime again on every local-time conversion, a
+// file-system call per date a list shows. Naming that same file reads it once.
+void pinLocalTimeZone()
+{
+    if (qEnvironmentVariableIsEmpty("TZ") && QFileInfo::exists(u"/etc/localtime"_s))
+        qputenv("TZ", ":/etc/localtime");
+}
+} // namespace
+
 Result<std::unique_ptr<AppDelegate>> AppDelegate::create(const QString &dataDir, bool dataDirChosen,
                                                          std::unique_ptr<PlatformServices> platform)
 {
+    pinLocalTimeZone();
     if (!QDir().mkpath(dataDir))
         return Error{u"Cannot create the data folder "_s + dataDir};
     auto store = Store::open(QDir(dataDir).filePath(Store::kFileName));

@@ -3,6 +3,9 @@
 #include <QLocale>
 #include <QTimeZone>
 
+#include <chrono>
+#include <optional>
+
 #include <unicode/datefmt.h>
 #include <unicode/decimfmt.h>
 #include <unicode/numfmt.h>
@@ -48,12 +51,30 @@ std::unique_ptr<icu::DateFormat> pattern(const char16_t *text, const icu::Locale
     return U_SUCCESS(status) ? std::move(format) : nullptr;
 }
 
+// The system time zone's id. Reading it touches several files, and dates are formatted per
+// list row, so it is read again only when TZ changes or a few seconds have passed.
+QByteArray systemZoneId()
+{
+    using Clock = std::chrono::steady_clock;
+    thread_local QByteArray tz;
+    thread_local QByteArray id;
+    thread_local std::optional<Clock::time_point> readAt;
+    const QByteArray env = qgetenv("TZ");
+    const Clock::time_point now = Clock::now();
+    if (!readAt || env != tz || now - *readAt > std::chrono::seconds(5)) {
+        tz = env;
+        id = QTimeZone::systemTimeZoneId();
+        readAt = now;
+    }
+    return id;
+}
+
 // The set for the current locale and time zone, rebuilt only when either changes.
 FormatterSet &formatters()
 {
     thread_local FormatterSet set;
     const QString localeName = Formatters::icuLocaleName();
-    const QByteArray zoneId = QTimeZone::systemTimeZoneId();
+    const QByteArray zoneId = systemZoneId();
     if (set.currency && set.localeName == localeName && set.zoneId == zoneId)
         return set;
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <sys/resource.h>
 
 double medianMs(int runs, const std::function<void()> &work, const std::function<void()> &prepare)
 {
@@ -65,7 +64,13 @@ bool BenchReport::writeJson(const QString &path, double peakRss) const
 
 double peakRssMb()
 {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return double(usage.ru_maxrss) / 1024.0; // ru_maxrss is in KB on Linux
+    // VmHWM, not getrusage: a child's ru_maxrss starts from its parent's peak at fork.
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0; // the value is in kB
+    }
+    return 0;
 }

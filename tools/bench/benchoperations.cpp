@@ -286,10 +286,18 @@ void BenchCollection::close()
 
 void measureAll(BenchReport &report, BenchCollection &c)
 {
-    measureCollectionList(report, c);
-    measureGroupLists(report, c);
-    measureBreakdown(report, c);
-    measureExchange(report, c);
+    // PLATTERBOX_BENCH_ONLY="list,exchange" measures some groups of operations only.
+    const QStringList only = qEnvironmentVariable("PLATTERBOX_BENCH_ONLY").split(u',', Qt::SkipEmptyParts);
+    const QList<std::pair<QString, void (*)(BenchReport &, BenchCollection &)>> groups{
+        {u"list"_s, measureCollectionList},
+        {u"groups"_s, measureGroupLists},
+        {u"breakdown"_s, measureBreakdown},
+        {u"exchange"_s, measureExchange},
+    };
+    for (const auto &[name, measure] : groups) {
+        if (only.isEmpty() || only.contains(name))
+            measure(report, c);
+    }
 }
 
 bool openEveryScreen(const QString &dataDir)
