@@ -48,16 +48,19 @@ QString TextCache::mediumDate(const QDateTime &date)
     return *it;
 }
 
-Row makeRow(const Vinyl &vinyl, TextCache &texts)
+Row makeRow(const Vinyl &vinyl, const QString &sortName, TextCache &texts)
 {
     Row row;
     row.rowId = vinyl.rowId;
     row.name = text(vinyl.name);
-    row.nameKey = lowered(vinyl.name);
-    row.labelKey = lowered(vinyl.recordLabel);
-    row.artistKey = lowered(vinyl.artist);
-    if (vinyl.releaseDate)
-        row.dateText = texts.mediumDate(*vinyl.releaseDate);
+    if (sortName == BrowseTexts::kSortName)
+        row.searchKey = lowered(vinyl.name);
+    else if (sortName == BrowseTexts::kSortRecordLabel)
+        row.searchKey = lowered(vinyl.recordLabel);
+    else if (sortName == BrowseTexts::kSortArtist)
+        row.searchKey = lowered(vinyl.artist);
+    else if (sortName == BrowseTexts::kSortYear && vinyl.releaseDate)
+        row.searchKey = texts.mediumDate(*vinyl.releaseDate);
     return row;
 }
 
@@ -67,8 +70,7 @@ QString currencyOrZero(double amount)
     return text.isEmpty() ? u"0"_s : text;
 }
 
-RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText,
-                    TextCache &texts)
+RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts)
 {
     RecordCard card;
     card.rowId = vinyl.rowId;
@@ -79,7 +81,8 @@ RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::opti
         card.nameLabel = u"Album: "_s + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
     else if (sortName == BrowseTexts::kSortArtist)
         card.nameLabel = u"Artist: "_s + text(vinyl.artist) + u"  Album: "_s + text(vinyl.name);
-    card.releaseDateLabel = u"Release Date: "_s + dateText.value_or(u"N/A"_s);
+    card.releaseDateLabel =
+        u"Release Date: "_s + (vinyl.releaseDate ? texts.mediumDate(*vinyl.releaseDate) : u"N/A"_s);
     if (sortName == BrowseTexts::kSortRecordLabel)
         card.producerLabel = u"Record Label: "_s + text(vinyl.recordLabel) + u"  Speed: "_s + text(vinyl.recordSpeed);
     else
@@ -98,25 +101,13 @@ std::optional<QList<int>> search(const QList<Row> &rows, const QList<int> &list,
     if (text.isEmpty())
         return list;
 
-    std::optional<QString> Row::*key = nullptr;
-    bool caseSensitive = false;
-    if (sortName == BrowseTexts::kSortName) {
-        key = &Row::nameKey;
-    } else if (sortName == BrowseTexts::kSortRecordLabel) {
-        key = &Row::labelKey;
-    } else if (sortName == BrowseTexts::kSortArtist) {
-        key = &Row::artistKey;
-    } else if (sortName == BrowseTexts::kSortYear) {
-        key = &Row::dateText;
-        caseSensitive = true;
-    } else {
+    if (sortAttribute(sortName).isEmpty())
         return std::nullopt;
-    }
-
-    const QString needle = caseSensitive ? text : text.toLower();
+    // Dates match as typed; the other keys are lower-cased.
+    const QString needle = sortName == BrowseTexts::kSortYear ? text : text.toLower();
     QList<int> found;
     for (int index : list) {
-        const std::optional<QString> &value = rows.at(index).*key;
+        const std::optional<QString> &value = rows.at(index).searchKey;
         if (value && value->contains(needle, Qt::CaseSensitive))
             found.append(index);
     }

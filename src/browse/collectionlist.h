@@ -19,10 +19,9 @@ struct Row
 {
     qint64 rowId = 0;
     QString name; // sort key; an absent name reads as empty
-    std::optional<QString> nameKey; // lower-cased, absent when the record has no name
-    std::optional<QString> labelKey;
-    std::optional<QString> artistKey;
-    std::optional<QString> dateText; // medium date style, absent without a release date
+    // What a search under the row's sort choice looks in: the lower-cased name, label or
+    // artist, or the medium date text; absent when the record has none.
+    std::optional<QString> searchKey;
 };
 
 // The store attribute a sort choice ("Name", "Year", "RecordLabel", "Artist") sorts by;
@@ -42,13 +41,12 @@ private:
     QHash<qint64, QString> m_dates;
 };
 
-[[nodiscard]] Row makeRow(const Vinyl &vinyl, TextCache &texts);
-// The card of a record under a sort choice. dateText is the record's medium date text.
-[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, const std::optional<QString> &dateText,
-                                  TextCache &texts);
+[[nodiscard]] Row makeRow(const Vinyl &vinyl, const QString &sortName, TextCache &texts);
+// The card of a record under a sort choice.
+[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts);
 
-// The records of list (indices into rows, kept in list order) that a search for text keeps
-// under a sort choice; nullopt when the sort choice has no search (the filtered list stays).
+// The records of list (indices into rows made under sortName, kept in list order) that a
+// search for text keeps; nullopt when the sort choice has no search (the filtered list stays).
 // Name, label and artist match case-insensitively; "Year" matches the medium date text
 // exactly as typed.
 [[nodiscard]] std::optional<QList<int>> search(const QList<Row> &rows, const QList<int> &list,

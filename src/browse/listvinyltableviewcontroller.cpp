@@ -79,8 +79,11 @@ void ListVinylTableViewController::refresh()
 {
     if (!app() || !m_sortAsc)
         return;
+    // Nothing asks the model for a card until showList() tells it of the new rows.
+    m_records.clear();
     m_rows.clear();
     m_cards.clear();
+    m_texts = {};
     m_vinylList.clear();
     m_filteredList.clear();
     // Every refresh reverses the direction, so choosing the same sort twice reverses the
@@ -88,23 +91,21 @@ void ListVinylTableViewController::refresh()
     m_sortAsc = !*m_sortAsc;
 
     FetchRequest request(Entity::Vinyl);
+    request.onlyCardAttributes();
     if (const QString attribute = CollectionList::sortAttribute(m_sortName); !attribute.isEmpty())
         request.sortedBy(attribute, *m_sortAsc);
     auto fetched = app()->persistentContainer().fetchVinyl(request);
     if (!fetched) {
         consoleLine(fetched.errorMessage());
     } else {
-        const QList<Vinyl> &records = fetched.value();
-        m_rows.reserve(records.size());
-        m_cards.reserve(records.size());
-        m_vinylList.reserve(records.size());
-        CollectionList::TextCache texts;
-        for (const Vinyl &vinyl : records) {
-            CollectionList::Row row = CollectionList::makeRow(vinyl, texts);
-            m_cards.append(CollectionList::makeCard(vinyl, m_sortName, row.dateText, texts));
+        m_records = std::move(fetched).value();
+        m_rows.reserve(m_records.size());
+        m_vinylList.reserve(m_records.size());
+        for (const Vinyl &vinyl : std::as_const(m_records)) {
             m_vinylList.append(int(m_rows.size()));
-            m_rows.append(std::move(row));
+            m_rows.append(CollectionList::makeRow(vinyl, m_sortName, m_texts));
         }
+        m_cards.resize(m_records.size());
     }
     m_filteredList = m_vinylList;
     showList();
@@ -185,11 +186,14 @@ QString ListVinylTableViewController::headerText() const
 
 void ListVinylTableViewController::showList()
 {
-    const QList<int> &list = shownList();
-    QList<RecordCard> cards;
-    cards.reserve(list.size());
-    for (int index : list)
-        cards.append(m_cards.at(index));
-    m_model.setCards(std::move(cards));
+    m_model.setCards(shownList(), [this](int record) -> const RecordCard & { return cardOf(record); });
     emit listChanged();
+}
+
+const RecordCard &ListVinylTableViewController::cardOf(int record)
+{
+    std::optional<RecordCard> &card = m_cards[record];
+    if (!card)
+        card = CollectionList::makeCard(m_records.at(record), m_sortName, m_texts);
+    return *card;
 }

@@ -64,10 +64,15 @@ private:
     void showList();
     [[nodiscard]] const QList<int> &shownList() const { return searching() ? m_filteredList : m_vinylList; }
 
+    [[nodiscard]] const RecordCard &cardOf(int record);
+
     RecordCardModel m_model;
-    // The records of the last fetch; VinylList and FilteredVinylList index into them.
+    // The records of the last fetch; VinylList and FilteredVinylList index into them. A
+    // record's card is made the first time the view asks for it.
+    QList<Vinyl> m_records;
     QList<CollectionList::Row> m_rows;
-    QList<RecordCard> m_cards;
+    QList<std::optional<RecordCard>> m_cards;
+    CollectionList::TextCache m_texts;
     QList<int> m_vinylList;
     QList<int> m_filteredList;
     std::optional<bool> m_sortAsc;

@@ -1,33 +1,54 @@
 #include "recordcardmodel.h"
 
+#include <numeric>
+
 RecordCardModel::RecordCardModel(QObject *parent) : QAbstractListModel(parent) {}
 
 void RecordCardModel::setCards(QList<RecordCard> cards)
 {
     beginResetModel();
-    m_cards = std::move(cards);
+    m_ownCards = std::move(cards);
+    m_records.resize(m_ownCards.size());
+    std::iota(m_records.begin(), m_records.end(), 0);
+    m_lookup = [this](int record) -> const RecordCard & { return m_ownCards.at(record); };
+    endResetModel();
+}
+
+void RecordCardModel::setCards(QList<int> records, CardLookup lookup)
+{
+    beginResetModel();
+    m_ownCards.clear();
+    m_records = std::move(records);
+    m_lookup = std::move(lookup);
     endResetModel();
 }
 
 void RecordCardModel::removeCard(int row)
 {
-    if (row < 0 || row >= m_cards.size())
+    if (row < 0 || row >= m_records.size())
         return;
     beginRemoveRows({}, row, row);
-    m_cards.removeAt(row);
+    m_records.removeAt(row);
     endRemoveRows();
+}
+
+RecordCard RecordCardModel::card(int row) const
+{
+    if (row < 0 || row >= m_records.size())
+        return {};
+    return m_lookup(m_records.at(row));
 }
 
 int RecordCardModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_cards.size());
+    return parent.isValid() ? 0 : int(m_records.size());
 }
 
 QVariant RecordCardModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const RecordCard &card = m_cards.at(index.row());
+    const RecordCard &card = m_lookup(m_records.at(index.row()));
     switch (role) {
     case RowIdRole:
         return card.rowId;

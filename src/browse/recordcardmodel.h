@@ -5,7 +5,9 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-// The five text lines and the cover of one record card, computed once when a list loads.
+#include <functional>
+
+// The five text lines and the cover of one record card.
 struct RecordCard
 {
     qint64 rowId = 0;
@@ -17,7 +19,8 @@ struct RecordCard
     QString coverSource;
 };
 
-// The record cards a list screen shows, in the order shown.
+// The record cards a list screen shows, in the order shown. Cards come either whole or
+// from a lookup by record index, so that a long list makes only the cards that get shown.
 class RecordCardModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -37,14 +40,22 @@ public:
 
     explicit RecordCardModel(QObject *parent = nullptr);
 
+    // The card of a record index; the reference must stay valid until the next setCards.
+    using CardLookup = std::function<const RecordCard &(int record)>;
+
     void setCards(QList<RecordCard> cards);
+    // Shows the records at these indices, in this order, with cards from lookup.
+    void setCards(QList<int> records, CardLookup lookup);
     void removeCard(int row);
-    [[nodiscard]] const QList<RecordCard> &cards() const { return m_cards; }
+    // The card of a shown row; an empty card outside the rows.
+    [[nodiscard]] RecordCard card(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 private:
-    QList<RecordCard> m_cards;
+    QList<RecordCard> m_ownCards;
+    QList<int> m_records;
+    CardLookup m_lookup;
 };

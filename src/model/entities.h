@@ -41,6 +41,9 @@ struct Vinyl
     // List fetches never read the cover BLOBs; such an object has imagesLoaded false and
     // an update of it leaves the stored covers untouched.
     bool imagesLoaded = false;
+    // Read with FetchRequest::cardAttributesOnly(): the attributes a record card shows are
+    // set, the rest read as absent. The store refuses to save such an object.
+    bool cardAttributesOnly = false;
 };
 
 struct Track

@@ -34,10 +34,14 @@ struct FetchRequest
     QList<SortKey> sortKeys;
     int limit = 0; // 0: no limit
     bool includeImages = false;
+    bool cardAttributesOnly = false;
 
     explicit FetchRequest(Entity e = Entity::Vinyl) : entity(e) {}
     FetchRequest &where(Predicate p) { predicates.append(std::move(p)); return *this; }
     FetchRequest &sortedBy(const QString &attribute, bool ascending = true) { sortKeys.append({attribute, ascending}); return *this; }
     FetchRequest &limitedTo(int n) { limit = n; return *this; }
     FetchRequest &withImages(bool on = true) { includeImages = on; return *this; }
+    // Reads only the attributes of a record card (Store::kCardAttributes): a long list reads
+    // them from covering indexes without touching the records' rows.
+    FetchRequest &onlyCardAttributes() { cardAttributesOnly = true; return *this; }
 };

@@ -221,6 +221,34 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
     return built;
 }
 
+QString cardColumnList()
+{
+    QStringList names{u"rowid"_s};
+    for (const QString &attribute : Store::kCardAttributes)
+        names << u'"' + attribute + u'"';
+    return names.join(u", "_s);
+}
+
+// The columns of cardColumnList(), in its order.
+Vinyl readCardVinyl(const Statement &q)
+{
+    Vinyl v;
+    v.rowId = q.integer(0);
+    v.name = readText(q, 1);
+    v.artist = readText(q, 2);
+    v.releaseDate = readDate(q, 3);
+    v.recordLabel = readText(q, 4);
+    v.producer = readText(q, 5);
+    v.quantity = readInt16(q, 6);
+    v.albumDuration = readDouble(q, 7);
+    v.recordSpeed = readText(q, 8);
+    v.doubleAlbum = readText(q, 9);
+    v.cost = readFloat(q, 10);
+    v.value = readFloat(q, 11);
+    v.cardAttributesOnly = true;
+    return v;
+}
+
 Vinyl readVinyl(const Statement &q, bool includeImages)
 {
     Vinyl v;
@@ -336,31 +364,47 @@ Result<void> Store::migrate()
     if (!q.exec(u"PRAGMA user_version"_s) || !q.next())
         return sqlError(u"Cannot read the store's version"_s, q.lastError());
     const int version = q.value(0).toInt();
+    q.finish(); // an open read keeps the schema locked against the changes below
     if (version > kSchemaVersion)
         return Error{u"The store was written by a newer version of Platterbox (schema %1, this version knows %2)"_s
                          .arg(version)
                          .arg(kSchemaVersion)};
-    if (version >= 1)
+    if (version >= kSchemaVersion)
         return {};
 
-    return transaction([this]() -> Result<void> {
-        const QStringList statements = {
-            u"CREATE TABLE Vinyl (id INTEGER, name TEXT, artist TEXT, releaseDate INTEGER, recordLabel TEXT, "
-            "producer TEXT, quantity INTEGER, albumDuration REAL, vinylCondition TEXT, coverCondition TEXT, "
-            "recordSpeed TEXT, doubleAlbum TEXT, cost REAL, value REAL, notes TEXT, frontImagePath TEXT, "
-            "backImagePath TEXT, frontImage BLOB, backImage BLOB)"_s,
-            u"CREATE TABLE Tracks (vinylID INTEGER, trackNumber INTEGER, song TEXT, writtenBy TEXT, duration REAL)"_s,
-            u"CREATE TABLE VinylCondition (condition TEXT)"_s,
-            u"CREATE TABLE CoverCondition (condition TEXT)"_s,
-            u"CREATE INDEX VinylByName ON Vinyl(name)"_s,
-            u"CREATE INDEX VinylByArtist ON Vinyl(artist)"_s,
-            u"CREATE INDEX VinylByRecordLabel ON Vinyl(recordLabel)"_s,
-            u"CREATE INDEX VinylByProducer ON Vinyl(producer)"_s,
-            u"CREATE INDEX VinylByReleaseDate ON Vinyl(releaseDate)"_s,
-            u"CREATE INDEX VinylById ON Vinyl(id)"_s,
-            u"CREATE INDEX TracksByRecord ON Tracks(vinylID, trackNumber)"_s,
-            u"PRAGMA user_version = 1"_s,
-        };
+    return transaction([this, version]() -> Result<void> {
+        QStringList statements;
+        if (version < 1) {
+            statements << u"CREATE TABLE Vinyl (id INTEGER, name TEXT, artist TEXT, releaseDate INTEGER, recordLabel TEXT, "
+                          "producer TEXT, quantity INTEGER, albumDuration REAL, vinylCondition TEXT, coverCondition TEXT, "
+                          "recordSpeed TEXT, doubleAlbum TEXT, cost REAL, value REAL, notes TEXT, frontImagePath TEXT, "
+                          "backImagePath TEXT, frontImage BLOB, backImage BLOB)"_s
+                       << u"CREATE TABLE Tracks (vinylID INTEGER, trackNumber INTEGER, song TEXT, writtenBy TEXT, duration REAL)"_s
+                       << u"CREATE TABLE VinylCondition (condition TEXT)"_s
+                       << u"CREATE TABLE CoverCondition (condition TEXT)"_s
+                       << u"CREATE INDEX VinylByName ON Vinyl(name)"_s
+                       << u"CREATE INDEX VinylByArtist ON Vinyl(artist)"_s
+                       << u"CREATE INDEX VinylByRecordLabel ON Vinyl(recordLabel)"_s
+                       << u"CREATE INDEX VinylByProducer ON Vinyl(producer)"_s
+                       << u"CREATE INDEX VinylByReleaseDate ON Vinyl(releaseDate)"_s
+                       << u"CREATE INDEX VinylById ON Vinyl(id)"_s
+                       << u"CREATE INDEX TracksByRecord ON Tracks(vinylID, trackNumber)"_s;
+        }
+        if (version < 2) {
+            // The list orders become covering indexes over what a card shows: rows are wide
+            // (two covers each), so a long list read from the table touches a page per record.
+            for (const QString &order : {u"name"_s, u"artist"_s, u"recordLabel"_s, u"releaseDate"_s}) {
+                QStringList columns{order};
+                for (const QString &attribute : kCardAttributes) {
+                    if (attribute != order)
+                        columns << attribute;
+                }
+                const QString index = u"VinylBy"_s + order.at(0).toUpper() + order.mid(1);
+                statements << u"DROP INDEX IF EXISTS "_s + index
+                           << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + columns.join(u", "_s) + u')';
+            }
+        }
+        statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         for (const QString &sql : statements) {
             if (auto r = exec(sql); !r)
                 return r;
@@ -479,7 +523,8 @@ Result<void> Store::write(const QString &sql, const QVariantList &values, qint64
 
 Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
 {
-    auto built = buildSelect(request, columnList(Entity::Vinyl, request.includeImages), true);
+    const bool cards = request.cardAttributesOnly && !request.includeImages;
+    auto built = buildSelect(request, cards ? cardColumnList() : columnList(Entity::Vinyl, request.includeImages), true);
     if (!built)
         return built.error();
     auto q = runSelect(database(), *built);
@@ -487,7 +532,7 @@ Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
         return q.error();
     QList<Vinyl> rows;
     while ((*q)->next())
-        rows.append(readVinyl(**q, request.includeImages));
+        rows.append(cards ? readCardVinyl(**q) : readVinyl(**q, request.includeImages));
     return rows;
 }
 
@@ -577,6 +622,8 @@ Result<void> Store::insert(Entity conditionEntity, Condition &condition)
 
 Result<void> Store::update(const Vinyl &vinyl)
 {
+    if (vinyl.cardAttributesOnly)
+        return Error{u"A record read for a list cannot be saved; read it whole first."_s};
     const int n = vinyl.imagesLoaded ? int(vinylColumns().size()) : kVinylColumnsWithoutImages;
     QVariantList values = vinylValues(vinyl, vinyl.imagesLoaded);
     values << vinyl.rowId;

@@ -12,6 +12,8 @@
 
 #include <functional>
 #include <memory>
+#include <QStringList>
+
 #include <optional>
 
 // The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
@@ -22,8 +24,14 @@
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 1;
+    static constexpr int kSchemaVersion = 2;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
+    // What a record card shows; the store keeps a covering index per list order over them.
+    static inline const QStringList kCardAttributes = {
+        QStringLiteral("name"),        QStringLiteral("artist"),        QStringLiteral("releaseDate"),
+        QStringLiteral("recordLabel"), QStringLiteral("producer"),      QStringLiteral("quantity"),
+        QStringLiteral("albumDuration"), QStringLiteral("recordSpeed"), QStringLiteral("doubleAlbum"),
+        QStringLiteral("cost"),        QStringLiteral("value")};
 
     // Opens (creating and migrating when needed) the store file; ":memory:" gives a private
     // in-memory store.

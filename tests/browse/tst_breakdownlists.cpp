@@ -266,7 +266,7 @@ void TestBreakdownLists::cardTexts()
     app.app().state()->editCurrentRecord().producer = u"Bob"_s;
     auto list = openBreakdown(Kind(kind), app.app());
     list->updateSearchResults(searching ? u"wall"_s : QString());
-    const RecordCard card = list->model()->cards().value(0);
+    const RecordCard card = list->model()->card(0);
     QCOMPARE(QStringList({card.nameLabel, card.releaseDateLabel, card.producerLabel, card.costLabel, card.speedLabel}),
              lines);
 }

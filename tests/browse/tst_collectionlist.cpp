@@ -201,7 +201,7 @@ void TestCollectionList::cardTextsFollowTheSortChoice()
         .duration(45).store(app.store());
     ListVinylTableViewController list(&app.app());
     list.sortOptionSelected(option);
-    const RecordCard card = list.model()->cards().value(0);
+    const RecordCard card = list.model()->card(0);
     QCOMPARE(card.nameLabel, nameLabel);
     QCOMPARE(card.releaseDateLabel, u"Release Date: Feb 4, 1977"_s);
     QCOMPARE(card.producerLabel, producerLabel);
@@ -215,7 +215,7 @@ void TestCollectionList::cardOfASparseRecord()
     TestApp app;
     app.addVinyl(u"Untitled"_s);
     ListVinylTableViewController list(&app.app());
-    const RecordCard card = list.model()->cards().value(0);
+    const RecordCard card = list.model()->card(0);
     QCOMPARE(card.nameLabel, u"Album: Untitled  Artist: "_s);
     QCOMPARE(card.releaseDateLabel, u"Release Date: N/A"_s);
     QCOMPARE(card.producerLabel, u"Producer:   Speed: "_s);
@@ -280,7 +280,7 @@ void TestCollectionList::pickingARowFillsCurrentRecordAndOpensTheEditor()
 void TestCollectionList::pickingARecordDeletedElsewhereAlertsAndRefreshes()
 {
     ListVinylTableViewController list(&m_app->app());
-    const qint64 rowId = list.model()->cards().at(0).rowId;
+    const qint64 rowId = list.model()->card(0).rowId;
     QVERIFY(m_app->store().remove(Entity::Vinyl, rowId));
     list.rowPicked(0);
     QCOMPARE(list.lastAlertTitle(), BrowseTexts::kRecordNotFoundTitle);

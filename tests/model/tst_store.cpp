@@ -163,6 +163,63 @@ private slots:
         QVERIFY(app.store().coverImage(v.rowId, CoverSide::Back)->isEmpty());
     }
 
+    void cardFetchReadsWhatACardShowsAndCannotBeSaved()
+    {
+        TestApp app;
+        Vinyl v = app.addVinyl(u"Card"_s, u"Artist"_s, u"Label"_s, 3);
+        v.notes = u"long notes"_s;
+        v.cost = 12.5f;
+        v.value = 30.0f;
+        v.quantity = 2;
+        v.doubleAlbum = u"Yes"_s;
+        QVERIFY(app.store().update(v).ok());
+
+        auto full = app.store().fetchVinyl(FetchRequest());
+        auto cards = app.store().fetchVinyl(FetchRequest().onlyCardAttributes());
+        QVERIFY(full.ok() && cards.ok());
+        const Vinyl &a = full->first();
+        const Vinyl &c = cards->first();
+        QCOMPARE(c.rowId, a.rowId);
+        QCOMPARE(c.name, a.name);
+        QCOMPARE(c.artist, a.artist);
+        QCOMPARE(c.recordLabel, a.recordLabel);
+        QCOMPARE(c.quantity, a.quantity);
+        QCOMPARE(c.doubleAlbum, a.doubleAlbum);
+        QCOMPARE(c.cost, a.cost);
+        QCOMPARE(c.value, a.value);
+        QVERIFY(!c.notes.has_value());
+
+        Vinyl changed = c;
+        changed.name = u"Renamed"_s;
+        QVERIFY(!app.store().update(changed).ok());
+        QCOMPARE(text(app.store().fetchVinyl(FetchRequest())->first().notes), u"long notes"_s);
+    }
+
+    void firstVersionStoreIsUpgradedKeepingItsRecords()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"Platterbox.sqlite"_s);
+        {
+            auto store = Store::open(path);
+            QVERIFY(store.ok());
+            Vinyl v;
+            v.name = u"Kept"_s;
+            v.imagesLoaded = true;
+            QVERIFY((*store)->insert(v).ok());
+            QSqlQuery q((*store)->database());
+            QVERIFY(q.exec(u"DROP INDEX VinylByName"_s));
+            QVERIFY(q.exec(u"CREATE INDEX VinylByName ON Vinyl(name)"_s));
+            QVERIFY(q.exec(u"PRAGMA user_version = 1"_s));
+        }
+        auto reopened = Store::open(path);
+        QVERIFY(reopened.ok());
+        QSqlQuery q((*reopened)->database());
+        QVERIFY(q.exec(u"SELECT count(*) FROM pragma_index_info('VinylByName')"_s) && q.next());
+        QCOMPARE(q.value(0).toInt(), int(Store::kCardAttributes.size()));
+        q.finish();
+        QCOMPARE(names(*(*reopened)->fetchVinyl(FetchRequest())), QStringList{u"Kept"_s});
+    }
+
     void failedActionRollsBackWhole()
     {
         TestApp app;
