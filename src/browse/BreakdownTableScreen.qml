@@ -32,6 +32,11 @@ ScreenPage {
             text: root.controller.shareButtonTitle
             enabled: root.controller.canSharePdf
             onClicked: root.shareClicked()
+        },
+        ToolButton {
+            objectName: "ReportButton"
+            text: "Report"
+            onClicked: AppDelegate.navigator.show("PrintVinylView")
         }
     ]
 

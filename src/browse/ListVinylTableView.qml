@@ -48,6 +48,11 @@ ScreenPage {
             }
         },
         ToolButton {
+            objectName: "ReportButton"
+            text: "Report"
+            onClicked: AppDelegate.navigator.show("PrintVinylView")
+        },
+        ToolButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
