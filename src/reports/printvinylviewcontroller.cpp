@@ -45,13 +45,15 @@ void PrintVinylViewController::fetch()
     m_vinylList.clear();
     fileText().clear();
     const AppState &state = *app()->state();
-    const auto request = ReportBuilder::reportRequest(state.originScreen(), state.currentRecord(), state.sortAscending());
-    // Another origin selects nothing: the list stays empty until the rebuild button reports it.
-    if (!request) {
+    if (!ReportBuilder::reportRequest(state.originScreen(), state.currentRecord(), state.sortAscending())) {
+        // Another origin selects nothing: the list stays empty until the rebuild button reports it.
+        m_printButtonVisible = false;
         emit reportChanged();
         return;
     }
-    if (auto fetched = app()->persistentContainer().fetchVinyl(*request))
+    auto fetched = ReportBuilder::fetchReport(app()->persistentContainer(), state.originScreen(), state.currentRecord(),
+                                              state.sortAscending());
+    if (fetched)
         m_vinylList = std::move(fetched).value();
     else
         consoleLine(fetched.errorMessage());

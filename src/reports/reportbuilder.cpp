@@ -5,6 +5,7 @@
 #include "formatters.h"
 #include "logging.h"
 #include "reporttexts.h"
+#include "store.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
@@ -206,6 +207,14 @@ std::optional<FetchRequest> reportRequest(const QString &originScreen, const Cur
     return request;
 }
 
+Result<QList<Vinyl>> fetchReport(Store &store, const QString &originScreen, const CurrentRecord &group, bool ascending)
+{
+    const auto request = reportRequest(originScreen, group, ascending);
+    if (!request)
+        return QList<Vinyl>();
+    return store.fetchVinyl(*request);
+}
+
 QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasValue)
 {
     std::optional<QString> value;
@@ -293,6 +302,8 @@ Result<void> writePdf(QTextDocument &document, const QString &filePath)
         writer.setPageLayout(QPageLayout(QPageSize(QSizeF(kPageWidth, kPageHeight), QPageSize::Point),
                                          QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
         document.documentLayout()->setPaintDevice(&writer);
+        // The pages have no margins; the text keeps a small inset of its own so no printer cuts it.
+        document.setDocumentMargin(kTextInset);
         document.setPageSize(QSizeF(kPageWidth, kPageHeight));
         document.markContentsDirty(0, document.characterCount());
         pages = document.pageCount();
@@ -310,12 +321,16 @@ Result<void> writePdf(QTextDocument &document, const QString &filePath)
         }
         document.documentLayout()->setPaintDevice(nullptr);
     }
+    // QPdfWriter rounds the page to whole points (595 x 842). Its media boxes are written with
+    // six decimals, so the exact A4 size goes in place without moving any byte of the file.
+    QByteArray pdf = buffer.data();
+    pdf.replace("/MediaBox [0 0 595.000000 842.000000]", "/MediaBox [0 0 595.200000 841.800000]");
     QString problem;
     if (pages < 1) {
         problem = u"the document has no pages"_s;
     } else {
         QSaveFile file(filePath);
-        if (!file.open(QIODevice::WriteOnly) || file.write(buffer.data()) != buffer.data().size() || !file.commit())
+        if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size() || !file.commit())
             problem = file.errorString();
     }
     if (!problem.isEmpty()) {

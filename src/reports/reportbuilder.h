@@ -11,6 +11,7 @@
 #include <optional>
 
 class CoverPictures;
+class Store;
 class QTextDocument;
 struct CurrentRecord;
 
@@ -24,6 +25,8 @@ inline constexpr double kPageWidth = 595.2;
 inline constexpr double kPageHeight = 841.8;
 // The phone view the covers are sized against: one sixth of its width.
 inline constexpr double kViewWidth = 390.0;
+// The text's own inset from the page edges, in points.
+inline constexpr double kTextInset = 18.0;
 
 // Filtered-list document of a breakdown list: the records shown, in order.
 [[nodiscard]] QString filteredListTitle(const BreakdownKind &kind, const Vinyl &first, bool *hasValue = nullptr);
@@ -34,6 +37,9 @@ Result<void> buildFilteredList(QTextDocument &document, const BreakdownKind &kin
 // nullopt when the origin (or an absent group value) selects nothing.
 [[nodiscard]] std::optional<FetchRequest> reportRequest(const QString &originScreen, const CurrentRecord &group,
                                                         bool ascending);
+// The report's records: an empty list when the origin selects nothing.
+[[nodiscard]] Result<QList<Vinyl>> fetchReport(Store &store, const QString &originScreen, const CurrentRecord &group,
+                                               bool ascending);
 [[nodiscard]] QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasValue = nullptr);
 // "Qty: 2 - Cost: 12.5 - Total Value (Qty * Value): $21.00"
 [[nodiscard]] QString amountsLine(const Vinyl &vinyl);
