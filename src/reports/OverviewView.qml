@@ -9,11 +9,11 @@ ScreenPage {
 
     title: controller.title
 
-    AlertDialog { controller: controller }
-
     OverviewViewController {
         id: controller
     }
+
+    AlertDialog { controller: controller }
 
     PdfDocument {
         id: overview

@@ -10,10 +10,19 @@ ScreenPage {
 
     title: controller.title
 
-    AlertDialog { controller: controller }
-
     PrintVinylViewController {
         id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    // A new report is read from its title.
+    Connections {
+        target: controller
+        function onReportChanged() {
+            fileTextView.cursorPosition = 0
+            scroller.ScrollBar.vertical.position = 0
+        }
     }
 
     ColumnLayout {
@@ -31,6 +40,7 @@ ScreenPage {
             Layout.fillHeight: true
 
             ScrollView {
+                id: scroller
                 anchors.fill: parent
                 anchors.margins: 1
 
@@ -42,6 +52,7 @@ ScreenPage {
                     wrapMode: TextEdit.Wrap
                     color: "black"
                     background: null
+                    padding: 8
                     Component.onCompleted: controller.setFileTextView(fileTextView.textDocument)
                 }
             }
