@@ -36,6 +36,10 @@ ScreenPage {
         ToolButton {
             objectName: "ReportButton"
             text: "Report"
+            // Compact, so the title keeps its room beside four buttons.
+            leftPadding: 4
+            rightPadding: 4
+            font.capitalization: Font.MixedCase
             onClicked: AppDelegate.navigator.show("PrintVinylView")
         }
     ]
