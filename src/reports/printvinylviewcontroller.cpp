@@ -75,7 +75,7 @@ void PrintVinylViewController::buildReport(bool alertWhenEmpty)
     auto built = ReportBuilder::buildReport(fileText(), app()->state()->originScreen(), m_vinylList, *m_covers);
     emit reportChanged();
     if (!built)
-        showAlert(ReportTexts::kEmptyTitle, built.errorMessage());
+        showAlert(ReportTexts::kNotBuiltTitle, built.errorMessage());
 }
 
 void PrintVinylViewController::CreateFileClick()
