@@ -2,6 +2,7 @@
 
 #include "appdelegate.h"
 #include "coverimageprovider.h"
+#include "filteredlistpdf.h"
 
 #include <QQmlEngine>
 #include <QQuickStyle>
@@ -19,6 +20,7 @@ void installConsoleFormat()
 void prepareEngine(QQmlEngine &engine, AppDelegate &app)
 {
     QQuickStyle::setStyle(u"Material"_s);
+    FilteredListPdf::install();
     engine.addImportPath(u"qrc:/qt/qml"_s);
     engine.addImageProvider(CoverImageProvider::kProviderId,
                             new CoverImageProvider(app.persistentContainer().filePath()));

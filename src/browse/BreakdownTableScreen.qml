@@ -32,6 +32,15 @@ ScreenPage {
             text: root.controller.shareButtonTitle
             enabled: root.controller.canSharePdf
             onClicked: root.shareClicked()
+        },
+        ToolButton {
+            objectName: "ReportButton"
+            text: "Report"
+            // Compact, so the title keeps its room beside four buttons.
+            leftPadding: 4
+            rightPadding: 4
+            font.capitalization: Font.MixedCase
+            onClicked: AppDelegate.navigator.show("PrintVinylView")
         }
     ]
 

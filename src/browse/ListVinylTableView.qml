@@ -48,6 +48,15 @@ ScreenPage {
             }
         },
         ToolButton {
+            objectName: "ReportButton"
+            text: "Report"
+            // Compact, so the title keeps its room beside four buttons.
+            leftPadding: 4
+            rightPadding: 4
+            font.capitalization: Font.MixedCase
+            onClicked: AppDelegate.navigator.show("PrintVinylView")
+        },
+        ToolButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24

@@ -189,6 +189,10 @@ void BreakdownTableViewController::ShareButtonClicked()
         showAlert(BrowseTexts::kCantSendTextTitle, BrowseTexts::kCantSendTextMessage);
         return;
     }
+    if (shownList().isEmpty()) {
+        showAlert(BrowseTexts::kEmptyDataSetTitle, BrowseTexts::kEmptyDataSetMessage);
+        return;
+    }
     const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(), app()};
     if (auto written = pdfWriter()(request); !written) {
         showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());

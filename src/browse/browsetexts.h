@@ -29,6 +29,8 @@ inline const QString kStoreErrorTitle = u"Unresolved error "_s;
 inline const QString kCantSendTextTitle = u"Can't Send Text Message"_s;
 inline const QString kCantSendTextMessage = u"Your device is not able to send text messages."_s;
 inline const QString kPdfNotWrittenTitle = u"Document not Created"_s;
+inline const QString kEmptyDataSetTitle = u"Empty Data Set!"_s;
+inline const QString kEmptyDataSetMessage = u"No Vinyl's to Print!"_s;
 
 // Screens this subsystem opens.
 inline const QString kEditScreen = u"EditVinylView"_s;

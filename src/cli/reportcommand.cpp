@@ -1,8 +1,129 @@
-// `report`: the printed collection report as a PDF file.
+// `report`: the printed collection report as a PDF file, through the same builder as the
+// printed-report screen.
+#include "appdelegate.h"
+#include "appstate.h"
 #include "cli.h"
+#include "coverpictures.h"
+#include "reportbuilder.h"
+#include "reporttexts.h"
+
+#include <QDate>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const char *const kUsage =
+    "usage: platterbox [--data-dir DIR] report --pdf OUT [--origin List|ArtistBreakdown|LabelBreakdown|"
+    "ProducerBreakdown|YearBreakdown] [--artist T|--label T|--producer T|--date YYYY-MM-DD] [--descending]\n";
+
+// The group option each origin needs.
+QString groupOption(const QString &origin)
+{
+    if (origin == OriginScreens::ArtistBreakdown)
+        return u"--artist"_s;
+    if (origin == OriginScreens::LabelBreakdown)
+        return u"--label"_s;
+    if (origin == OriginScreens::ProducerBreakdown)
+        return u"--producer"_s;
+    if (origin == OriginScreens::YearBreakdown)
+        return u"--date"_s;
+    return {};
+}
+
+QString originOf(const QString &option)
+{
+    for (const QString &origin : {OriginScreens::ArtistBreakdown, OriginScreens::LabelBreakdown,
+                                  OriginScreens::ProducerBreakdown, OriginScreens::YearBreakdown}) {
+        if (groupOption(origin) == option)
+            return origin;
+    }
+    return {};
+}
+} // namespace
 
 int reportCommand(CliContext &context)
 {
-    context.err << "platterbox: report is not available in this build\n";
-    return CliBadUsage;
+    QString output;
+    QString origin;
+    QString option; // the group option given
+    QString group;
+    bool ascending = true;
+    const QStringList &args = context.arguments;
+    for (int i = 0; i < args.size(); ++i) {
+        const QString &a = args.at(i);
+        if (a == u"--descending"_s) {
+            ascending = false;
+            continue;
+        }
+        const bool takesValue = a == u"--pdf"_s || a == u"--origin"_s || !originOf(a).isEmpty();
+        if (!takesValue || i + 1 >= args.size()) {
+            context.err << kUsage;
+            return CliBadUsage;
+        }
+        const QString value = args.at(++i);
+        if (a == u"--pdf"_s) {
+            output = value;
+        } else if (a == u"--origin"_s) {
+            origin = value;
+        } else if (!option.isEmpty()) {
+            context.err << "platterbox: give only one of --artist, --label, --producer and --date\n";
+            return CliBadUsage;
+        } else {
+            option = a;
+            group = value;
+        }
+    }
+    if (origin.isEmpty())
+        origin = option.isEmpty() ? OriginScreens::List : originOf(option);
+    if (output.isEmpty() || (origin != OriginScreens::List && groupOption(origin).isEmpty())) {
+        context.err << kUsage;
+        return CliBadUsage;
+    }
+    if (groupOption(origin) != option) {
+        if (option.isEmpty())
+            context.err << "platterbox: --origin " << origin << " needs " << groupOption(origin) << "\n";
+        else
+            context.err << "platterbox: " << option << " does not go with --origin " << origin << "\n";
+        return CliBadUsage;
+    }
+
+    CurrentRecord selected;
+    if (origin == OriginScreens::ArtistBreakdown)
+        selected.artist = group;
+    else if (origin == OriginScreens::LabelBreakdown)
+        selected.recordLabel = group;
+    else if (origin == OriginScreens::ProducerBreakdown)
+        selected.producer = group;
+    else if (origin == OriginScreens::YearBreakdown) {
+        const QDate date = QDate::fromString(group, u"yyyy-MM-dd"_s);
+        if (!date.isValid()) {
+            context.err << "platterbox: --date wants a date like 1975-03-05, not \"" << group << "\"\n";
+            return CliBadInput;
+        }
+        selected.releaseDate = date.startOfDay();
+    }
+
+    Store &store = context.app.persistentContainer();
+    auto records = ReportBuilder::fetchReport(store, origin, selected, ascending);
+    if (!records) {
+        context.err << "platterbox: " << records.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (records->isEmpty()) {
+        context.err << "platterbox: " << ReportTexts::kEmptyMessage << "\n";
+        return CliBadInput;
+    }
+    CoverPictures covers(store, ReportBuilder::kViewWidth / 6);
+    QTextDocument document;
+    auto written = ReportBuilder::buildReport(document, origin, *records, covers);
+    if (written) {
+        written = ReportBuilder::writePdf(document, output);
+    }
+    if (!written) {
+        context.err << "platterbox: " << written.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.out << "Wrote " << records->size() << " records to " << output << "\n";
+    return CliOk;
 }

@@ -1,3 +1,13 @@
 # Files of this folder, relative to src/.
-list(APPEND PB_SOURCES)
-list(APPEND PB_QML)
+list(APPEND PB_SOURCES
+    reports/reporttexts.h
+    reports/coverpictures.h reports/coverpictures.cpp
+    reports/reportbuilder.h reports/reportbuilder.cpp
+    reports/filteredlistpdf.h reports/filteredlistpdf.cpp
+    reports/printvinylviewcontroller.h reports/printvinylviewcontroller.cpp
+    reports/overviewviewcontroller.h reports/overviewviewcontroller.cpp
+)
+list(APPEND PB_QML
+    reports/PrintVinylView.qml
+    reports/OverviewView.qml
+)

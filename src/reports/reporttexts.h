@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+// Texts of the reports, in one place so tests can refer to them.
+namespace ReportTexts {
+using namespace Qt::StringLiterals;
+
+inline const QString kEmptyTitle = u"Empty Data Set!"_s;
+inline const QString kEmptyMessage = u"No Vinyl's to Print!"_s;
+inline const QString kNotBuiltTitle = u"Report not Created"_s;
+inline const QString kPdfWritten = u"wrote PDF file with multiple pages to: "_s;
+inline const QString kPdfNotWritten = u"Could not create PDF file: "_s;
+inline const QString kPrinted = u"Image is Printed"_s;
+inline const QString kPrintCancelled = u"nil"_s;
+inline const QString kNoTitleValue = u"The first record has no %1, so the document has no title."_s;
+inline const QString kUnreadableAmount = u"The %1 of \"%2\" cannot be read as a number."_s;
+inline const QString kReportTitle = u"Print Vinyl"_s;
+inline const QString kOverviewTitle = u"Vinyl Collection Overview"_s;
+inline const QString kPrintJob = u"Vinyl Collection"_s;
+
+// Title lines of the printed report.
+inline const QString kCompleteList = u"Complete List of Vinyl"_s;
+inline const QString kReportByArtist = u"Vinyl's Filtered by Artist: "_s;
+inline const QString kReportByDate = u"Vinyl's Filtered by Release Date: "_s;
+inline const QString kReportByProducer = u"Vinyl's Filtered by Producer: "_s;
+inline const QString kReportByLabel = u"Vinyl's Filtered by Record Label: "_s;
+
+// Title lines of the filtered-list documents.
+inline const QString kFilteredByArtist = u"Vinyl Filtered by Artist: "_s;
+inline const QString kFilteredByLabel = u"Vinyl Filtered by Record Label: "_s;
+inline const QString kFilteredByProducer = u"Vinyl Filtered by Producer: "_s;
+inline const QString kFilteredByYear = u"Vinyl Filtered by Year: "_s;
+} // namespace ReportTexts

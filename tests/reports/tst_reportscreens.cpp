@@ -1,0 +1,293 @@
+#include "breakdowntableviewcontroller.h"
+#include "cli.h"
+#include "filteredlistpdf.h"
+#include "overviewviewcontroller.h"
+#include "printvinylviewcontroller.h"
+#include "reportbuilder.h"
+#include "reporttexts.h"
+#include "samplecollection.h"
+#include "testsupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPdfDocument>
+#include <QTest>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QDateTime kMarch5 = QDateTime(QDate(1975, 3, 5), QTime(0, 0));
+
+void add(TestApp &t, const QString &name, const QString &artist, const QString &label, const QDateTime &date = {})
+{
+    Vinyl v;
+    v.name = name;
+    v.artist = artist;
+    v.recordLabel = label;
+    v.producer = u"Benny"_s;
+    if (date.isValid())
+        v.releaseDate = date;
+    v.quantity = 1;
+    QVERIFY(t.store().insert(v));
+}
+
+// The album names of the report, in the order it lists them.
+QStringList albums(PrintVinylViewController &report)
+{
+    QStringList names;
+    for (const QString &line : report.fileText().toPlainText().split(u'\n')) {
+        if (line.startsWith(u"Album Name: "_s))
+            names.append(line.mid(12));
+    }
+    return names;
+}
+
+QSizeF pointSize(QPdfDocument &pdf, int page)
+{
+    return pdf.pagePointSize(page);
+}
+} // namespace
+
+class TestReportScreens : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+    void cleanup() { BreakdownTableViewController::setPdfWriter({}); }
+
+    void reportFollowsOriginAndOrder_data()
+    {
+        QTest::addColumn<QString>("origin");
+        QTest::addColumn<bool>("ascending");
+        QTest::addColumn<QStringList>("albums");
+        QTest::newRow("complete list A to Z") << u"List"_s << true
+                                              << QStringList{u"Abbey Road"_s, u"Arrival"_s, u"Voulez-Vous"_s, u"Zen"_s};
+        QTest::newRow("complete list Z to A") << u"List"_s << false
+                                              << QStringList{u"Zen"_s, u"Voulez-Vous"_s, u"Arrival"_s, u"Abbey Road"_s};
+        QTest::newRow("artist, descending") << u"ArtistBreakdown"_s << false
+                                            << QStringList{u"Voulez-Vous"_s, u"Arrival"_s};
+        QTest::newRow("year: exact date only") << u"YearBreakdown"_s << true << QStringList{u"Arrival"_s, u"Abbey Road"_s};
+        QTest::newRow("label ignores the toggle") << u"LabelBreakdown"_s << false
+                                                  << QStringList{u"Arrival"_s, u"Voulez-Vous"_s};
+        QTest::newRow("unknown origin selects nothing") << u"Menu"_s << true << QStringList{};
+    }
+
+    void reportFollowsOriginAndOrder()
+    {
+        QFETCH(QString, origin);
+        QFETCH(bool, ascending);
+        QFETCH(QStringList, albums);
+        TestApp t;
+        add(t, u"Arrival"_s, u"ABBA"_s, u"Polar"_s, kMarch5);
+        add(t, u"Voulez-Vous"_s, u"ABBA"_s, u"Polar"_s, kMarch5.addSecs(3600)); // same day, other time
+        add(t, u"Abbey Road"_s, u"Beatles"_s, u"Apple"_s, kMarch5);
+        add(t, u"Zen"_s, u"Zed"_s, u"Zebra"_s);
+        CurrentRecord &group = t.app().state()->editCurrentRecord();
+        group.artist = u"ABBA"_s;
+        group.recordLabel = u"Polar"_s;
+        group.releaseDate = kMarch5;
+        t.app().state()->setOriginScreen(origin);
+        t.app().state()->setSortAscending(ascending);
+
+        PrintVinylViewController report(&t.app());
+        QCOMPARE(::albums(report), albums);
+        QCOMPARE(report.printButtonVisible(), !albums.isEmpty());
+        QVERIFY(report.lastAlertTitle().isEmpty());
+        if (albums.isEmpty()) {
+            // The rebuild button reports the empty case.
+            report.CreateFileClick();
+            QCOMPARE(report.lastAlertTitle(), u"Empty Data Set!"_s);
+        }
+    }
+
+    void emptyCollectionHidesPrintButtonAndAlerts()
+    {
+        TestApp t;
+        t.app().state()->setOriginScreen(u"List"_s);
+        PrintVinylViewController report(&t.app());
+        QCOMPARE(report.lastAlertTitle(), u"Empty Data Set!"_s);
+        QCOMPARE(report.lastAlertMessage(), u"No Vinyl's to Print!"_s);
+        QVERIFY(!report.printButtonVisible());
+        report.EmailFileClick();
+        QVERIFY(t.platform().printedJobs.isEmpty());
+    }
+
+    void printingLogsTheOutcome_data()
+    {
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("printed") << true << u"Image is Printed"_s;
+        QTest::newRow("cancelled") << false << u"nil"_s;
+    }
+
+    void printingLogsTheOutcome()
+    {
+        QFETCH(bool, answer);
+        QFETCH(QString, line);
+        TestApp t;
+        add(t, u"Arrival"_s, u"ABBA"_s, u"Polar"_s);
+        t.app().state()->setOriginScreen(u"List"_s);
+        t.platform().printAnswer = answer;
+        PrintVinylViewController report(&t.app());
+        ConsoleCapture console;
+        report.EmailFileClick();
+        QCOMPARE(t.platform().printedJobs.size(), 1);
+        QVERIFY(t.platform().printedTexts.value(0).contains(u"Album Name: Arrival"_s));
+        QCOMPARE(console.lines(), QStringList{line});
+    }
+
+    void breakdownShareWritesAndSharesTheDocument()
+    {
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {60, 0, true, 7}));
+        add(t, u"Arrival"_s, u"ABBA"_s, u"Polar"_s);
+        add(t, u"Voulez-Vous"_s, u"ABBA"_s, u"Polar"_s);
+        FilteredListPdf::install();
+        t.app().state()->editCurrentRecord().artist = u"ABBA"_s;
+        ArtistBreakdownTableViewController list(&t.app());
+        const QString path = QDir(t.app().documentsDir()).filePath(u"VinylFilteredByArtist.pdf"_s);
+        for (int round = 0; round < 2; ++round) { // sharing again overwrites the same file
+            ConsoleCapture console;
+            list.ShareArtistButtonClicked();
+            QCOMPARE(console.lines(), QStringList{u"wrote PDF file with multiple pages to: "_s + path});
+        }
+        QCOMPARE(t.platform().shared.size(), 2);
+        QCOMPARE(t.platform().shared.last().filePaths, QStringList{path});
+        QPdfDocument pdf;
+        QCOMPARE(pdf.load(path), QPdfDocument::Error::None);
+        QCOMPARE(pdf.pageCount(), 1);
+    }
+
+    void breakdownShareOfNothingAlerts()
+    {
+        TestApp t;
+        FilteredListPdf::install();
+        t.app().state()->editCurrentRecord().producer = u"Nobody"_s;
+        ProducerBreakdownTableViewController list(&t.app());
+        list.ShareProducerButtonClicked();
+        QCOMPARE(list.lastAlertTitle(), u"Empty Data Set!"_s);
+        QCOMPARE(list.lastAlertMessage(), u"No Vinyl's to Print!"_s);
+        QVERIFY(t.platform().shared.isEmpty());
+    }
+
+    void longListRunsOnA4Pages_data()
+    {
+        QTest::addColumn<int>("records");
+        QTest::addColumn<bool>("covers");
+        QTest::newRow("200 records with covers") << 200 << true;
+        QTest::newRow("300 records without covers") << 300 << false;
+    }
+
+    void longListRunsOnA4Pages()
+    {
+        QFETCH(int, records);
+        QFETCH(bool, covers);
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {records, 0, covers, 3}));
+        t.app().state()->setOriginScreen(u"List"_s);
+        PrintVinylViewController report(&t.app());
+        const QString path = t.dataDir() + u"/report.pdf"_s;
+        QVERIFY(ReportBuilder::writePdf(report.fileText(), path));
+        QPdfDocument pdf;
+        QCOMPARE(pdf.load(path), QPdfDocument::Error::None);
+        QVERIFY2(pdf.pageCount() > records / 10, qPrintable(QString::number(pdf.pageCount())));
+        for (int page : {0, pdf.pageCount() - 1}) {
+            QCOMPARE(qRound(pointSize(pdf, page).width() * 10), 5952);
+            QCOMPARE(qRound(pointSize(pdf, page).height() * 10), 8418);
+        }
+        // Every record reaches the document: the last album of the list is on the last page.
+        const QString lastAlbum = report.vinylList().last().name.value_or(QString());
+        QVERIFY(pdf.getAllText(pdf.pageCount() - 1).text().contains(lastAlbum));
+    }
+
+    void unwritableFileIsReported()
+    {
+        QTextDocument document(u"text"_s);
+        ConsoleCapture console;
+        const auto written = ReportBuilder::writePdf(document, u"/no/such/folder/x.pdf"_s);
+        QVERIFY(!written);
+        QCOMPARE(console.lines().size(), 1);
+        QVERIFY(console.lines().constFirst().startsWith(u"Could not create PDF file: "_s));
+    }
+
+    void overviewDocumentIsBuiltIn()
+    {
+        TestApp t;
+        OverviewViewController overview(&t.app());
+        QCOMPARE(overview.title(), u"Vinyl Collection Overview"_s);
+        QVERIFY(overview.lastAlertTitle().isEmpty());
+        QPdfDocument pdf;
+        QFile resource(u":/resources/overview.pdf"_s);
+        QVERIFY(resource.open(QIODevice::ReadOnly));
+        pdf.load(&resource);
+        QCOMPARE(pdf.status(), QPdfDocument::Status::Ready);
+        QVERIFY(pdf.pageCount() >= 2);
+        QVERIFY(pdf.getAllText(0).text().contains(u"Platterbox"_s));
+    }
+
+    void reportCommand_data()
+    {
+        QTest::addColumn<QStringList>("arguments"); // OUT is a file in the data folder
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<int>("pages"); // -1: no file
+        QTest::newRow("complete list") << QStringList{u"--pdf"_s, u"OUT"_s} << int(CliOk) << u"Wrote 3 records"_s << 1;
+        QTest::newRow("artist, descending") << QStringList{u"--pdf"_s, u"OUT"_s, u"--artist"_s, u"ABBA"_s,
+                                                           u"--descending"_s}
+                                            << int(CliOk) << u"Wrote 2 records"_s << 1;
+        QTest::newRow("exact date") << QStringList{u"--pdf"_s, u"OUT"_s, u"--origin"_s, u"YearBreakdown"_s, u"--date"_s,
+                                                   u"1975-03-05"_s}
+                                    << int(CliOk) << u"Wrote 1 records"_s << 1;
+        QTest::newRow("nothing matches") << QStringList{u"--pdf"_s, u"OUT"_s, u"--label"_s, u"Nope"_s} << int(CliBadInput)
+                                         << u"No Vinyl's to Print!"_s << -1;
+        QTest::newRow("bad date") << QStringList{u"--pdf"_s, u"OUT"_s, u"--date"_s, u"5.3.1975"_s} << int(CliBadInput)
+                                  << u"--date wants a date"_s << -1;
+        QTest::newRow("no output") << QStringList{u"--artist"_s, u"ABBA"_s} << int(CliBadUsage) << u"usage:"_s << -1;
+        QTest::newRow("origin without its group") << QStringList{u"--pdf"_s, u"OUT"_s, u"--origin"_s, u"LabelBreakdown"_s}
+                                                  << int(CliBadUsage) << u"needs --label"_s << -1;
+        QTest::newRow("group of another origin")
+            << QStringList{u"--pdf"_s, u"OUT"_s, u"--origin"_s, u"ArtistBreakdown"_s, u"--producer"_s, u"Benny"_s}
+            << int(CliBadUsage) << u"does not go with"_s << -1;
+        QTest::newRow("two groups") << QStringList{u"--pdf"_s, u"OUT"_s, u"--artist"_s, u"A"_s, u"--label"_s, u"B"_s}
+                                    << int(CliBadUsage) << u"only one of"_s << -1;
+        QTest::newRow("unknown origin") << QStringList{u"--pdf"_s, u"OUT"_s, u"--origin"_s, u"Menu"_s} << int(CliBadUsage)
+                                        << u"usage:"_s << -1;
+        QTest::newRow("unwritable file") << QStringList{u"--pdf"_s, u"/no/such/dir/r.pdf"_s} << int(CliBadInput)
+                                         << u"Could not create PDF file"_s << -1;
+    }
+
+    void reportCommand()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, code);
+        QFETCH(QString, message);
+        QFETCH(int, pages);
+        // The command opens its own store on the same data folder.
+        TestApp seed;
+        add(seed, u"Arrival"_s, u"ABBA"_s, u"Polar"_s, kMarch5);
+        add(seed, u"Voulez-Vous"_s, u"ABBA"_s, u"Polar"_s, kMarch5.addSecs(60));
+        add(seed, u"Zen"_s, u"Zed"_s, u"Zebra"_s);
+        const QString out = seed.dataDir() + u"/report.pdf"_s;
+        arguments.replaceInStrings(u"OUT"_s, out);
+        QString stdOut, stdErr;
+        QTextStream outStream(&stdOut), errStream(&stdErr);
+        const int result = runCli(QStringList{u"--data-dir"_s, seed.dataDir(), u"report"_s} + arguments, outStream, errStream);
+        outStream.flush();
+        errStream.flush();
+        QCOMPARE(result, code);
+        const QString said = stdOut + stdErr;
+        QVERIFY2(said.contains(message), qPrintable(said));
+        QPdfDocument pdf;
+        if (pages < 0) {
+            QVERIFY(!QFile::exists(out));
+        } else {
+            QCOMPARE(pdf.load(out), QPdfDocument::Error::None);
+            QCOMPARE(pdf.pageCount(), pages);
+        }
+    }
+};
+
+QTEST_MAIN(TestReportScreens)
+#include "tst_reportscreens.moc"
