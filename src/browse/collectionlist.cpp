@@ -24,13 +24,6 @@ QString sortAttribute(const QString &sortName)
     return {};
 }
 
-namespace {
-std::optional<QString> lowered(const std::optional<QString> &value)
-{
-    return value ? std::optional<QString>(value->toLower()) : std::nullopt;
-}
-} // namespace
-
 QString TextCache::currency(double amount)
 {
     auto it = m_currency.constFind(amount);
@@ -46,22 +39,6 @@ QString TextCache::mediumDate(const QDateTime &date)
     if (it == m_dates.constEnd())
         it = m_dates.insert(key, Formatters::mediumDate(date));
     return *it;
-}
-
-Row makeRow(const Vinyl &vinyl, const QString &sortName, TextCache &texts)
-{
-    Row row;
-    row.rowId = vinyl.rowId;
-    row.name = text(vinyl.name);
-    if (sortName == BrowseTexts::kSortName)
-        row.searchKey = lowered(vinyl.name);
-    else if (sortName == BrowseTexts::kSortRecordLabel)
-        row.searchKey = lowered(vinyl.recordLabel);
-    else if (sortName == BrowseTexts::kSortArtist)
-        row.searchKey = lowered(vinyl.artist);
-    else if (sortName == BrowseTexts::kSortYear && vinyl.releaseDate)
-        row.searchKey = texts.mediumDate(*vinyl.releaseDate);
-    return row;
 }
 
 QString currencyOrZero(double amount)
@@ -95,30 +72,42 @@ RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &text
     return card;
 }
 
-std::optional<QList<int>> search(const QList<Row> &rows, const QList<int> &list, const QString &sortName,
-                                 const QString &text)
+std::optional<QList<int>> search(const QList<Vinyl> &records, const QList<int> &list, const QString &sortName,
+                                 const QString &text, TextCache &texts)
 {
     if (text.isEmpty())
         return list;
 
-    if (sortAttribute(sortName).isEmpty())
+    std::optional<QString> Vinyl::*attribute = nullptr;
+    if (sortName == BrowseTexts::kSortName)
+        attribute = &Vinyl::name;
+    else if (sortName == BrowseTexts::kSortRecordLabel)
+        attribute = &Vinyl::recordLabel;
+    else if (sortName == BrowseTexts::kSortArtist)
+        attribute = &Vinyl::artist;
+    else if (sortName != BrowseTexts::kSortYear)
         return std::nullopt;
-    // Dates match as typed; the other keys are lower-cased.
-    const QString needle = sortName == BrowseTexts::kSortYear ? text : text.toLower();
+
     QList<int> found;
     for (int index : list) {
-        const std::optional<QString> &value = rows.at(index).searchKey;
-        if (value && value->contains(needle, Qt::CaseSensitive))
+        const Vinyl &vinyl = records.at(index);
+        const bool matches = attribute
+            ? (vinyl.*attribute && (vinyl.*attribute)->contains(text, Qt::CaseInsensitive))
+            : (vinyl.releaseDate && texts.mediumDate(*vinyl.releaseDate).contains(text, Qt::CaseSensitive));
+        if (matches)
             found.append(index);
     }
     return found;
 }
 
-void sortByName(const QList<Row> &rows, QList<int> &list, bool ascending)
+void sortByName(const QList<Vinyl> &records, QList<int> &list, bool ascending)
 {
+    const auto nameOf = [&](int index) {
+        const std::optional<QString> &name = records.at(index).name;
+        return name ? QStringView(*name) : QStringView();
+    };
     std::stable_sort(list.begin(), list.end(), [&](int a, int b) {
-        return ascending ? codePointLess(rows.at(a).name, rows.at(b).name)
-                         : codePointLess(rows.at(b).name, rows.at(a).name);
+        return ascending ? codePointLess(nameOf(a), nameOf(b)) : codePointLess(nameOf(b), nameOf(a));
     });
 }
 

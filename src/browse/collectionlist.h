@@ -13,17 +13,6 @@
 // by, what a search keeps, the card texts and the header.
 namespace CollectionList {
 
-// What a search and an in-memory sort need of one record, prepared once at load so that a
-// keystroke only scans memory.
-struct Row
-{
-    qint64 rowId = 0;
-    QString name; // sort key; an absent name reads as empty
-    // What a search under the row's sort choice looks in: the lower-cased name, label or
-    // artist, or the medium date text; absent when the record has none.
-    std::optional<QString> searchKey;
-};
-
 // The store attribute a sort choice ("Name", "Year", "RecordLabel", "Artist") sorts by;
 // empty for any other choice (store order).
 [[nodiscard]] QString sortAttribute(const QString &sortName);
@@ -41,19 +30,18 @@ private:
     QHash<qint64, QString> m_dates;
 };
 
-[[nodiscard]] Row makeRow(const Vinyl &vinyl, const QString &sortName, TextCache &texts);
 // The card of a record under a sort choice.
 [[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts);
 
-// The records of list (indices into rows made under sortName, kept in list order) that a
-// search for text keeps; nullopt when the sort choice has no search (the filtered list stays).
+// The records of list (indices into records, kept in list order) that a search for text keeps
+// under a sort choice; nullopt when the sort choice has no search (the filtered list stays).
 // Name, label and artist match case-insensitively; "Year" matches the medium date text
-// exactly as typed.
-[[nodiscard]] std::optional<QList<int>> search(const QList<Row> &rows, const QList<int> &list,
-                                               const QString &sortName, const QString &text);
+// exactly as typed. It scans memory only, so a keystroke never waits on the store.
+[[nodiscard]] std::optional<QList<int>> search(const QList<Vinyl> &records, const QList<int> &list,
+                                               const QString &sortName, const QString &text, TextCache &texts);
 
-// Orders list (indices into rows) by name in code-point order; stable.
-void sortByName(const QList<Row> &rows, QList<int> &list, bool ascending);
+// Orders list (indices into records) by name in code-point order, an absent name as empty; stable.
+void sortByName(const QList<Vinyl> &records, QList<int> &list, bool ascending);
 
 // "# Vinyl Records = 3 of 12"
 [[nodiscard]] QString headerText(qsizetype shown, qsizetype all);

@@ -5,6 +5,8 @@
 #include "coverimageprovider.h"
 #include "logging.h"
 
+#include <numeric>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -81,7 +83,6 @@ void ListVinylTableViewController::refresh()
         return;
     // Nothing asks the model for a card until showList() tells it of the new rows.
     m_records.clear();
-    m_rows.clear();
     m_cards.clear();
     m_texts = {};
     m_vinylList.clear();
@@ -99,12 +100,8 @@ void ListVinylTableViewController::refresh()
         consoleLine(fetched.errorMessage());
     } else {
         m_records = std::move(fetched).value();
-        m_rows.reserve(m_records.size());
-        m_vinylList.reserve(m_records.size());
-        for (const Vinyl &vinyl : std::as_const(m_records)) {
-            m_vinylList.append(int(m_rows.size()));
-            m_rows.append(CollectionList::makeRow(vinyl, m_sortName, m_texts));
-        }
+        m_vinylList.resize(m_records.size());
+        std::iota(m_vinylList.begin(), m_vinylList.end(), 0);
         m_cards.resize(m_records.size());
     }
     m_filteredList = m_vinylList;
@@ -119,14 +116,14 @@ void ListVinylTableViewController::SortButtonTapped()
         refresh();
         return;
     }
-    CollectionList::sortByName(m_rows, m_filteredList, *m_sortAsc);
+    CollectionList::sortByName(m_records, m_filteredList, *m_sortAsc);
     showList();
 }
 
 void ListVinylTableViewController::updateSearchResults(const QString &text)
 {
     m_searchText = text;
-    if (auto found = CollectionList::search(m_rows, m_vinylList, m_sortName, text))
+    if (auto found = CollectionList::search(m_records, m_vinylList, m_sortName, text, m_texts))
         m_filteredList = std::move(*found);
     showList();
 }
@@ -136,7 +133,7 @@ void ListVinylTableViewController::deleteRow(int row)
     QList<int> &list = searching() ? m_filteredList : m_vinylList;
     if (!app() || row < 0 || row >= list.size())
         return;
-    const qint64 rowId = m_rows.at(list.at(row)).rowId;
+    const qint64 rowId = m_records.at(list.at(row)).rowId;
     Store &store = app()->persistentContainer();
     auto removed = store.transaction([&]() { return store.remove(Entity::Vinyl, rowId); });
     if (!removed) {
@@ -157,7 +154,7 @@ void ListVinylTableViewController::rowPicked(int row)
     const QList<int> &list = shownList();
     if (!app() || row < 0 || row >= list.size())
         return;
-    const qint64 rowId = m_rows.at(list.at(row)).rowId;
+    const qint64 rowId = m_records.at(list.at(row)).rowId;
     auto record = app()->persistentContainer().vinylByRowId(rowId);
     if (!record) {
         showAlert(BrowseTexts::kStoreErrorTitle, record.errorMessage());

@@ -70,7 +70,6 @@ private:
     // The records of the last fetch; VinylList and FilteredVinylList index into them. A
     // record's card is made the first time the view asks for it.
     QList<Vinyl> m_records;
-    QList<CollectionList::Row> m_rows;
     QList<std::optional<RecordCard>> m_cards;
     CollectionList::TextCache m_texts;
     QList<int> m_vinylList;
