@@ -1,15 +1,19 @@
 #include "benchoperations.h"
 
 #include "appdelegate.h"
+#include "appstate.h"
 #include "bench.h"
 #include "breakdowntableviewcontroller.h"
 #include "exchangeformat.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
+#include "coverpictures.h"
+#include "filteredlistpdf.h"
 #include "floors.h"
 #include "grouptableviewcontroller.h"
 #include "listvinyltableviewcontroller.h"
 #include "recordingplatformservices.h"
+#include "reportbuilder.h"
 #include "samplecollection.h"
 #include "store.h"
 
@@ -18,6 +22,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QSqlQuery>
+#include <QTextDocument>
 
 #include <cstdio>
 
@@ -253,6 +258,47 @@ void measureExchange(BenchReport &report, BenchCollection &c)
     QFile::remove(file);
 }
 
+constexpr int kReportRecords = 1000;
+
+// The first thousand records by name, as a long breakdown list or report would hold them.
+QList<Vinyl> reportRecords(Store &store)
+{
+    auto records = store.fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"name"_s).limitedTo(kReportRecords));
+    return records ? std::move(records).value() : QList<Vinyl>();
+}
+
+void measureReports(BenchReport &report, BenchCollection &c)
+{
+    if (c.records() < kReportRecords)
+        return;
+    const QString file = QDir(c.dataDir()).filePath(u"bench.pdf"_s);
+    bool ok = true;
+    const double filtered = medianMs(kRuns, [&] {
+        ok = ok && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, &c.app()}).ok();
+    });
+    const double printed = medianMs(kRuns, [&] {
+        CoverPictures covers(c.store(), ReportBuilder::kViewWidth / 6);
+        QTextDocument document;
+        ok = ok && ReportBuilder::buildReport(document, OriginScreens::List, reportRecords(c.store()), covers).ok()
+             && ReportBuilder::writePdf(document, file).ok();
+    });
+    if (!ok)
+        std::fprintf(stderr, "bench: a PDF document failed\n");
+
+    // The floor reads the same records with their covers and writes a file of the document's size.
+    QFile pdf(file);
+    const QByteArray bytes = pdf.open(QIODevice::ReadOnly) ? pdf.readAll() : QByteArray();
+    const double floorMs =
+        Floors::select(c.store().filePath(),
+                       u"SELECT "_s + kRecordColumns + u", frontImage, backImage FROM Vinyl ORDER BY name, rowid LIMIT %1"_s.arg(kReportRecords),
+                       kRuns)
+        + Floors::writeFile(file + u".floor"_s, bytes, kRuns);
+    QFile::remove(file);
+    QFile::remove(file + u".floor"_s);
+    add(report, c, u"filtered-list PDF of 1,000 records"_s, filtered, floorMs, 3000, std::nullopt);
+    add(report, c, u"printed report of 1,000 records"_s, printed, floorMs, 3000, std::nullopt);
+}
+
 } // namespace
 
 Store &BenchCollection::store()
@@ -302,6 +348,7 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"groups"_s, measureGroupLists},
         {u"breakdown"_s, measureBreakdown},
         {u"exchange"_s, measureExchange},
+        {u"reports"_s, measureReports},
     };
     for (const auto &[name, measure] : groups) {
         if (only.isEmpty() || only.contains(name))
