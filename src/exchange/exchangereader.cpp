@@ -177,14 +177,15 @@ Result<void> ExchangeReader::importRecord(const Line &line)
     Vinyl v;
     const qint64 match = m_records.value(RecordKey{name, artist}, 0);
     if (match != 0) {
-        auto stored = m_store.vinylByRowId(match);
+        // Covers are left unread: a line replaces them or leaves them as they are.
+        auto stored = m_store.vinylByRowId(match, false);
         if (!stored)
             return stored.error();
         if (*stored)
             v = **stored;
     }
     const bool updating = v.rowId != 0;
-    v.imagesLoaded = true;
+    v.imagesLoaded = !updating;
 
     // An empty field leaves the attribute as it was. A number that does not convert leaves it
     // too, except cost, value and id, which it clears on a stored record.
@@ -215,7 +216,7 @@ Result<void> ExchangeReader::importRecord(const Line &line)
         if (auto r = m_store.update(v); !r)
             return r;
         ++m_counts.recordsUpdated;
-        if (!f.at(FrontImage).isEmpty() || !f.at(BackImage).isEmpty())
+        if (v.frontImage || v.backImage)
             CoverImageProvider::forget(v.rowId);
         return {};
     }
@@ -240,22 +241,14 @@ Result<void> ExchangeReader::importTrack(const Line &line)
     const qint64 match = vinylID ? m_tracks.value(TrackKey{*vinylID, song}, 0) : 0;
     if (match != 0) {
         // Only the fields the line fills change; vinylID and song are what matched.
-        if (!m_trackUpdate) {
-            m_trackUpdate = std::make_unique<QSqlQuery>(m_store.database());
-            if (!m_trackUpdate->prepare(u"UPDATE Tracks SET duration = COALESCE(?, duration), "
-                                        "trackNumber = COALESCE(?, trackNumber), writtenBy = COALESCE(?, writtenBy) "
-                                        "WHERE rowid = ?"_s))
-                return sqlError(u"Cannot save a track"_s, m_trackUpdate->lastError());
-        }
-        QSqlQuery &q = *m_trackUpdate;
-        q.addBindValue(duration ? QVariant(*duration) : QVariant());
-        q.addBindValue(trackNumber ? QVariant(*trackNumber) : QVariant());
-        q.addBindValue(writtenBy.isEmpty() ? QVariant() : QVariant(writtenBy));
-        q.addBindValue(match);
-        const bool saved = q.exec();
-        q.finish();
-        if (!saved)
-            return sqlError(u"Cannot save a track"_s, q.lastError());
+        Track given;
+        given.rowId = match;
+        given.duration = duration;
+        given.trackNumber = trackNumber;
+        if (!writtenBy.isEmpty())
+            given.writtenBy = writtenBy;
+        if (auto r = m_store.updateGiven(given); !r)
+            return r;
         ++m_counts.tracksUpdated;
         return {};
     }

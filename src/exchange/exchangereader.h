@@ -11,7 +11,6 @@
 
 #include <memory>
 
-class QSqlQuery;
 class Store;
 
 namespace ImportMessages {
@@ -85,5 +84,4 @@ private:
     QHash<RecordKey, qint64> m_records;
     QHash<TrackKey, qint64> m_tracks;
     ImportCounts m_counts;
-    std::unique_ptr<QSqlQuery> m_trackUpdate;
 };

@@ -318,7 +318,8 @@ Store::Store(QString connectionName, QString filePath)
 
 Store::~Store()
 {
-    qDeleteAll(m_statements);
+    for (sqlite3_stmt *statement : std::as_const(m_statements))
+        sqlite3_finalize(statement);
     m_statements.clear();
     {
         QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
@@ -437,10 +438,42 @@ Result<void> Store::transaction(const std::function<Result<void>()> &work)
 }
 
 namespace {
-Result<std::unique_ptr<Statement>> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
+sqlite3 *connectionOf(const QSqlDatabase &db)
 {
     const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
-    sqlite3 *connection = handle.isValid() ? *static_cast<sqlite3 *const *>(handle.data()) : nullptr;
+    return handle.isValid() ? *static_cast<sqlite3 *const *>(handle.data()) : nullptr;
+}
+
+// Binds a value as QtSql's SQLite driver would: absent values, null texts and null bytes as
+// NULL, texts as UTF-8, dates already turned into numbers. Bytes are bound in place when
+// blobLifetime is SQLITE_STATIC: the value must then outlive the statement's step.
+int bindValue(sqlite3_stmt *statement, int index, const QVariant &value, sqlite3_destructor_type blobLifetime)
+{
+    if (!value.isValid())
+        return sqlite3_bind_null(statement, index);
+    switch (value.metaType().id()) {
+    case QMetaType::QString: {
+        const QString &string = *static_cast<const QString *>(value.constData());
+        if (string.isNull())
+            return sqlite3_bind_null(statement, index);
+        const QByteArray text = string.toUtf8();
+        return sqlite3_bind_text(statement, index, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+    }
+    case QMetaType::QByteArray: {
+        const QByteArray &bytes = *static_cast<const QByteArray *>(value.constData());
+        if (bytes.isNull())
+            return sqlite3_bind_null(statement, index);
+        return sqlite3_bind_blob(statement, index, bytes.constData(), int(bytes.size()), blobLifetime);
+    }
+    case QMetaType::Double:
+    case QMetaType::Float: return sqlite3_bind_double(statement, index, value.toDouble());
+    default: return sqlite3_bind_int64(statement, index, value.toLongLong());
+    }
+}
+
+Result<std::unique_ptr<Statement>> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
+{
+    sqlite3 *connection = connectionOf(db);
     if (!connection)
         return Error{u"The store is not open"_s};
     sqlite3_stmt *raw = nullptr;
@@ -449,31 +482,14 @@ Result<std::unique_ptr<Statement>> runSelect(const QSqlDatabase &db, const Built
         return Error{u"Cannot prepare a fetch: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
     auto statement = std::make_unique<Statement>(raw);
     for (int i = 0; i < built.values.size(); ++i) {
-        const QVariant &v = built.values[i];
-        int rc = SQLITE_OK;
-        switch (v.metaType().id()) {
-        case QMetaType::QString: {
-            const QByteArray text = v.toString().toUtf8();
-            rc = sqlite3_bind_text(raw, i + 1, text.constData(), int(text.size()), SQLITE_TRANSIENT);
-            break;
-        }
-        case QMetaType::Double:
-        case QMetaType::Float: rc = sqlite3_bind_double(raw, i + 1, v.toDouble()); break;
-        case QMetaType::QByteArray: {
-            const QByteArray bytes = v.toByteArray();
-            rc = sqlite3_bind_blob(raw, i + 1, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
-            break;
-        }
-        default: rc = sqlite3_bind_int64(raw, i + 1, v.toLongLong()); break;
-        }
-        if (rc != SQLITE_OK)
+        if (bindValue(raw, i + 1, built.values[i], SQLITE_TRANSIENT) != SQLITE_OK)
             return Error{u"Cannot bind a fetch value: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
     }
     return statement;
 }
 
 
-QString insertSql(Entity entity, int columnCount)
+QString buildInsertSql(Entity entity, int columnCount)
 {
     QStringList names, marks;
     const auto &columns = columnsOf(entity);
@@ -485,7 +501,7 @@ QString insertSql(Entity entity, int columnCount)
            + marks.join(u", "_s) + u')';
 }
 
-QString updateSql(Entity entity, int columnCount)
+QString buildUpdateSql(Entity entity, int columnCount)
 {
     QStringList sets;
     const auto &columns = columnsOf(entity);
@@ -493,30 +509,55 @@ QString updateSql(Entity entity, int columnCount)
         sets << u'"' + columns[i].name + u"\" = ?"_s;
     return u"UPDATE \""_s + tableName(entity) + u"\" SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
 }
-} // namespace
 
-QSqlQuery &Store::statement(const QString &sql)
+// The statements' texts are the keys of the prepared statements; made once per thread, not
+// once per record of an import.
+QString insertSql(Entity entity, int columnCount)
 {
-    QSqlQuery *&q = m_statements[sql];
-    if (!q) {
-        q = new QSqlQuery(database());
-        q->prepare(sql);
-    }
-    return *q;
+    thread_local QHash<std::pair<int, int>, QString> made;
+    QString &sql = made[{int(entity), columnCount}];
+    if (sql.isEmpty())
+        sql = buildInsertSql(entity, columnCount);
+    return sql;
 }
+
+QString updateSql(Entity entity, int columnCount)
+{
+    thread_local QHash<std::pair<int, int>, QString> made;
+    QString &sql = made[{int(entity), columnCount}];
+    if (sql.isEmpty())
+        sql = buildUpdateSql(entity, columnCount);
+    return sql;
+}
+} // namespace
 
 Result<void> Store::write(const QString &sql, const QVariantList &values, qint64 *rowId)
 {
-    QSqlQuery &q = statement(sql);
-    for (int i = 0; i < values.size(); ++i)
-        q.bindValue(i, values[i]);
-    const bool done = q.exec();
-    const QSqlError error = q.lastError();
-    if (done && rowId)
-        *rowId = q.lastInsertId().toLongLong();
-    q.finish();
-    if (!done)
-        return sqlError(u"Cannot save a change"_s, error);
+    sqlite3 *connection = connectionOf(database());
+    if (!connection)
+        return Error{u"The store is not open"_s};
+    sqlite3_stmt *&statement = m_statements[sql];
+    if (!statement) {
+        const QByteArray text = sql.toUtf8();
+        if (sqlite3_prepare_v3(connection, text.constData(), int(text.size()), SQLITE_PREPARE_PERSISTENT, &statement,
+                               nullptr)
+            != SQLITE_OK) {
+            m_statements.remove(sql);
+            return Error{u"Cannot save a change: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
+        }
+    }
+    int rc = SQLITE_OK;
+    for (int i = 0; i < values.size() && rc == SQLITE_OK; ++i)
+        rc = bindValue(statement, i + 1, values[i], SQLITE_STATIC);
+    if (rc == SQLITE_OK)
+        rc = sqlite3_step(statement);
+    const QString error = rc == SQLITE_DONE ? QString() : QString::fromUtf8(sqlite3_errmsg(connection));
+    if (rc == SQLITE_DONE && rowId)
+        *rowId = sqlite3_last_insert_rowid(connection);
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement); // the blobs bound in place belong to values
+    if (rc != SQLITE_DONE)
+        return Error{u"Cannot save a change: "_s + error};
     ++m_writeCount;
     return {};
 }
@@ -536,15 +577,15 @@ Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
     return rows;
 }
 
-Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId) const
+Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) const
 {
-    BuiltQuery built{u"SELECT "_s + columnList(Entity::Vinyl, true) + u" FROM Vinyl WHERE rowid = ?"_s, {rowId}};
+    BuiltQuery built{u"SELECT "_s + columnList(Entity::Vinyl, withImages) + u" FROM Vinyl WHERE rowid = ?"_s, {rowId}};
     auto q = runSelect(database(), built);
     if (!q)
         return q.error();
     if (!(*q)->next())
         return std::optional<Vinyl>();
-    return std::optional<Vinyl>(readVinyl(**q, true));
+    return std::optional<Vinyl>(readVinyl(**q, withImages));
 }
 
 Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
@@ -624,6 +665,17 @@ Result<void> Store::update(const Vinyl &vinyl)
 {
     if (vinyl.cardAttributesOnly)
         return Error{u"A record read for a list cannot be saved; read it whole first."_s};
+    if (!vinyl.imagesLoaded && (vinyl.frontImage || vinyl.backImage)) {
+        // Covers given to a record read without them replace the stored ones; the other stays.
+        static const QString sql = []() -> QString {
+            QString text = updateSql(Entity::Vinyl, kVinylColumnsWithoutImages);
+            return text.replace(u" WHERE rowid"_s,
+                                u", frontImage = COALESCE(?, frontImage), backImage = COALESCE(?, backImage) WHERE rowid"_s);
+        }();
+        QVariantList values = vinylValues(vinyl, false);
+        values << stored(vinyl.frontImage) << stored(vinyl.backImage) << vinyl.rowId;
+        return write(sql, values);
+    }
     const int n = vinyl.imagesLoaded ? int(vinylColumns().size()) : kVinylColumnsWithoutImages;
     QVariantList values = vinylValues(vinyl, vinyl.imagesLoaded);
     values << vinyl.rowId;
@@ -635,6 +687,19 @@ Result<void> Store::update(const Track &track)
     QVariantList values = trackValues(track);
     values << track.rowId;
     return write(updateSql(Entity::Tracks, int(trackColumns().size())), values);
+}
+
+Result<void> Store::updateGiven(const Track &track)
+{
+    static const QString sql = []() -> QString {
+        QStringList sets;
+        for (const Column &column : trackColumns())
+            sets << u"\"%1\" = COALESCE(?, \"%1\")"_s.arg(column.name);
+        return u"UPDATE Tracks SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
+    }();
+    QVariantList values = trackValues(track);
+    values << track.rowId;
+    return write(sql, values);
 }
 
 Result<void> Store::update(Entity conditionEntity, const Condition &condition)

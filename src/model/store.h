@@ -8,13 +8,15 @@
 #include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QStringList>
 #include <QString>
 
 #include <functional>
 #include <memory>
-#include <QStringList>
 
 #include <optional>
+
+struct sqlite3_stmt;
 
 // The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
 // one nullable column per attribute. Strings compare exactly and sort in code-point order;
@@ -51,7 +53,7 @@ public:
     Result<qint64> count(const FetchRequest &request) const;
 
     // The record with this row identity, with its covers; nullopt when it no longer exists.
-    Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId) const;
+    Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId, bool withImages = true) const;
     // The encoded cover bytes, empty when the record has none.
     Result<QByteArray> coverImage(qint64 vinylRowId, CoverSide side) const;
 
@@ -60,9 +62,12 @@ public:
     Result<void> insert(Track &track);
     Result<void> insert(Entity conditionEntity, Condition &condition);
 
-    // Updates address the object by rowId. A Vinyl fetched without images keeps its covers.
+    // Updates address the object by rowId. A Vinyl fetched without images keeps its covers,
+    // but for those it was given since.
     Result<void> update(const Vinyl &vinyl);
     Result<void> update(const Track &track);
+    // Changes only the attributes track holds; those it lacks keep their stored values.
+    Result<void> updateGiven(const Track &track);
     Result<void> update(Entity conditionEntity, const Condition &condition);
 
     Result<void> remove(Entity entity, qint64 rowId);
@@ -82,11 +87,10 @@ private:
     Result<void> exec(const QString &sql) const;
     Result<void> write(const QString &sql, const QVariantList &values, qint64 *rowId = nullptr);
 
-    // Prepared write statements, reused: a bulk import issues the same few thousands of times.
-    QSqlQuery &statement(const QString &sql);
-
     QString m_connectionName;
-    QHash<QString, QSqlQuery *> m_statements;
+    // Prepared write statements, reused: a bulk import issues the same few thousands of times.
+    // Writes, like reads, go through SQLite's C API on the store's connection.
+    QHash<QString, sqlite3_stmt *> m_statements;
     QString m_filePath;
     int m_transactionDepth = 0;
     qint64 m_writeCount = 0;

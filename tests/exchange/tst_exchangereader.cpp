@@ -195,6 +195,40 @@ private slots:
         QCOMPARE(tracks(t.store()).size(), 2);
     }
 
+    void importAgainReplacesOnlyTheCoversALineGives_data()
+    {
+        QTest::addColumn<bool>("front");
+        QTest::addColumn<bool>("back");
+        QTest::newRow("no covers in the line") << false << false;
+        QTest::newRow("front only") << true << false;
+        QTest::newRow("back only") << false << true;
+        QTest::newRow("both") << true << true;
+    }
+    void importAgainReplacesOnlyTheCoversALineGives()
+    {
+        QFETCH(bool, front);
+        QFETCH(bool, back);
+        TestApp t;
+        Vinyl stored;
+        stored.name = u"Some Album"_s;
+        stored.artist = u"Some Artist"_s;
+        stored.frontImage = QByteArray("old front");
+        stored.backImage = QByteArray("old back");
+        stored.imagesLoaded = true;
+        QVERIFY(t.store().insert(stored).ok());
+
+        const QString png = base64Png();
+        const QString line = kLine.chopped(2) + u'^' + (front ? png : QString()) + u'^' + (back ? png : QString());
+        auto counts = ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + line + u"\n"_s);
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->recordsUpdated, 1);
+        const Vinyl v = records(t.store()).value(0);
+        const QByteArray pngBytes = QByteArray::fromBase64(png.toLatin1());
+        QCOMPARE(v.frontImage.value_or(QByteArray()), front ? pngBytes : QByteArray("old front"));
+        QCOMPARE(v.backImage.value_or(QByteArray()), back ? pngBytes : QByteArray("old back"));
+        QCOMPARE(v.producer, u"Some Producer"_s); // the rest of the line applied too
+    }
+
     void recordsMatchByNameAndArtistExactly()
     {
         TestApp t;
