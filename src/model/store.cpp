@@ -111,8 +111,21 @@ QVariant stored(const std::optional<T> &value)
 class Statement
 {
 public:
-    explicit Statement(sqlite3_stmt *statement) : m_statement(statement) {}
-    ~Statement() { sqlite3_finalize(m_statement); }
+    // A kept statement is the store's and is only reset when done with; any other is finalized.
+    enum Ownership { Own, Kept };
+    explicit Statement(sqlite3_stmt *statement, Ownership ownership = Own)
+        : m_statement(statement), m_ownership(ownership)
+    {
+    }
+    ~Statement()
+    {
+        if (m_ownership == Kept) {
+            sqlite3_reset(m_statement);
+            sqlite3_clear_bindings(m_statement);
+        } else {
+            sqlite3_finalize(m_statement);
+        }
+    }
     Statement(const Statement &) = delete;
     Statement &operator=(const Statement &) = delete;
 
@@ -133,8 +146,11 @@ public:
         return QByteArray(static_cast<const char *>(data), size);
     }
 
+    [[nodiscard]] sqlite3_stmt *handle() const { return m_statement; }
+
 private:
     sqlite3_stmt *m_statement;
+    Ownership m_ownership;
 };
 
 std::optional<QString> readText(const Statement &q, int i)
@@ -531,7 +547,7 @@ QString updateSql(Entity entity, int columnCount)
 }
 } // namespace
 
-Result<void> Store::write(const QString &sql, const QVariantList &values, qint64 *rowId)
+Result<sqlite3_stmt *> Store::kept(const QString &sql) const
 {
     sqlite3 *connection = connectionOf(database());
     if (!connection)
@@ -543,9 +559,19 @@ Result<void> Store::write(const QString &sql, const QVariantList &values, qint64
                                nullptr)
             != SQLITE_OK) {
             m_statements.remove(sql);
-            return Error{u"Cannot save a change: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
+            return Error{QString::fromUtf8(sqlite3_errmsg(connection))};
         }
     }
+    return statement;
+}
+
+Result<void> Store::write(const QString &sql, const QVariantList &values, qint64 *rowId)
+{
+    sqlite3 *connection = connectionOf(database());
+    auto prepared = kept(sql);
+    if (!prepared)
+        return Error{u"Cannot save a change: "_s + prepared.errorMessage()};
+    sqlite3_stmt *statement = *prepared;
     int rc = SQLITE_OK;
     for (int i = 0; i < values.size() && rc == SQLITE_OK; ++i)
         rc = bindValue(statement, i + 1, values[i], SQLITE_STATIC);
@@ -579,13 +605,17 @@ Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
 
 Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) const
 {
-    BuiltQuery built{u"SELECT "_s + columnList(Entity::Vinyl, withImages) + u" FROM Vinyl WHERE rowid = ?"_s, {rowId}};
-    auto q = runSelect(database(), built);
-    if (!q)
-        return q.error();
-    if (!(*q)->next())
+    // Kept prepared: an import looks up every record it updates.
+    static const QString withSql = u"SELECT "_s + columnList(Entity::Vinyl, true) + u" FROM Vinyl WHERE rowid = ?"_s;
+    static const QString withoutSql = u"SELECT "_s + columnList(Entity::Vinyl, false) + u" FROM Vinyl WHERE rowid = ?"_s;
+    auto prepared = kept(withImages ? withSql : withoutSql);
+    if (!prepared)
+        return Error{u"Cannot read a record: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, rowId);
+    if (!q.next())
         return std::optional<Vinyl>();
-    return std::optional<Vinyl>(readVinyl(**q, withImages));
+    return std::optional<Vinyl>(readVinyl(q, withImages));
 }
 
 Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const

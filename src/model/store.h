@@ -86,11 +86,13 @@ private:
     Result<void> migrate();
     Result<void> exec(const QString &sql) const;
     Result<void> write(const QString &sql, const QVariantList &values, qint64 *rowId = nullptr);
+    // The store's prepared statement of sql, made on first use and finalized with the store.
+    Result<sqlite3_stmt *> kept(const QString &sql) const;
 
     QString m_connectionName;
     // Prepared write statements, reused: a bulk import issues the same few thousands of times.
     // Writes, like reads, go through SQLite's C API on the store's connection.
-    QHash<QString, sqlite3_stmt *> m_statements;
+    mutable QHash<QString, sqlite3_stmt *> m_statements;
     QString m_filePath;
     int m_transactionDepth = 0;
     qint64 m_writeCount = 0;
