@@ -88,10 +88,10 @@ void BreakdownTableViewController::load()
     for (int i = 0; i < m_records.size(); ++i) {
         const Vinyl &vinyl = m_records.at(i);
         m_nameKeys.append(vinyl.name ? std::optional<QString>(vinyl.name->toLower()) : std::nullopt);
-        m_cards[0].append(Breakdown::makeCard(vinyl, m_kind, false));
-        m_cards[1].append(Breakdown::makeCard(vinyl, m_kind, true));
         m_vinylList.append(i);
     }
+    m_cards[0].resize(m_records.size());
+    m_cards[1].resize(m_records.size());
     m_value = Breakdown::groupValue(m_records);
     m_filteredList = Breakdown::searchByName(m_nameKeys, m_vinylList, m_searchText);
     reloadTable();
@@ -206,15 +206,21 @@ void BreakdownTableViewController::ShareButtonClicked()
 void BreakdownTableViewController::reloadTable()
 {
     const QList<int> &list = shownList();
-    const QList<RecordCard> &cards = m_cards[searching() ? 1 : 0];
-    QList<RecordCard> shown;
-    shown.reserve(list.size());
-    for (int index : list)
-        shown.append(cards.at(index));
-    m_model.setCards(std::move(shown));
+    const bool whileSearching = searching();
+    m_model.setCards(list, [this, whileSearching](int record) -> const RecordCard & {
+        return cardOf(record, whileSearching);
+    });
     m_headerText = CollectionList::headerText(list.size(), m_vinylList.size());
     m_footerText = Breakdown::footerText(m_kind, m_value, Breakdown::valueOf(m_records, m_filteredList), searching());
     emit listChanged();
+}
+
+const RecordCard &BreakdownTableViewController::cardOf(int record, bool whileSearching)
+{
+    std::optional<RecordCard> &card = m_cards[whileSearching ? 1 : 0][record];
+    if (!card)
+        card = Breakdown::makeCard(m_records.at(record), m_kind, whileSearching);
+    return *card;
 }
 
 ArtistBreakdownTableViewController::ArtistBreakdownTableViewController(AppDelegate *app, QObject *parent)

@@ -80,15 +80,16 @@ protected:
 
 private:
     void reloadTable();
+    [[nodiscard]] const RecordCard &cardOf(int record, bool searching);
     [[nodiscard]] const QList<int> &shownList() const { return searching() ? m_filteredList : m_vinylList; }
 
     const BreakdownKind &m_kind;
     RecordCardModel m_model;
-    // The records of the last fetch and their cards (index 0: not searching, 1: searching);
-    // VinylList and FilteredVinylList index into them.
+    // The records of the last fetch and their cards (index 0: not searching, 1: searching),
+    // each card made when first shown; VinylList and FilteredVinylList index into them.
     QList<Vinyl> m_records;
     QList<std::optional<QString>> m_nameKeys;
-    QList<RecordCard> m_cards[2];
+    QList<std::optional<RecordCard>> m_cards[2];
     QList<int> m_vinylList;
     QList<int> m_filteredList;
     std::optional<bool> m_sortAsc;
