@@ -1,0 +1,47 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// Rate the app, share it, visit its website or write to its maker.
+ScreenPage {
+    id: root
+
+    title: "Rate & Share"
+
+    RateShareTableViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    ListView {
+        objectName: "RateShareTable"
+        anchors.fill: parent
+        anchors.topMargin: 12
+        model: controller.rowTitles
+        spacing: 4
+
+        delegate: ItemDelegate {
+            required property string modelData
+            required property int index
+            width: ListView.view.width
+            height: 60
+            leftPadding: 24
+            text: modelData
+            font.pixelSize: 17
+            onClicked: controller.rowSelected(index)
+
+            background: Item {
+                Card {
+                    anchors.fill: parent
+                    anchors.leftMargin: 12
+                    anchors.rightMargin: 12
+                    border.width: 2
+                    border.color: "black"
+                }
+            }
+        }
+    }
+}

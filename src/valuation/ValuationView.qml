@@ -1,0 +1,132 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// What the collection is worth: copies and total value, the records with their values, web
+// look-ups for the picked album and a new value for it.
+ScreenPage {
+    id: root
+
+    title: "Valuation"
+
+    ValuationViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.topMargin: 8
+        spacing: 6
+
+        GridLayout {
+            columns: 2
+            columnSpacing: 8
+            rowSpacing: 4
+            Layout.fillWidth: true
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+
+            Label { text: "Records held"; font.pixelSize: 14 }
+            Label { text: "Total value"; font.pixelSize: 14 }
+            TextField {
+                objectName: "QuantityTextField"
+                text: controller.quantityText
+                readOnly: true
+                horizontalAlignment: Text.AlignHCenter
+                Layout.fillWidth: true
+            }
+            TextField {
+                objectName: "TotalValueTextField"
+                text: controller.totalValueText
+                readOnly: true
+                horizontalAlignment: Text.AlignHCenter
+                Layout.fillWidth: true
+            }
+        }
+
+        ListView {
+            id: table
+            objectName: "ValueTableView"
+            clip: true
+            model: controller.model
+            reuseItems: true
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            delegate: ValuationTableViewCell {
+                required property int index
+                width: ListView.view.width
+                selected: index === controller.selectedRow
+                onClicked: controller.rowSelected(index)
+            }
+        }
+
+        ColumnLayout {
+            spacing: 6
+            Layout.fillWidth: true
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+            Layout.bottomMargin: 10
+
+            TextField {
+                objectName: "NameTextField"
+                placeholderText: "Album name"
+                text: controller.nameText
+                onTextEdited: controller.nameText = text
+                Layout.fillWidth: true
+            }
+            RowLayout {
+                spacing: 6
+                Layout.fillWidth: true
+
+                StyledButton {
+                    objectName: "SearchButton"
+                    text: "Search Web"
+                    font.pixelSize: 14
+                    Layout.fillWidth: true
+                    onClicked: controller.FindValueOnWeb()
+                }
+                StyledButton {
+                    objectName: "PopsikeButton"
+                    text: "Popsike"
+                    font.pixelSize: 14
+                    Layout.fillWidth: true
+                    onClicked: controller.PopsikePriceGuide()
+                }
+                StyledButton {
+                    objectName: "ValueyourmusicButton"
+                    text: "ValueYourMusic"
+                    font.pixelSize: 14
+                    Layout.fillWidth: true
+                    onClicked: controller.ValueYourMusicPriceGuide()
+                }
+            }
+            RowLayout {
+                spacing: 6
+                Layout.fillWidth: true
+
+                TextField {
+                    objectName: "NewValueTextField"
+                    placeholderText: "New value"
+                    inputMethodHints: Qt.ImhFormattedNumbersOnly
+                    validator: RegularExpressionValidator { regularExpression: controller.typedValuePattern }
+                    text: controller.newValueText
+                    onTextEdited: controller.newValueText = text
+                    Layout.fillWidth: true
+                }
+                StyledButton {
+                    objectName: "SaveButton"
+                    text: "Save"
+                    enabled: controller.saveEnabled
+                    fillColor: enabled ? "#c9ecd2" : "#d0d0d0"
+                    Layout.preferredWidth: 110
+                    onClicked: controller.SaveNewCardButtonClicked()
+                }
+            }
+        }
+    }
+}

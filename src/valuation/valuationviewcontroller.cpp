@@ -1,0 +1,141 @@
+#include "valuationviewcontroller.h"
+
+#include "appconfig.h"
+#include "appdelegate.h"
+#include "logging.h"
+#include "platformservices.h"
+#include "store.h"
+
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString kStoreErrorTitle = u"Unresolved error "_s;
+}
+
+ValuationViewController::ValuationViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
+{
+    loadIfReady();
+}
+
+void ValuationViewController::viewDidLoad()
+{
+    loadTotals();
+}
+
+QRegularExpression ValuationViewController::typedValuePattern()
+{
+    return QRegularExpression(u"[.0-9]*"_s);
+}
+
+void ValuationViewController::loadTotals()
+{
+    if (!app())
+        return;
+    // A row shows only what a list card reads, so the fetch stays on the name index.
+    auto fetched = app()->persistentContainer().fetchVinyl(
+        FetchRequest(Entity::Vinyl).onlyCardAttributes().sortedBy(u"name"_s));
+    QList<Vinyl> records;
+    if (fetched)
+        records = std::move(fetched).value();
+    else
+        consoleLine(fetched.errorMessage());
+    m_totals = Valuation::totals(records);
+    m_model.setRecords(std::move(records));
+    emit totalsChanged();
+}
+
+void ValuationViewController::setNameText(const QString &text)
+{
+    if (text == m_nameText)
+        return;
+    m_nameText = text;
+    emit nameTextChanged();
+}
+
+void ValuationViewController::setNewValueText(const QString &text)
+{
+    if (text == m_newValueText)
+        return;
+    m_newValueText = text;
+    emit newValueTextChanged();
+}
+
+void ValuationViewController::rowSelected(int row)
+{
+    if (row < 0 || row >= m_model.records().size())
+        return;
+    const Vinyl &vinyl = m_model.records().at(row);
+    setNameText(text(vinyl.name));
+    if (vinyl.name && vinyl.recordLabel && vinyl.artist) {
+        m_recordName = *vinyl.name;
+        m_recordLabel = *vinyl.recordLabel;
+        m_artistName = *vinyl.artist;
+    }
+    m_selectedRow = row;
+    emit selectionChanged();
+}
+
+void ValuationViewController::FindValueOnWeb()
+{
+    if (m_nameText.isEmpty()) {
+        showAlert(Valuation::kNoSearchTitle, Valuation::kNoSearchMessage);
+        return;
+    }
+    openPage(Valuation::searchAddress(m_artistName, m_nameText));
+}
+
+void ValuationViewController::PopsikePriceGuide()
+{
+    openPage(AppConfig::popsikeHome);
+}
+
+void ValuationViewController::ValueYourMusicPriceGuide()
+{
+    openPage(AppConfig::valueYourMusicVinyl);
+}
+
+void ValuationViewController::openPage(const QString &address)
+{
+    const QUrl url(address, QUrl::StrictMode);
+    if (app() && url.isValid() && !url.scheme().isEmpty())
+        app()->platform().openUrl(url);
+}
+
+void ValuationViewController::SaveNewCardButtonClicked()
+{
+    if (!app())
+        return;
+    if (m_newValueText.isEmpty()) {
+        showAlert(Valuation::kNotSavedTitle, Valuation::kNoNewValueMessage);
+        return;
+    }
+    Store &store = app()->persistentContainer();
+    const std::optional<float> newValue = Valuation::parseNewValue(m_newValueText);
+    auto saved = store.transaction([&]() -> Result<void> {
+        auto matches = store.fetchVinyl(FetchRequest(Entity::Vinyl)
+                                            .where(Predicate::equal(u"name"_s, m_recordName))
+                                            .where(Predicate::equal(u"artist"_s, m_artistName))
+                                            .where(Predicate::equal(u"recordLabel"_s, m_recordLabel)));
+        if (!matches)
+            return matches.error();
+        for (Vinyl &vinyl : *matches) {
+            if (newValue)
+                vinyl.value = newValue;
+            // A valued record always counts at least once in the total.
+            if (number(vinyl.quantity) == 0)
+                vinyl.quantity = 1;
+            if (auto r = store.update(vinyl); !r)
+                return r;
+        }
+        return {};
+    });
+    if (!saved) {
+        showAlert(kStoreErrorTitle, saved.errorMessage());
+        return;
+    }
+    (void)app()->saveContext();
+    loadTotals();
+    setNewValueText(QString());
+}
