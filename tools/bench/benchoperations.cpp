@@ -16,6 +16,7 @@
 #include "reportbuilder.h"
 #include "samplecollection.h"
 #include "store.h"
+#include "valuationviewcontroller.h"
 
 #include <QAbstractItemModel>
 #include <QDir>
@@ -258,6 +259,20 @@ void measureExchange(BenchReport &report, BenchCollection &c)
     QFile::remove(file);
 }
 
+// The valuation screen opening: every record by name, the copies and their total value.
+void measureValuation(BenchReport &report, BenchCollection &c)
+{
+    volatile qsizetype sink = 0;
+    const double ms = medianMs(kRuns, [&] {
+        ValuationViewController valuation(&c.app());
+        readFirstScreenful(*valuation.model());
+        sink = sink + valuation.quantityText().size() + valuation.totalValueText().size();
+    });
+    const double floorMs =
+        Floors::select(c.store().filePath(), u"SELECT "_s + kListColumns + u" FROM Vinyl ORDER BY name, rowid"_s, kRuns);
+    add(report, c, u"valuation totals and first screenful"_s, ms, floorMs, 100, 2);
+}
+
 constexpr int kReportRecords = 1000;
 
 // The first thousand records by name, as a long breakdown list or report would hold them.
@@ -348,6 +363,7 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"groups"_s, measureGroupLists},
         {u"breakdown"_s, measureBreakdown},
         {u"exchange"_s, measureExchange},
+        {u"valuation"_s, measureValuation},
         {u"reports"_s, measureReports},
     };
     for (const auto &[name, measure] : groups) {

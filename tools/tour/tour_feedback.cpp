@@ -1,7 +1,13 @@
-// Tour steps of the feedback screens.
+// Tour steps of the feedback screens: rate and share.
 #include "tour.h"
+
+using namespace Qt::StringLiterals;
 
 void addFeedbackSteps(QList<TourStep> &steps)
 {
-    Q_UNUSED(steps);
+    steps.append({u"rate-and-share.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"RateShareTableView"_s);
+                      c.settle();
+                  }});
 }
