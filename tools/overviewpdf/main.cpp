@@ -24,10 +24,10 @@ namespace {
 constexpr double kPageWidth = 595.2;
 constexpr double kPageHeight = 841.8;
 
-// A phone screen: title bar, rows as list cells, buttons at the foot.
-QImage drawScreen(const QString &spec, const QImage &record)
+// A phone screen from "title|row;row|button;button": title bar, rows as list cells, buttons at the foot.
+QImage drawScreen(const QString &layout, const QImage &record)
 {
-    const QStringList parts = spec.split(u'|');
+    const QStringList parts = layout.split(u'|');
     const QString title = parts.value(0);
     const QStringList rows = parts.value(1).split(u';', Qt::SkipEmptyParts);
     const QStringList buttons = parts.value(2).split(u';', Qt::SkipEmptyParts);
