@@ -16,6 +16,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Every attribute but the covers.
+bool sameAttributes(const Vinyl &a, const Vinyl &b)
+{
+    const auto attributes = [](const Vinyl &v) {
+        return std::tie(v.albumDuration, v.artist, v.backImagePath, v.cost, v.coverCondition, v.doubleAlbum,
+                        v.frontImagePath, v.id, v.name, v.notes, v.producer, v.quantity, v.recordLabel,
+                        v.recordSpeed, v.releaseDate, v.value, v.vinylCondition);
+    };
+    return attributes(a) == attributes(b);
+}
+
+bool sameValues(const Track &a, const Track &b)
+{
+    return std::tie(a.duration, a.song, a.trackNumber, a.vinylID, a.writtenBy)
+           == std::tie(b.duration, b.song, b.trackNumber, b.vinylID, b.writtenBy);
+}
+
+
 // The fields of one line; positions past the end read as empty.
 class Fields
 {
@@ -116,12 +134,23 @@ Result<void> ExchangeReader::buildLookups()
         if (!m_records.contains(key))
             m_records.insert(key, q.value(0).toLongLong());
     }
-    if (!q.exec(u"SELECT rowid, vinylID, song FROM Tracks WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
+    if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
+                "WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the tracks"_s, q.lastError());
     while (q.next()) {
-        const TrackKey key{qint16(q.value(1).toLongLong()), q.value(2).toString()};
+        Track t;
+        t.rowId = q.value(0).toLongLong();
+        t.vinylID = qint16(q.value(1).toLongLong());
+        t.song = q.value(2).toString();
+        if (!q.isNull(3))
+            t.trackNumber = qint16(q.value(3).toLongLong());
+        if (!q.isNull(4))
+            t.writtenBy = q.value(4).toString();
+        if (!q.isNull(5))
+            t.duration = q.value(5).toDouble();
+        const TrackKey key{*t.vinylID, *t.song};
         if (!m_tracks.contains(key))
-            m_tracks.insert(key, q.value(0).toLongLong());
+            m_tracks.insert(key, t);
     }
     return {};
 }
@@ -185,6 +214,7 @@ Result<void> ExchangeReader::importRecord(const Line &line)
             v = **stored;
     }
     const bool updating = v.rowId != 0;
+    const Vinyl before = v;
     v.imagesLoaded = !updating;
 
     // An empty field leaves the attribute as it was. A number that does not convert leaves it
@@ -213,8 +243,23 @@ Result<void> ExchangeReader::importRecord(const Line &line)
     apply(BackImage, [&](const QString &t) { if (auto b = decodeImage(t, u"backImage"_s, line.number)) v.backImage = b; });
 
     if (updating) {
-        if (auto r = m_store.update(v); !r)
-            return r;
+        // A line that changes nothing writes nothing: importing the same file again only reads.
+        bool coversChanged = false;
+        for (const auto &[side, cover] : {std::pair{CoverSide::Front, &v.frontImage}, std::pair{CoverSide::Back, &v.backImage}}) {
+            if (!*cover)
+                continue;
+            auto stored = m_store.coverImage(v.rowId, side);
+            if (!stored)
+                return stored.error();
+            if (*stored == **cover)
+                cover->reset();
+            else
+                coversChanged = true;
+        }
+        if (coversChanged || !sameAttributes(before, v)) {
+            if (auto r = m_store.update(v); !r)
+                return r;
+        }
         ++m_counts.recordsUpdated;
         if (v.frontImage || v.backImage)
             CoverImageProvider::forget(v.rowId);
@@ -238,17 +283,24 @@ Result<void> ExchangeReader::importTrack(const Line &line)
     const std::optional<qint16> trackNumber = toInt16(f.at(TrackNumber));
     const QString writtenBy = f.at(WrittenBy);
 
-    const qint64 match = vinylID ? m_tracks.value(TrackKey{*vinylID, song}, 0) : 0;
-    if (match != 0) {
+    const auto match = vinylID ? m_tracks.find(TrackKey{*vinylID, song}) : m_tracks.end();
+    if (match != m_tracks.end()) {
         // Only the fields the line fills change; vinylID and song are what matched.
         Track given;
-        given.rowId = match;
+        given.rowId = match->rowId;
         given.duration = duration;
         given.trackNumber = trackNumber;
         if (!writtenBy.isEmpty())
             given.writtenBy = writtenBy;
-        if (auto r = m_store.updateGiven(given); !r)
-            return r;
+        Track merged = *match;
+        merged.duration = given.duration ? given.duration : merged.duration;
+        merged.trackNumber = given.trackNumber ? given.trackNumber : merged.trackNumber;
+        merged.writtenBy = given.writtenBy ? given.writtenBy : merged.writtenBy;
+        if (!sameValues(merged, *match)) {
+            if (auto r = m_store.updateGiven(given); !r)
+                return r;
+            *match = merged;
+        }
         ++m_counts.tracksUpdated;
         return {};
     }
@@ -265,7 +317,7 @@ Result<void> ExchangeReader::importTrack(const Line &line)
         return r;
     ++m_counts.tracksAdded;
     if (t.vinylID && t.song)
-        m_tracks.insert(TrackKey{*t.vinylID, *t.song}, t.rowId);
+        m_tracks.insert(TrackKey{*t.vinylID, *t.song}, t);
     return {};
 }
 

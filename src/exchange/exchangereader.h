@@ -82,6 +82,8 @@ private:
     qint64 m_next = 0;
     bool m_failed = false;
     QHash<RecordKey, qint64> m_records;
-    QHash<TrackKey, qint64> m_tracks;
+    // The stored tracks by key, with their values, so that a line that changes nothing
+    // writes nothing.
+    QHash<TrackKey, Track> m_tracks;
     ImportCounts m_counts;
 };

@@ -620,11 +620,15 @@ Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) 
 
 Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
 {
-    const QString column = side == CoverSide::Front ? u"frontImage"_s : u"backImage"_s;
-    auto q = runSelect(database(), {u"SELECT "_s + column + u" FROM Vinyl WHERE rowid = ?"_s, {vinylRowId}});
-    if (!q)
-        return q.error();
-    return (*q)->next() ? (*q)->blob(0) : QByteArray();
+    // Kept prepared: an import compares the covers of every record it matches.
+    static const QString front = u"SELECT frontImage FROM Vinyl WHERE rowid = ?"_s;
+    static const QString back = u"SELECT backImage FROM Vinyl WHERE rowid = ?"_s;
+    auto prepared = kept(side == CoverSide::Front ? front : back);
+    if (!prepared)
+        return Error{u"Cannot read a cover: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    return q.next() ? q.blob(0) : QByteArray();
 }
 
 Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const

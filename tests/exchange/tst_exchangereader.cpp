@@ -186,6 +186,7 @@ private slots:
         const QString file = u"[VINYLCOLLECTION]\n"_s + kLine + u"\n"_s + QString(kLine).replace(u"Some Album"_s, u"Other"_s)
                              + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n4.1^Second^2^3^\n"_s;
         QVERIFY(ExchangeReader::importAll(t.store(), file).ok());
+        const qint64 writes = t.store().writeCount();
         auto again = ExchangeReader::importAll(t.store(), file);
         QVERIFY(again.ok());
         QCOMPARE(again->recordsAdded, 0);
@@ -193,6 +194,13 @@ private slots:
         QCOMPARE(again->tracksUpdated, 2);
         QCOMPARE(records(t.store()).size(), 2);
         QCOMPARE(tracks(t.store()).size(), 2);
+        QCOMPARE(t.store().writeCount(), writes); // nothing changed, so nothing was written
+
+        // One changed writer is the one write of a third import.
+        auto changed = ExchangeReader::importAll(t.store(), QString(file).replace(u"^1^3^W"_s, u"^1^3^Z"_s));
+        QVERIFY(changed.ok());
+        QCOMPARE(t.store().writeCount(), writes + 1);
+        QCOMPARE(tracks(t.store()).value(0).writtenBy, u"Z"_s);
     }
 
     void importAgainReplacesOnlyTheCoversALineGives_data()
@@ -227,6 +235,10 @@ private slots:
         QCOMPARE(v.frontImage.value_or(QByteArray()), front ? pngBytes : QByteArray("old front"));
         QCOMPARE(v.backImage.value_or(QByteArray()), back ? pngBytes : QByteArray("old back"));
         QCOMPARE(v.producer, u"Some Producer"_s); // the rest of the line applied too
+
+        const qint64 writes = t.store().writeCount();
+        QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + line + u"\n"_s).ok());
+        QCOMPARE(t.store().writeCount(), writes); // the same covers again change nothing
     }
 
     void recordsMatchByNameAndArtistExactly()
