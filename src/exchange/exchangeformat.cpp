@@ -1,5 +1,7 @@
 #include "exchangeformat.h"
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace Exchange {
@@ -76,6 +78,42 @@ Result<QString> readFile(const QString &path)
     if (file.error() != QFileDevice::NoError)
         return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
     return QString::fromUtf8(bytes);
+}
+
+std::optional<QByteArray> decodeBase64(QStringView text)
+{
+    static constexpr auto kValues = [] {
+        std::array<qint8, 128> values{};
+        values.fill(-1);
+        const char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+        for (int i = 0; i < 64; ++i)
+            values[size_t(alphabet[i])] = qint8(i);
+        return values;
+    }();
+
+    const qsizetype size = text.size();
+    if (size % 4 != 0)
+        return std::nullopt;
+    qsizetype padding = 0;
+    if (size > 0 && text[size - 1] == u'=')
+        padding = text[size - 2] == u'=' ? 2 : 1;
+
+    QByteArray bytes(size / 4 * 3 - padding, Qt::Uninitialized);
+    char *out = bytes.data();
+    char *const end = out + bytes.size();
+    for (qsizetype i = 0; i < size; i += 4) {
+        quint32 bits = 0;
+        for (qsizetype k = i; k < i + 4; ++k) {
+            const char16_t c = text[k].unicode();
+            const int value = k >= size - padding ? 0 : (c < 128 ? kValues[c] : -1);
+            if (value < 0)
+                return std::nullopt;
+            bits = bits << 6 | quint32(value);
+        }
+        for (int shift = 16; shift >= 0 && out < end; shift -= 8)
+            *out++ = char(bits >> shift);
+    }
+    return bytes;
 }
 
 } // namespace Exchange

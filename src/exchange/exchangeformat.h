@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -41,6 +42,11 @@ enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 [[nodiscard]] bool breaksLine(const QString &text);
 // The text without carets, CRs and LFs.
 [[nodiscard]] QString withoutLineBreakers(const QString &text);
+
+// Standard base64 (RFC 4648 alphabet, "=" padding) read strictly: nullopt for any other
+// character, a length that is not a multiple of four, or padding before the end. Reads the
+// field in place; the covers of a whole collection pass through here.
+[[nodiscard]] std::optional<QByteArray> decodeBase64(QStringView text);
 
 } // namespace Exchange
 

@@ -181,10 +181,10 @@ Result<void> ExchangeReader::importSome(int maxLines)
 
 std::optional<QByteArray> ExchangeReader::decodeImage(const QString &field, const QString &attribute, qint64 lineNumber)
 {
-    auto decoded = QByteArray::fromBase64Encoding(field.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
-    bool readable = decoded && !decoded.decoded.isEmpty() && field.size() % 4 == 0;
+    std::optional<QByteArray> decoded = Exchange::decodeBase64(field);
+    bool readable = decoded && !decoded->isEmpty();
     if (readable) {
-        QBuffer buffer(&decoded.decoded);
+        QBuffer buffer(&*decoded);
         buffer.open(QIODevice::ReadOnly);
         readable = QImageReader(&buffer).canRead();
     }
@@ -193,7 +193,7 @@ std::optional<QByteArray> ExchangeReader::decodeImage(const QString &field, cons
         consoleLine(ImportMessages::kUnreadableImage.arg(attribute).arg(lineNumber));
         return std::nullopt;
     }
-    return decoded.decoded;
+    return decoded;
 }
 
 Result<void> ExchangeReader::importRecord(const Line &line)

@@ -1,3 +1,4 @@
+#include "exchangeformat.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
 #include "fetchrequest.h"
@@ -201,6 +202,29 @@ private slots:
         QVERIFY(changed.ok());
         QCOMPARE(t.store().writeCount(), writes + 1);
         QCOMPARE(tracks(t.store()).value(0).writtenBy, u"Z"_s);
+    }
+
+    void base64Fields_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<std::optional<QByteArray>>("bytes");
+        for (const QByteArray &plain : {QByteArray("a"), QByteArray("ab"), QByteArray("abc"), QByteArray("abcd"),
+                                        QByteArray("\xff\xd8\xff\x00\x10", 5)})
+            QTest::addRow("%d bytes", int(plain.size())) << QString::fromLatin1(plain.toBase64()) << std::optional(plain);
+        QTest::newRow("empty") << QString() << std::optional(QByteArray());
+        QTest::newRow("plus and slash") << u"+/+/"_s << std::optional(QByteArray("\xfb\xff\xbf", 3));
+        QTest::newRow("length not a multiple of four") << u"YWJ"_s << std::optional<QByteArray>();
+        QTest::newRow("padding inside") << u"YW=jZA=="_s << std::optional<QByteArray>();
+        QTest::newRow("only padding") << u"===="_s << std::optional<QByteArray>();
+        QTest::newRow("URL alphabet") << u"-_-_"_s << std::optional<QByteArray>();
+        QTest::newRow("not ASCII") << u"YWJ\u00e9"_s << std::optional<QByteArray>();
+        QTest::newRow("line break") << u"YW\nJj"_s << std::optional<QByteArray>();
+    }
+    void base64Fields()
+    {
+        QFETCH(QString, field);
+        QFETCH(std::optional<QByteArray>, bytes);
+        QCOMPARE(Exchange::decodeBase64(field), bytes);
     }
 
     void importAgainReplacesOnlyTheCoversALineGives_data()
