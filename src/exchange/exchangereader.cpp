@@ -137,6 +137,8 @@ Result<void> ExchangeReader::buildLookups()
     if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
                 "WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the tracks"_s, q.lastError());
+    // Every track line may add a track.
+    m_tracks.reserve(m_trackLines.size());
     while (q.next()) {
         Track t;
         t.rowId = q.value(0).toLongLong();
@@ -183,7 +185,9 @@ std::optional<QByteArray> ExchangeReader::decodeImage(const QString &field, cons
 {
     std::optional<QByteArray> decoded = Exchange::decodeBase64(field);
     bool readable = decoded && !decoded->isEmpty();
-    if (readable) {
+    // Covers are JPEG as we write them; only other pictures need the image readers' look.
+    static const QByteArray jpegStart("\xff\xd8\xff", 3);
+    if (readable && !decoded->startsWith(jpegStart)) {
         QBuffer buffer(&*decoded);
         buffer.open(QIODevice::ReadOnly);
         readable = QImageReader(&buffer).canRead();
