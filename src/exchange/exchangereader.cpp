@@ -39,7 +39,9 @@ class Fields
 {
 public:
     explicit Fields(QStringView line) : m_fields(line.split(Exchange::kSeparator)) {}
-    [[nodiscard]] QString at(int i) const { return i < m_fields.size() ? m_fields.at(i).toString() : QString(); }
+    [[nodiscard]] QString at(int i) const { return view(i).toString(); }
+    // The field in place in the line; for long fields (covers) that are read but not kept.
+    [[nodiscard]] QStringView view(int i) const { return i < m_fields.size() ? m_fields.at(i) : QStringView(); }
 
 private:
     QList<QStringView> m_fields;
@@ -181,7 +183,7 @@ Result<void> ExchangeReader::importSome(int maxLines)
     return {};
 }
 
-std::optional<QByteArray> ExchangeReader::decodeImage(const QString &field, const QString &attribute, qint64 lineNumber)
+std::optional<QByteArray> ExchangeReader::decodeImage(QStringView field, const QString &attribute, qint64 lineNumber)
 {
     std::optional<QByteArray> decoded = Exchange::decodeBase64(field);
     bool readable = decoded && !decoded->isEmpty();
@@ -243,8 +245,13 @@ Result<void> ExchangeReader::importRecord(const Line &line)
     apply(ReleaseDate, [&](const QString &t) { if (auto d = parseDate(t)) v.releaseDate = d; });
     apply(Value, [&](const QString &t) { v.value = toFloat(t); });
     apply(VinylConditionField, [&](const QString &t) { v.vinylCondition = t; });
-    apply(FrontImage, [&](const QString &t) { if (auto b = decodeImage(t, u"frontImage"_s, line.number)) v.frontImage = b; });
-    apply(BackImage, [&](const QString &t) { if (auto b = decodeImage(t, u"backImage"_s, line.number)) v.backImage = b; });
+    for (const auto &[field, attribute, cover] : {std::tuple{FrontImage, u"frontImage"_s, &v.frontImage},
+                                                  std::tuple{BackImage, u"backImage"_s, &v.backImage}}) {
+        if (const QStringView text = f.view(field); !text.isEmpty()) {
+            if (auto bytes = decodeImage(text, attribute, line.number))
+                *cover = std::move(bytes);
+        }
+    }
 
     if (updating) {
         // A line that changes nothing writes nothing: importing the same file again only reads.

@@ -73,7 +73,7 @@ private:
     Result<void> buildLookups();
     Result<void> importRecord(const Line &line);
     Result<void> importTrack(const Line &line);
-    std::optional<QByteArray> decodeImage(const QString &field, const QString &attribute, qint64 lineNumber);
+    std::optional<QByteArray> decodeImage(QStringView field, const QString &attribute, qint64 lineNumber);
 
     Store &m_store;
     QString m_document;
