@@ -72,8 +72,8 @@ RecordCard makeCard(const Vinyl &vinyl, const BreakdownKind &kind, bool searchin
     if (detail)
         card.producerLabel += u"  Speed: "_s + text(vinyl.recordSpeed);
     const double total = double(number(vinyl.quantity)) * double(number(vinyl.value));
-    card.costLabel = u"Cost: "_s + CollectionList::currencyOrZero(double(number(vinyl.cost))) + u"  Total Value: "_s
-        + CollectionList::currencyOrZero(total);
+    card.costLabel = u"Cost: "_s + Formatters::currencyOrZero(double(number(vinyl.cost))) + u"  Total Value: "_s
+        + Formatters::currencyOrZero(total);
     card.speedLabel = u"Speed: "_s + speed + u"  Type: "_s + text(vinyl.doubleAlbum);
     return card;
 }
@@ -113,9 +113,9 @@ double valueOf(const QList<Vinyl> &records, const QList<int> &list)
 QString footerText(const BreakdownKind &kind, float groupValue, double shownValue, bool searching)
 {
     if (!kind.footerFollowsSearch)
-        return u"Value: "_s + CollectionList::currencyOrZero(double(groupValue));
+        return u"Value: "_s + Formatters::currencyOrZero(double(groupValue));
     const double amount = searching ? shownValue : double(groupValue);
-    return u"Valuation for displayed vinyl's: "_s + CollectionList::currencyOrZero(amount);
+    return u"Valuation for displayed vinyl's: "_s + Formatters::currencyOrZero(amount);
 }
 
 } // namespace Breakdown

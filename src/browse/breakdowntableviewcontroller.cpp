@@ -132,7 +132,7 @@ void BreakdownTableViewController::deleteRow(int row)
     Store &store = app()->persistentContainer();
     auto removed = store.transaction([&]() { return store.remove(Entity::Vinyl, rowId); });
     if (!removed) {
-        showAlert(BrowseTexts::kStoreErrorTitle, removed.errorMessage());
+        showAlert(kStoreErrorTitle, removed.errorMessage());
         return;
     }
     (void)app()->saveContext();
@@ -150,7 +150,7 @@ void BreakdownTableViewController::rowSelected(int row)
         return;
     auto record = app()->persistentContainer().vinylByRowId(m_records.at(list.at(row)).rowId);
     if (!record) {
-        showAlert(BrowseTexts::kStoreErrorTitle, record.errorMessage());
+        showAlert(kStoreErrorTitle, record.errorMessage());
         return;
     }
     if (!record.value()) {

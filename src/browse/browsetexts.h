@@ -25,7 +25,6 @@ inline const QString kSortArtist = u"Artist"_s;
 
 inline const QString kRecordNotFoundTitle = u"Record Not Found"_s;
 inline const QString kRecordNotFoundMessage = u"This record is no longer in the collection; the list has been refreshed."_s;
-inline const QString kStoreErrorTitle = u"Unresolved error "_s;
 inline const QString kCantSendTextTitle = u"Can't Send Text Message"_s;
 inline const QString kCantSendTextMessage = u"Your device is not able to send text messages."_s;
 inline const QString kPdfNotWrittenTitle = u"Document not Created"_s;

@@ -28,7 +28,7 @@ QString TextCache::currency(double amount)
 {
     auto it = m_currency.constFind(amount);
     if (it == m_currency.constEnd())
-        it = m_currency.insert(amount, currencyOrZero(amount));
+        it = m_currency.insert(amount, Formatters::currencyOrZero(amount));
     return *it;
 }
 
@@ -39,12 +39,6 @@ QString TextCache::mediumDate(const QDateTime &date)
     if (it == m_dates.constEnd())
         it = m_dates.insert(key, Formatters::mediumDate(date));
     return *it;
-}
-
-QString currencyOrZero(double amount)
-{
-    const QString text = Formatters::currency(amount);
-    return text.isEmpty() ? u"0"_s : text;
 }
 
 RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts)

@@ -46,7 +46,5 @@ void sortByName(const QList<Vinyl> &records, QList<int> &list, bool ascending);
 // "# Vinyl Records = 3 of 12"
 [[nodiscard]] QString headerText(qsizetype shown, qsizetype all);
 
-// Currency text of an amount; "0" when the formatter gives nothing.
-[[nodiscard]] QString currencyOrZero(double amount);
 
 } // namespace CollectionList

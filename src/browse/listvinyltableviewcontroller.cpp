@@ -137,7 +137,7 @@ void ListVinylTableViewController::deleteRow(int row)
     Store &store = app()->persistentContainer();
     auto removed = store.transaction([&]() { return store.remove(Entity::Vinyl, rowId); });
     if (!removed) {
-        showAlert(BrowseTexts::kStoreErrorTitle, removed.errorMessage());
+        showAlert(kStoreErrorTitle, removed.errorMessage());
         return;
     }
     (void)app()->saveContext();
@@ -157,7 +157,7 @@ void ListVinylTableViewController::rowPicked(int row)
     const qint64 rowId = m_records.at(list.at(row)).rowId;
     auto record = app()->persistentContainer().vinylByRowId(rowId);
     if (!record) {
-        showAlert(BrowseTexts::kStoreErrorTitle, record.errorMessage());
+        showAlert(kStoreErrorTitle, record.errorMessage());
         return;
     }
     if (!record.value()) {

@@ -71,7 +71,7 @@ void AddVinylViewController::SaveNewVinylButtonClicked()
         if (!refusal.isEmpty())
             showAlert(RecordForm::kNotSavedTitle, refusal);
         else
-            showAlert(u"Unresolved error "_s, saved.errorMessage());
+            showAlert(kStoreErrorTitle, saved.errorMessage());
         return;
     }
     m_savedRowId = vinyl->rowId;

@@ -84,7 +84,7 @@ void EditVinylViewController::SaveVinylButtonClicked()
     const qint64 rowId = app()->state()->currentRecord().rowId;
     const auto found = store.vinylByRowId(rowId);
     if (!found) {
-        showAlert(u"Unresolved error "_s, found.errorMessage());
+        showAlert(kStoreErrorTitle, found.errorMessage());
         return;
     }
     if (!found->has_value()) {
@@ -145,7 +145,7 @@ void EditVinylViewController::SaveVinylButtonClicked()
     if (!saved) {
         for (const CoverFile &file : std::as_const(files))
             QFile::remove(file.newPath);
-        showAlert(u"Unresolved error "_s, saved.errorMessage());
+        showAlert(kStoreErrorTitle, saved.errorMessage());
         return;
     }
     // The files the record no longer names go, when they are ours.
@@ -204,7 +204,7 @@ void EditVinylViewController::removeCover(CoverSide side)
         (side == CoverSide::Front ? vinyl.frontImage : vinyl.backImage).reset();
         const auto saved = store.transaction([&] { return store.update(vinyl); });
         if (!saved) {
-            showAlert(u"Unresolved error "_s, saved.errorMessage());
+            showAlert(kStoreErrorTitle, saved.errorMessage());
             return;
         }
         CoverImageProvider::forget(rowId);

@@ -34,7 +34,7 @@ void NotesViewController::SaveVinylButtonClicked()
     Store &store = app()->persistentContainer();
     const auto found = store.vinylByRowId(app()->state()->currentRecord().rowId);
     if (!found) {
-        showAlert(u"Unresolved error "_s, found.errorMessage());
+        showAlert(kStoreErrorTitle, found.errorMessage());
         return;
     }
     if (found->has_value()) {
@@ -42,7 +42,7 @@ void NotesViewController::SaveVinylButtonClicked()
         vinyl.notes = m_notes.isNull() ? u""_s : m_notes;
         const auto saved = store.transaction([&] { return store.update(vinyl); });
         if (!saved) {
-            showAlert(u"Unresolved error "_s, saved.errorMessage());
+            showAlert(kStoreErrorTitle, saved.errorMessage());
             return;
         }
     }

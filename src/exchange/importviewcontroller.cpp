@@ -126,6 +126,6 @@ void ImportViewController::failImport(const QString &message)
     m_importButtonEnabled = true;
     emit changed();
     emit importFinished();
-    showAlert(kTitle, u"Unresolved error "_s + message
+    showAlert(kTitle, kStoreErrorTitle + message
                           + u"\n\nThe import stopped; the %1 lines before it were imported."_s.arg(done));
 }

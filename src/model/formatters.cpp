@@ -164,6 +164,12 @@ QString currency(double amount)
     return formatNumber(formatters().currency.get(), amount);
 }
 
+QString currencyOrZero(double amount)
+{
+    const QString text = currency(amount);
+    return text.isEmpty() ? QStringLiteral("0") : text;
+}
+
 QString twoDecimals(double amount)
 {
     return formatNumber(formatters().twoDecimals.get(), amount);

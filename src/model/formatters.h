@@ -12,6 +12,8 @@ namespace Formatters {
 
 // 12.5 -> "$12.50" (en_US).
 [[nodiscard]] QString currency(double amount);
+// The currency text, or "0" when the formatter gives nothing.
+[[nodiscard]] QString currencyOrZero(double amount);
 // 1234.5 -> "1,234.50": grouping and exactly two fraction digits.
 [[nodiscard]] QString twoDecimals(double amount);
 // Medium date style, no time: "Mar 5, 1975".

@@ -22,6 +22,9 @@ class ScreenController : public QObject, public QQmlParserStatus
     QML_ANONYMOUS
 
 public:
+    // The title of the alert a failed store read or save raises on every screen.
+    static inline const QString kStoreErrorTitle = QStringLiteral("Unresolved error ");
+
     explicit ScreenController(AppDelegate *app = nullptr, QObject *parent = nullptr);
 
     [[nodiscard]] AppDelegate *app() const { return m_app; }

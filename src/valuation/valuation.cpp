@@ -53,8 +53,7 @@ QString copiesText(const Totals &totals)
 
 QString valueText(const Totals &totals)
 {
-    const QString text = Formatters::currency(totals.value);
-    return text.isEmpty() ? u"0"_s : text;
+    return Formatters::currencyOrZero(totals.value);
 }
 
 RowTexts rowTexts(const Vinyl &vinyl)
@@ -65,8 +64,7 @@ RowTexts rowTexts(const Vinyl &vinyl)
     texts.recordLabel = u"Record Label: "_s + text(vinyl.recordLabel);
     texts.released =
         u"Date Released: "_s + (vinyl.releaseDate ? Formatters::monthYear(*vinyl.releaseDate) : u"N/A"_s);
-    const QString value = Formatters::currency(double(number(vinyl.value)));
-    texts.value = u"Value: "_s + (value.isEmpty() ? u"0"_s : value);
+    texts.value = u"Value: "_s + Formatters::currencyOrZero(double(number(vinyl.value)));
     return texts;
 }
 

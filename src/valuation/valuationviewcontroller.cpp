@@ -10,10 +10,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-const QString kStoreErrorTitle = u"Unresolved error "_s;
-}
-
 ValuationViewController::ValuationViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
     loadIfReady();
