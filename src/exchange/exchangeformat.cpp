@@ -6,6 +6,17 @@ using namespace Qt::StringLiterals;
 
 namespace Exchange {
 
+bool hasRecordSection(QStringView text)
+{
+    const auto endsLine = [](QChar c) { return c == u'\n' || c == u'\r'; };
+    for (qsizetype at = text.indexOf(kRecordMarker); at >= 0; at = text.indexOf(kRecordMarker, at + 1)) {
+        const qsizetype end = at + kRecordMarker.size();
+        if ((at == 0 || endsLine(text[at - 1])) && (end == text.size() || endsLine(text[end])))
+            return true;
+    }
+    return false;
+}
+
 QString cleanNotes(const QString &notes)
 {
     QString cleaned = notes;
@@ -62,23 +73,7 @@ QString withoutLineBreakers(const QString &text)
 
 } // namespace Exchange
 
-#include <QFile>
-#include <QFileInfo>
-
 namespace Exchange {
-
-Result<QString> readFile(const QString &path)
-{
-    QFile file(path);
-    if (QFileInfo(path).isDir())
-        return Error{u"%1 is a folder, not a file."_s.arg(path)};
-    if (!file.open(QIODevice::ReadOnly))
-        return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
-    return QString::fromUtf8(bytes);
-}
 
 std::optional<QByteArray> decodeBase64(QStringView text)
 {

@@ -2,6 +2,7 @@
 
 #include "appdelegate.h"
 #include "exchangeformat.h"
+#include "textfile.h"
 #include "exchangereader.h"
 #include "logging.h"
 
@@ -52,7 +53,7 @@ void ImportViewController::LoadFile()
 void ImportViewController::documentPicked(const QUrl &url)
 {
     const QString path = url.isLocalFile() ? url.toLocalFile() : url.toString();
-    auto text = Exchange::readFile(path);
+    auto text = TextFile::readUtf8(path);
     if (!text) {
         consoleLine(text.errorMessage());
         showAlert(kTitle, u"The file could not be read.\n"_s + text.errorMessage());

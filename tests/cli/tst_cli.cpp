@@ -59,6 +59,9 @@ private slots:
         QTest::newRow("demo beyond the numbers") << QStringList{u"demo"_s, u"40000"_s} << int(CliBadInput);
         QTest::newRow("stats with extra") << QStringList{u"stats"_s, u"x"_s} << int(CliBadUsage);
         QTest::newRow("data dir without folder") << QStringList{u"--data-dir"_s} << int(CliBadUsage);
+        // An empty folder must not mean the collector's own collection.
+        QTest::newRow("data dir empty after =") << QStringList{u"--data-dir="_s, u"demo"_s, u"3"_s} << int(CliBadUsage);
+        QTest::newRow("data dir empty") << QStringList{u"--data-dir"_s, u""_s, u"demo"_s, u"3"_s} << int(CliBadUsage);
     }
     void badUsageAndBadInput()
     {
@@ -66,11 +69,16 @@ private slots:
         QFETCH(int, code);
         QTemporaryDir dir;
         QStringList all = arguments;
-        if (!arguments.contains(u"--data-dir"_s))
+        if (!arguments.contains(u"--data-dir"_s) && !arguments.contains(u"--data-dir="_s))
             all.prepend(dir.path()), all.prepend(u"--data-dir"_s);
+        // Where the app's own data folder would be, had the option fallen back to it.
+        QTemporaryDir home;
+        qputenv("XDG_DATA_HOME", home.path().toUtf8());
         const Run result = run(all);
+        qunsetenv("XDG_DATA_HOME");
         QCOMPARE(result.code, code);
         QVERIFY(!result.err.isEmpty());
+        QVERIFY(QDir(home.path()).isEmpty());
     }
 
     void demoContinuesNumbering()

@@ -68,6 +68,34 @@ private slots:
             QVERIFY2(r.err.contains(message), qPrintable(r.err));
     }
 
+    // A file the import cannot take leaves the store as it was and says why (exit 1).
+    void refusedFilesChangeNothing_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("saved as Windows-1252")
+            << QByteArray("[VINYLCOLLECTION]\n0.0^Beyonc\xe9^0.0^^^1^Lemonade^^^1^^^^0.0^^^\n") << u"Line 2 is not UTF-8"_s;
+        QTest::newRow("no record section") << QByteArray("[TRACKCOLLECTION]\n3.0^Song^1^1^\n")
+                                           << u"no [VINYLCOLLECTION] section in "_s;
+    }
+
+    void refusedFilesChangeNothing()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, message);
+        QTemporaryDir dir;
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"2"_s}).code, int(CliOk));
+        const QString file = dir.filePath(u"in.csv"_s);
+        QFile out(file);
+        QVERIFY(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
+        out.close();
+        const QString before = run({u"--data-dir"_s, dir.path(), u"stats"_s}).out;
+        const Run r = run({u"--data-dir"_s, dir.path(), u"import"_s, file});
+        QCOMPARE(r.code, int(CliBadInput));
+        QVERIFY2(r.err.contains(message), qPrintable(r.err));
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out, before);
+    }
+
     void exportThenImportIntoAnotherStore()
     {
         QTemporaryDir source, target;
