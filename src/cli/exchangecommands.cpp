@@ -7,7 +7,9 @@
 #include "exchangereader.h"
 #include "exchangewriter.h"
 #include "importviewcontroller.h"
+#include "snapshots.h"
 
+#include <QFileInfo>
 #include <QSaveFile>
 
 int exportCommand(CliContext &context)
@@ -49,6 +51,11 @@ int importCommand(CliContext &context)
     }
     if (!Exchange::hasRecordSection(*text)) {
         context.err << "no " << Exchange::kRecordMarker << " section in " << context.arguments.first() << "\n";
+        return CliBadInput;
+    }
+    if (auto kept = context.app.snapshots().take(Snapshots::kKindImport, QFileInfo(context.arguments.first()).fileName());
+        !kept) {
+        context.err << "platterbox: the collection could not be kept before the import: " << kept.errorMessage() << "\n";
         return CliBadInput;
     }
     auto counts = ExchangeReader::importAll(context.app.persistentContainer(), *text);

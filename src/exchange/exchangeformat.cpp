@@ -1,5 +1,8 @@
 #include "exchangeformat.h"
 
+#include <QLocale>
+#include <QStringList>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -15,6 +18,42 @@ bool hasRecordSection(QStringView text)
             return true;
     }
     return false;
+}
+
+QString shortenedLine(QStringView line)
+{
+    constexpr qsizetype kLongest = 200;
+    if (line.size() <= kLongest)
+        return line.toString();
+    QStringList fields;
+    for (QStringView field : line.split(kSeparator)) {
+        fields.append(field.size() <= kLongest ? field.toString()
+                                               : u"[picture: %1 characters]"_s.arg(QLocale().toString(field.size())));
+    }
+    return fields.join(kSeparator);
+}
+
+// A long text is shown as a labelled summary: its size, then its first lines with the pictures'
+// long base64 fields shortened, so the collector sees what the file holds.
+QString preview(QByteArrayView data, qsizetype maxCharacters)
+{
+    if (data.size() <= maxCharacters)
+        return QString::fromUtf8(data);
+    const QLocale locale;
+    QString shown;
+    qsizetype linesShown = 0;
+    for (qsizetype start = 0; start < data.size() && shown.size() < maxCharacters; ++linesShown) {
+        qsizetype end = data.indexOf('\n', start);
+        if (end < 0)
+            end = data.size();
+        shown += shortenedLine(QString::fromUtf8(data.constData() + start, end - start)) + u'\n';
+        start = end + 1;
+    }
+    const qsizetype lines = data.count('\n');
+    return u"This file is too large to show whole: %1 in %2 lines. Its first %3 lines follow, with each "
+           "picture shortened to its size.\n\n"_s
+               .arg(locale.formattedDataSize(data.size()), locale.toString(lines), locale.toString(linesShown))
+           + shown + (lines > linesShown ? u"\u2026\n(%1 more lines in the file)"_s.arg(locale.toString(lines - linesShown)) : QString());
 }
 
 QString cleanNotes(const QString &notes)

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <optional>
@@ -31,6 +32,13 @@ enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 
 // Whether a line of the text is "[VINYLCOLLECTION]".
 [[nodiscard]] bool hasRecordSection(QStringView text);
+
+// A line as a person reads it: any field too long to read (a picture's base64) becomes
+// "[picture: 12,345 characters]".
+[[nodiscard]] QString shortenedLine(QStringView line);
+// The text for a screen: whole when it is short, otherwise a labelled summary (size, line
+// count) and its first lines shortened as above.
+[[nodiscard]] QString preview(QByteArrayView utf8, qsizetype maxCharacters);
 
 // Notes keep their line breaks as "~"; carets, apostrophes go and "&" becomes "and".
 [[nodiscard]] QString cleanNotes(const QString &notes);

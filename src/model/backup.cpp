@@ -20,6 +20,7 @@ namespace {
 using Backup::Info;
 using Backup::Paths;
 using Backup::Progress;
+using Backup::part;
 
 constexpr int kFormat = 1;
 constexpr int kBusyMilliseconds = 10000;
@@ -200,17 +201,6 @@ Result<void> copyStore(const Connection &source, const Connection &target, const
     return {};
 }
 
-// Two progress ranges one after the other reported as one.
-Progress part(const Progress &progress, double from, double to)
-{
-    if (!progress)
-        return {};
-    return [=](qint64 done, qint64 total) {
-        const double fraction = total > 0 ? double(done) / double(total) : 1.0;
-        return progress(qint64(1000 * (from + (to - from) * fraction)), 1000);
-    };
-}
-
 QStringList tablesOf(const Connection &db, const QString &schema)
 {
     QStringList tables;
@@ -347,6 +337,16 @@ Result<void> movePaths(const Connection &db, const QString &from, const QString 
 } // namespace
 
 namespace Backup {
+
+Progress part(const Progress &progress, double from, double to)
+{
+    if (!progress)
+        return {};
+    return [=](qint64 done, qint64 total) {
+        const double fraction = total > 0 ? double(done) / double(total) : 1.0;
+        return progress(qint64(1000 * (from + (to - from) * fraction)), 1000);
+    };
+}
 
 Result<Info> write(const Paths &paths, const QString &target, Info info, bool coverFiles, const Progress &progress)
 {

@@ -31,6 +31,9 @@ struct Info
 // Called with the work done and the work in all; returning false cancels.
 using Progress = std::function<bool(qint64 done, qint64 total)>;
 
+// Reports a share of a larger piece of work: from..to of the whole, counted in thousandths.
+[[nodiscard]] Progress part(const Progress &progress, double from, double to);
+
 struct Paths
 {
     QString store;     // the live store file

@@ -96,6 +96,34 @@ private slots:
         QCOMPARE(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out, before);
     }
 
+    void backupRestoreAndUndo()
+    {
+        QTemporaryDir dir;
+        const QStringList data{u"--data-dir"_s, dir.path()};
+        const auto records = [&] { return run(data + QStringList{u"stats"_s}).out.section(u'\n', 0, 0); };
+        QCOMPARE(run(data + QStringList{u"demo"_s, u"3"_s}).code, int(CliOk));
+        const QString file = dir.filePath(u"three.platterbox"_s);
+        const Run backup = run(data + QStringList{u"backup"_s, file});
+        QCOMPARE(backup.code, int(CliOk));
+        QCOMPARE(backup.out, u"Backed up 3 records and 0 cover files to %1\n"_s.arg(file));
+        QCOMPARE(run(data + QStringList{u"demo"_s, u"2"_s}).code, int(CliOk));
+
+        QCOMPARE(run(data + QStringList{u"restore"_s, file}).code, int(CliOk));
+        QCOMPARE(records(), u"Records: 3"_s);
+        const Run undo = run(data + QStringList{u"undo-import"_s});
+        QCOMPARE(undo.code, int(CliOk));
+        QVERIFY2(undo.out.startsWith(u"The collection is back as it was before the restore of three.platterbox on "_s),
+                 qPrintable(undo.out));
+        QCOMPARE(records(), u"Records: 5"_s);
+
+        const Run nothing = run(data + QStringList{u"undo-import"_s});
+        QCOMPARE(nothing.code, int(CliBadInput));
+        QCOMPARE(nothing.err, u"platterbox: There is no import or restore to undo.\n"_s);
+        const Run notABackup = run(data + QStringList{u"restore"_s, dir.filePath(u"Platterbox.sqlite"_s)});
+        QCOMPARE(notABackup.code, int(CliBadInput));
+        QCOMPARE(records(), u"Records: 5"_s);
+    }
+
     void exportThenImportIntoAnotherStore()
     {
         QTemporaryDir source, target;
