@@ -1,10 +1,11 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Dialogs
 import QtQuick.Layouts
 import Platterbox
 
-// Loads an exchange file, shows it, and merges it into the collection.
+// Loads an exchange, Discogs or CSV file, shows what importing it would change, and imports it.
 ScreenPage {
     id: root
 
@@ -19,9 +20,9 @@ ScreenPage {
 
     FileDialog {
         id: picker
-        title: "Choose the exchange file"
+        title: "Choose the file to import"
         fileMode: FileDialog.OpenFile
-        nameFilters: ["Exchange files (*.csv *.txt)", "All files (*)"]
+        nameFilters: ["Collection files (*.csv *.txt)", "All files (*)"]
         onAccepted: controller.documentPicked(selectedFile)
         onRejected: controller.documentPickerWasCancelled()
     }
@@ -50,11 +51,20 @@ ScreenPage {
                 Layout.preferredWidth: 1
                 onClicked: controller.ImportTextFile()
             }
+            StyledButton {
+                objectName: "CancelButton"
+                text: "Cancel"
+                visible: controller.busy
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.CancelButtonTapped()
+            }
         }
 
         Label {
             objectName: "FileNameLabel"
-            text: controller.filename
+            text: controller.formatLabel.length > 0 ? controller.filename + " \u00b7 " + controller.formatLabel
+                                                    : controller.filename
             visible: text.length > 0
             elide: Text.ElideMiddle
             font.pixelSize: 14
@@ -62,39 +72,113 @@ ScreenPage {
             Layout.fillWidth: true
         }
 
-        ProgressBar {
-            objectName: "ImportProgress"
-            value: controller.progress
-            visible: controller.importing || controller.progress > 0
+        RowLayout {
+            visible: controller.busy
+            spacing: 10
+            Layout.fillWidth: true
+            ProgressBar {
+                objectName: "ImportProgress"
+                value: controller.progress
+                Layout.fillWidth: true
+            }
+            Label {
+                text: controller.importing ? "Importing " + controller.progressText : "Reading " + controller.progressText
+                font.pixelSize: 13
+            }
+        }
+
+        Label {
+            objectName: "CountsLabel"
+            text: controller.countsLabel
+            visible: text.length > 0
+            font.pixelSize: 16
+            font.bold: true
+            wrapMode: Text.Wrap
             Layout.fillWidth: true
         }
 
-        Rectangle {
+        Label {
+            objectName: "RemarksLabel"
+            text: controller.remarksLabel
+            visible: text.length > 0
+            font.pixelSize: 12
+            color: "#555555"
+            wrapMode: Text.Wrap
+            maximumLineCount: 4
+            elide: Text.ElideRight
+            Layout.fillWidth: true
+        }
+
+        TabBar {
+            id: pages
+            objectName: "PreviewTabs"
+            Layout.fillWidth: true
+            TabButton { text: "Preview" }
+            TabButton { text: "File" }
+        }
+
+        // Which kind of line the preview shows.
+        Flow {
+            visible: pages.currentIndex === 0 && controller.countsLabel.length > 0
+            spacing: 6
+            Layout.fillWidth: true
+            Repeater {
+                model: [{ kind: -1, text: "All" }, { kind: 0, text: "New" }, { kind: 1, text: "Updated" },
+                        { kind: 2, text: "Unchanged" }, { kind: 3, text: "Problems" }]
+                delegate: Button {
+                    required property var modelData
+                    text: modelData.text
+                    checkable: true
+                    checked: controller.shownKind === modelData.kind
+                    flat: !checked
+                    font.pixelSize: 13
+                    onClicked: controller.ShowLines(modelData.kind)
+                }
+            }
+        }
+
+        StackLayout {
+            currentIndex: pages.currentIndex
             Layout.fillWidth: true
             Layout.fillHeight: true
-            radius: 5
-            border.width: 1
-            border.color: "black"
-            clip: true
 
-            ScrollView {
-                anchors.fill: parent
-                anchors.margins: 4
-                TextArea {
-                    objectName: "ImportTextView"
-                    text: controller.importText
-                    readOnly: true
-                    wrapMode: TextEdit.WrapAnywhere
-                    font.family: "monospace"
-                    font.pixelSize: 12
-                    background: null
+            ListView {
+                objectName: "PreviewList"
+                clip: true
+                model: controller.previewLines
+                reuseItems: true
+                spacing: 0
+                delegate: ImportPreviewTableViewCell {
+                    width: ListView.view.width
+                }
+                ScrollBar.vertical: ScrollBar {}
+
+                BusyIndicator {
+                    anchors.centerIn: parent
+                    running: controller.busy
+                    visible: running
                 }
             }
 
-            BusyIndicator {
-                anchors.centerIn: parent
-                running: controller.importing
-                visible: running
+            Rectangle {
+                radius: 5
+                border.width: 1
+                border.color: "black"
+                clip: true
+
+                ScrollView {
+                    anchors.fill: parent
+                    anchors.margins: 4
+                    TextArea {
+                        objectName: "ImportTextView"
+                        text: controller.importText
+                        readOnly: true
+                        wrapMode: TextEdit.WrapAnywhere
+                        font.family: "monospace"
+                        font.pixelSize: 12
+                        background: null
+                    }
+                }
             }
         }
 

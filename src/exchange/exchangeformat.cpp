@@ -6,11 +6,11 @@ using namespace Qt::StringLiterals;
 
 namespace Exchange {
 
-bool hasRecordSection(QStringView text)
+bool hasLine(QStringView text, QStringView line)
 {
     const auto endsLine = [](QChar c) { return c == u'\n' || c == u'\r'; };
-    for (qsizetype at = text.indexOf(kRecordMarker); at >= 0; at = text.indexOf(kRecordMarker, at + 1)) {
-        const qsizetype end = at + kRecordMarker.size();
+    for (qsizetype at = text.indexOf(line); at >= 0; at = text.indexOf(line, at + 1)) {
+        const qsizetype end = at + line.size();
         if ((at == 0 || endsLine(text[at - 1])) && (end == text.size() || endsLine(text[end])))
             return true;
     }

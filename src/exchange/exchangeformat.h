@@ -29,8 +29,10 @@ enum RecordField {
 // Field positions of a track line.
 enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 
+// Whether a line of the text (ended by LF, CR LF or CR) is `line`.
+[[nodiscard]] bool hasLine(QStringView text, QStringView line);
 // Whether a line of the text is "[VINYLCOLLECTION]".
-[[nodiscard]] bool hasRecordSection(QStringView text);
+[[nodiscard]] inline bool hasRecordSection(QStringView text) { return hasLine(text, kRecordMarker); }
 
 // Notes keep their line breaks as "~"; carets, apostrophes go and "&" becomes "and".
 [[nodiscard]] QString cleanNotes(const QString &notes);
