@@ -132,9 +132,12 @@ Result<void> read(const FileAttribute<Entity> &attribute, const QString &text, E
         if constexpr (std::is_same_v<T, QString>) {
             value = text;
         } else if constexpr (std::is_same_v<T, QDateTime>) {
-            auto date = parseIsoDate(text.trimmed());
-            if (!date)
-                date = Formatters::parseMediumDate(text.trimmed());
+            const QString trimmed = text.trimmed();
+            auto date = parseIsoDate(trimmed);
+            // The medium style only as it is written: its parser would take "31.02.1975" too.
+            if (const auto local = date ? std::nullopt : Formatters::parseMediumDate(trimmed);
+                local && Formatters::mediumDate(*local) == trimmed)
+                date = local;
             if (!date)
                 return notA(attribute.title, text, u"a date"_s);
             value = date;

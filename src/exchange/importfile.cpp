@@ -32,7 +32,7 @@ QString summary(const ImportFile &file)
     if (file.format == ImportFormat::Unknown)
         return formatName(file.format);
     const QLocale locale;
-    const auto count = [&locale](qsizetype n, const QString &one, const QString &many) {
+    const auto count = [&locale](qsizetype n, const QString &one, const QString &many) -> QString {
         return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
     };
     QString text = formatName(file.format) + u": "_s + count(file.records.size(), u"record"_s, u"records"_s);

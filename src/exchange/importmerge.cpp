@@ -4,6 +4,7 @@
 #include "exchangeformat.h"
 #include "fileattributes.h"
 #include "logging.h"
+#include "recordnumbers.h"
 #include "snapshots.h"
 #include "store.h"
 
@@ -12,6 +13,8 @@
 #include <QLocale>
 #include <QSqlError>
 #include <QSqlQuery>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -106,6 +109,13 @@ Result<void> ImportMerge::buildLookups()
             stored.id = qint16(q.value(3).toLongLong());
         m_records.insert(RecordKey{q.value(1).toString(), q.value(2).toString()}, stored);
     }
+    // Records without a name or artist hold numbers too.
+    if (!q.exec(u"SELECT MAX(id) FROM Vinyl"_s) || !q.next())
+        return sqlError(u"Cannot read the records"_s, q.lastError());
+    int highestId = q.value(0).toInt();
+    for (const RecordLine &line : m_file.records)
+        highestId = std::max(highestId, int(number(line.values.id)));
+    m_nextId = highestId + 1;
     if (m_file.tracks.isEmpty())
         return {};
     if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
@@ -130,7 +140,14 @@ Result<void> ImportMerge::buildLookups()
 void ImportMerge::record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes)
 {
     if (m_mode == Mode::Preview)
-        m_outcomes.append({kind, track, index, std::move(changes)});
+        m_outcomes.append({kind, track, index, std::move(changes), {}});
+}
+
+void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem)
+{
+    m_counts.problems.append({line, problem});
+    if (m_mode == Mode::Preview)
+        m_outcomes.append({ImportOutcome::Problem, track, index, {}, problem});
 }
 
 qint64 ImportMerge::takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id)
@@ -176,8 +193,7 @@ Result<void> ImportMerge::mergeRecord(int index)
 {
     const RecordLine &line = m_file.records.at(index);
     if (!line.problem.isEmpty()) {
-        m_counts.problems.append({line.line, line.problem});
-        record(ImportOutcome::Problem, false, index);
+        skip(false, index, line.line, line.problem);
         return {};
     }
 
@@ -209,6 +225,13 @@ Result<void> ImportMerge::mergeRecord(int index)
     }
 
     if (!updating) {
+        if (!v.id && m_file.format != ImportFormat::Exchange) {
+            if (m_nextId > std::numeric_limits<qint16>::max()) {
+                skip(false, index, line.line, kNoRecordNumberLeft);
+                return {};
+            }
+            v.id = qint16(m_nextId++);
+        }
         if (m_mode == Mode::Apply) {
             if (auto r = m_store.insert(v); !r)
                 return r;
@@ -255,8 +278,7 @@ Result<void> ImportMerge::mergeTrack(int index)
 {
     const TrackLine &line = m_file.tracks.at(index);
     if (!line.problem.isEmpty()) {
-        m_counts.problems.append({line.line, line.problem});
-        record(ImportOutcome::Problem, true, index);
+        skip(true, index, line.line, line.problem);
         return {};
     }
     const Track &given = line.values;

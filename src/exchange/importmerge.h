@@ -36,6 +36,7 @@ struct ImportOutcome
     bool track = false;
     int index = 0; // in ImportFile::records or ImportFile::tracks
     QList<FieldChange> changes; // of an update
+    QString problem;            // why a problem line is skipped
 };
 
 struct ImportProblem
@@ -69,7 +70,9 @@ struct ImportCounts
 // import: a record or track that an earlier line of the file created or updated is not matched
 // again, so two pressings of one album (or two tracks of one name) stay two. Where several
 // stored records share a name and artist, the one whose id equals the line's is taken first.
-// A line that changes nothing writes nothing. Lines with a problem are skipped.
+// A line that changes nothing writes nothing. Lines with a problem are skipped. A new record from
+// a CSV file that gives it no number takes the next free one (tracks refer to records by it);
+// exchange files keep the numbers they give.
 class ImportMerge
 {
 public:
@@ -107,6 +110,7 @@ private:
     // The stored record a line updates, taken out of the look-up so that no later line finds it.
     qint64 takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id);
     void record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes = {});
+    void skip(bool track, int index, qint64 line, const QString &problem);
 
     using RecordKey = QPair<QString, QString>; // name, artist
     using TrackKey = QPair<qint16, QString>;   // vinylID, song
@@ -123,6 +127,7 @@ private:
     QMultiHash<RecordKey, StoredRecord> m_records;
     // The stored tracks with their values, so that a line that changes nothing writes nothing.
     QMultiHash<TrackKey, Track> m_tracks;
+    int m_nextId = 1; // for new records that the file gives no number
     ImportCounts m_counts;
     QList<ImportOutcome> m_outcomes;
 };

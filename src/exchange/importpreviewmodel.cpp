@@ -61,8 +61,6 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
             row.titleLabel = u"Track %1: "_s.arg(*t.trackNumber) + row.titleLabel;
         if (t.vinylID)
             row.titleLabel += u" (record %1)"_s.arg(*t.vinylID);
-        if (outcome.kind == ImportOutcome::Problem)
-            remark = line.problem;
     } else {
         const RecordLine &line = m_file->records.at(outcome.index);
         const Vinyl &v = line.values;
@@ -79,11 +77,11 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
             }
             remark = about.join(u" \u00b7 "_s);
         }
-        if (outcome.kind == ImportOutcome::Problem)
-            remark = line.problem;
         if (!line.remark.isEmpty() && outcome.kind != ImportOutcome::Problem)
             remark += (remark.isEmpty() ? QString() : u"\n"_s) + line.remark;
     }
+    if (outcome.kind == ImportOutcome::Problem)
+        remark = outcome.problem;
     QStringList details;
     for (const FieldChange &change : outcome.changes)
         details.append(u"%1: %2 \u2192 %3"_s.arg(change.field, change.before, change.after));

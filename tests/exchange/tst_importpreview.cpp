@@ -2,6 +2,7 @@
 #include "importfile.h"
 #include "importmerge.h"
 #include "importpreviewmodel.h"
+#include "recordnumbers.h"
 #include "store.h"
 #include "testsupport.h"
 #include "textfile.h"
@@ -141,6 +142,39 @@ private slots:
         QCOMPARE(model.rowCount(), 5);
         model.clear();
         QCOMPARE(model.rowCount(), 0);
+    }
+
+    // Tracks find their record by its number, so a new record from a CSV file gets one.
+    void newRecordsTakeTheNextFreeNumbers_data()
+    {
+        QTest::addColumn<int>("storedId");
+        QTest::addColumn<QString>("csv");
+        QTest::addColumn<QString>("numbers"); // of the records after the import, by name
+        QTest::addColumn<QString>("problems");
+        QTest::newRow("after the stored ones") << 7 << u"name\nA\nB\n"_s << u"A=8 B=9 Stored=7"_s << QString();
+        QTest::newRow("after those the file gives") << 7 << u"name,id\nA,\nB,20\n"_s << u"A=21 B=20 Stored=7"_s << QString();
+        QTest::newRow("none left") << 32766 << u"name\nA\nB\n"_s << u"A=32767 Stored=32766"_s
+                                   << u"Line 3: "_s + kNoRecordNumberLeft;
+    }
+
+    void newRecordsTakeTheNextFreeNumbers()
+    {
+        QFETCH(int, storedId);
+        QFETCH(QString, csv);
+        QFETCH(QString, numbers);
+        QFETCH(QString, problems);
+        TestApp t;
+        t.addVinyl(u"Stored"_s, u"A"_s, u"L"_s, qint16(storedId));
+        auto applied = ImportMerge::apply(t.store(), ImportFiles::read(csv));
+        QVERIFY(applied.ok());
+        QStringList byName;
+        for (const Vinyl &v : t.store().fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"name"_s)).valueOr({}))
+            byName << text(v.name) + u'=' + QString::number(number(v.id));
+        QCOMPARE(byName.join(u' '), numbers);
+        QStringList skipped;
+        for (const ImportProblem &problem : applied->problems)
+            skipped << ImportMerge::problemText(problem);
+        QCOMPARE(skipped.join(u'\n'), problems);
     }
 
     // All of a file or nothing: an error or a cancel part way leaves the store as it was.
