@@ -45,31 +45,33 @@ QStringList readFields(const QList<const FileAttribute<Entity> *> &columns, cons
     return problems;
 }
 
-RecordLine recordLine(const QList<const RecordAttribute *> &columns, const Csv::Row &row)
+// What a line must give: a record its name, a track its song and the number of its record.
+QStringList missing(const Vinyl &v)
 {
-    RecordLine line;
-    line.line = row.line;
-    if (line.problem = Csv::rowProblem(row, columns.size()); !line.problem.isEmpty())
-        return line;
-    QStringList problems = readFields(columns, row, line.values);
-    if (text(line.values.name).isEmpty())
-        problems.prepend(u"no name"_s);
-    line.problem = problems.join(u"; "_s);
-    return line;
+    return text(v.name).isEmpty() ? QStringList{u"no name"_s} : QStringList();
 }
 
-TrackLine trackLine(const QList<const TrackAttribute *> &columns, const Csv::Row &row)
+QStringList missing(const Track &t)
 {
-    TrackLine line;
+    QStringList problems;
+    if (text(t.song).isEmpty())
+        problems.append(u"no song"_s);
+    if (!t.vinylID)
+        problems.append(u"no Vinyl ID: the track belongs to no record"_s);
+    return problems;
+}
+
+// A record or track line from a row under the columns of its header.
+template<typename Line, typename Entity>
+Line lineOf(const QList<const FileAttribute<Entity> *> &columns, const Csv::Row &row)
+{
+    Line line;
     line.line = row.line;
-    if (line.problem = Csv::rowProblem(row, columns.size()); !line.problem.isEmpty())
-        return line;
-    QStringList problems = readFields(columns, row, line.values);
-    if (text(line.values.song).isEmpty())
-        problems.prepend(u"no song"_s);
-    if (!line.values.vinylID && problems.isEmpty())
-        problems.prepend(u"no Vinyl ID: the track belongs to no record"_s);
-    line.problem = problems.join(u"; "_s);
+    line.problem = Csv::rowProblem(row, columns.size());
+    if (line.problem.isEmpty()) {
+        const QStringList unread = readFields(columns, row, line.values);
+        line.problem = (missing(line.values) + unread).join(u"; "_s);
+    }
     return line;
 }
 
@@ -130,9 +132,9 @@ void read(const QList<Csv::Row> &rows, ImportFile &file)
             continue;
         }
         if (section == Section::Records)
-            file.records.append(recordLine(recordColumns, row));
+            file.records.append(lineOf<RecordLine>(recordColumns, row));
         else
-            file.tracks.append(trackLine(trackColumns, row));
+            file.tracks.append(lineOf<TrackLine>(trackColumns, row));
     }
 }
 

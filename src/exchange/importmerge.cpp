@@ -139,6 +139,11 @@ Result<void> ImportMerge::buildLookups()
 
 void ImportMerge::record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes)
 {
+    qint64 *const counts[2][3] = {
+        {&m_counts.recordsAdded, &m_counts.recordsUpdated, &m_counts.recordsUnchanged},
+        {&m_counts.tracksAdded, &m_counts.tracksUpdated, &m_counts.tracksUnchanged},
+    };
+    ++*counts[track][kind];
     if (m_mode == Mode::Preview)
         m_outcomes.append({kind, track, index, std::move(changes), {}});
 }
@@ -236,7 +241,6 @@ Result<void> ImportMerge::mergeRecord(int index)
             if (auto r = m_store.insert(v); !r)
                 return r;
         }
-        ++m_counts.recordsAdded;
         record(ImportOutcome::New, false, index);
         return {};
     }
@@ -259,7 +263,6 @@ Result<void> ImportMerge::mergeRecord(int index)
         changed.append({title, stored->isEmpty() ? u"(none)"_s : u"a picture"_s, u"another picture"_s});
     }
     if (changed.isEmpty()) {
-        ++m_counts.recordsUnchanged;
         record(ImportOutcome::Unchanged, false, index);
         return {};
     }
@@ -269,7 +272,6 @@ Result<void> ImportMerge::mergeRecord(int index)
         if (v.frontImage || v.backImage)
             CoverImageProvider::forget(v.rowId);
     }
-    ++m_counts.recordsUpdated;
     record(ImportOutcome::Updated, false, index, withTexts ? changed : QList<FieldChange>());
     return {};
 }
@@ -289,7 +291,6 @@ Result<void> ImportMerge::mergeTrack(int index)
             if (auto r = m_store.insert(t); !r)
                 return r;
         }
-        ++m_counts.tracksAdded;
         record(ImportOutcome::New, true, index);
         return {};
     }
@@ -309,7 +310,6 @@ Result<void> ImportMerge::mergeTrack(int index)
     const bool withTexts = m_mode == Mode::Preview;
     QList<FieldChange> changed = changes(FileAttributes::tracks(), stored, merged, withTexts);
     if (changed.isEmpty()) {
-        ++m_counts.tracksUnchanged;
         record(ImportOutcome::Unchanged, true, index);
         return {};
     }
@@ -317,7 +317,6 @@ Result<void> ImportMerge::mergeTrack(int index)
         if (auto r = m_store.updateGiven(update); !r)
             return r;
     }
-    ++m_counts.tracksUpdated;
     record(ImportOutcome::Updated, true, index, withTexts ? changed : QList<FieldChange>());
     return {};
 }

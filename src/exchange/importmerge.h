@@ -109,6 +109,7 @@ private:
     std::optional<QByteArray> decodeImage(TextSpan span, const QString &attribute, qint64 lineNumber);
     // The stored record a line updates, taken out of the look-up so that no later line finds it.
     qint64 takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id);
+    // Counts a new, updated or unchanged line, and keeps its outcome for a preview.
     void record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes = {});
     void skip(bool track, int index, qint64 line, const QString &problem);
 
