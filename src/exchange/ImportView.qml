@@ -63,10 +63,18 @@ ScreenPage {
 
         Label {
             objectName: "FileNameLabel"
-            text: controller.formatLabel.length > 0 ? controller.filename + " \u00b7 " + controller.formatLabel
-                                                    : controller.filename
+            text: controller.filename
             visible: text.length > 0
             elide: Text.ElideMiddle
+            font.pixelSize: 14
+            color: "#555555"
+            Layout.fillWidth: true
+        }
+        Label {
+            objectName: "FormatLabel"
+            text: controller.formatLabel
+            visible: text.length > 0
+            elide: Text.ElideRight
             font.pixelSize: 14
             color: "#555555"
             Layout.fillWidth: true
@@ -118,22 +126,19 @@ ScreenPage {
         }
 
         // Which kind of line the preview shows.
-        Flow {
+        RowLayout {
             visible: pages.currentIndex === 0 && controller.countsLabel.length > 0
-            spacing: 6
+            spacing: 8
             Layout.fillWidth: true
-            Repeater {
-                model: [{ kind: -1, text: "All" }, { kind: 0, text: "New" }, { kind: 1, text: "Updated" },
-                        { kind: 2, text: "Unchanged" }, { kind: 3, text: "Problems" }]
-                delegate: Button {
-                    required property var modelData
-                    text: modelData.text
-                    checkable: true
-                    checked: controller.shownKind === modelData.kind
-                    flat: !checked
-                    font.pixelSize: 13
-                    onClicked: controller.ShowLines(modelData.kind)
-                }
+            Label { text: "Show"; font.pixelSize: 14 }
+            ComboBox {
+                objectName: "ShownKindBox"
+                // Index 0 is every line; the others are the kinds 0 to 3.
+                model: ["All lines", "New", "Updated", "Unchanged", "Problems"]
+                currentIndex: controller.shownKind + 1
+                font.pixelSize: 14
+                Layout.fillWidth: true
+                onActivated: (index) => controller.ShowLines(index - 1)
             }
         }
 
@@ -182,7 +187,9 @@ ScreenPage {
             }
         }
 
+        // The help is for choosing a file; a preview takes its room.
         Rectangle {
+            visible: controller.countsLabel.length === 0
             Layout.fillWidth: true
             Layout.preferredHeight: helpText.implicitHeight + 16
             radius: 5
