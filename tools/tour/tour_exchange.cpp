@@ -1,10 +1,12 @@
 // Tour steps of the exchange screens: the import/export menu, the export screen after a build,
-// the import screen with a loaded file, and the preview and completion of a Discogs import.
+// the import screen with a loaded file, the preview and completion of a Discogs import, and the
+// question before undoing it.
 #include "appdelegate.h"
 #include "exchangewriter.h"
 #include "exportviewcontroller.h"
 #include "importfile.h"
 #include "importmerge.h"
+#include "importexportviewcontroller.h"
 #include "importviewcontroller.h"
 #include "tour.h"
 
@@ -107,6 +109,17 @@ void previewDiscogsExport(TourContext &c)
     closeAlert(c);
 }
 
+// After the import, the import/export menu offers to undo it and asks first.
+void askToUndoImport(TourContext &c)
+{
+    closeAlert(c);
+    c.home();
+    c.show(u"ImportExportView"_s);
+    if (auto *controller = qobject_cast<ImportExportViewController *>(c.topController()))
+        controller->UndoLastImportButtonTapped();
+    c.settle(400);
+}
+
 void importDiscogsExport(TourContext &c)
 {
     auto *controller = qobject_cast<ImportViewController *>(c.topController());
@@ -136,4 +149,5 @@ void addExchangeSteps(QList<TourStep> &steps)
     steps.append({u"import-file-loaded.png"_s, [](TourContext &c) { closeAlert(c); }});
     steps.append({u"import-discogs-preview.png"_s, previewDiscogsExport});
     steps.append({u"import-discogs-completed.png"_s, importDiscogsExport});
+    steps.append({u"import-undo-confirmation.png"_s, askToUndoImport});
 }
