@@ -1,9 +1,15 @@
-// `demo` and `stats`: fill the store with sample records, and sum it up.
+// `demo` and `stats`: fill the store with sample records, and sum it up (every figure and
+// chart series as JSON with --json).
 #include "appdelegate.h"
 #include "cli.h"
 #include "collectiontotals.h"
 #include "formatters.h"
 #include "samplecollection.h"
+#include "statistics.h"
+
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
 
 int demoCommand(CliContext &context)
 {
@@ -30,9 +36,19 @@ int demoCommand(CliContext &context)
 
 int statsCommand(CliContext &context)
 {
-    if (!context.arguments.isEmpty()) {
-        context.err << "usage: platterbox [--data-dir DIR] stats\n";
+    const bool json = context.arguments == QStringList{u"--json"_s};
+    if (!context.arguments.isEmpty() && !json) {
+        context.err << "usage: platterbox [--data-dir DIR] stats [--json]\n";
         return CliBadUsage;
+    }
+    if (json) {
+        auto statistics = StatisticsQueries::compute(context.app.persistentContainer());
+        if (!statistics) {
+            context.err << "platterbox: " << statistics.errorMessage() << "\n";
+            return CliBadInput;
+        }
+        context.out << QJsonDocument(statisticsJson(*statistics)).toJson(QJsonDocument::Indented);
+        return CliOk;
     }
     auto totals = collectionTotals(context.app.persistentContainer());
     if (!totals) {

@@ -44,6 +44,15 @@ ScreenPage {
         addScreen: false
         onCoverDoubleTapped: controller.TapFrontImage()
 
+        underValue: [
+            ValueHistoryPanel {
+                objectName: "ValueHistory"
+                Layout.fillWidth: true
+                rows: controller.valueHistory
+                points: controller.valueHistoryPoints
+            }
+        ]
+
         footer: [
             RowLayout {
                 Layout.fillWidth: true

@@ -16,6 +16,8 @@ Item {
     property bool addScreen: true
     // Extra buttons under the form (the edit screen's tracks, notes and zoom).
     property alias footer: footerHolder.data
+    // Shown under the cost and value fields (the edit screen's value history).
+    property alias underValue: underValueHolder.data
 
     // Which sheet is open: "" (none), "date" or "list".
     property string sheet: ""
@@ -334,6 +336,11 @@ Item {
                     onEdited: (t) => root.controller.value = t
                     Layout.preferredWidth: 1
                 }
+            }
+            ColumnLayout {
+                id: underValueHolder
+                Layout.fillWidth: true
+                visible: children.length > 0
             }
 
             Label {

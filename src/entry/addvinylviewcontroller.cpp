@@ -4,6 +4,7 @@
 #include "formatters.h"
 #include "logging.h"
 #include "recordnumbers.h"
+#include "valuehistory.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +66,10 @@ void AddVinylViewController::SaveNewVinylButtonClicked()
             return id.error();
         }
         vinyl->id = id.value();
-        return store.insert(vinyl.value());
+        if (auto r = store.insert(vinyl.value()); !r)
+            return r;
+        // A record entered with a value starts its value history with it.
+        return ValueHistory::noteSave(store, *vinyl, std::nullopt, QuoteSources::Edit);
     });
     if (!saved) {
         if (!refusal.isEmpty())

@@ -2,9 +2,11 @@
 
 #include "appdelegate.h"
 #include "coverimageprovider.h"
+#include "formatters.h"
 #include "logging.h"
 #include "platformservices.h"
 #include "reviewservice.h"
+#include "valuehistory.h"
 
 #include <QDir>
 #include <QFile>
@@ -67,6 +69,34 @@ void EditVinylViewController::fillForm()
         return *stored;
     };
     showStoredCovers(cover(record.frontImage, record.frontImagePath), cover(record.backImage, record.backImagePath));
+    loadValueHistory();
+}
+
+void EditVinylViewController::loadValueHistory()
+{
+    auto quotes = app()->persistentContainer().quotes(app()->state()->currentRecord().rowId);
+    if (!quotes)
+        consoleLine(quotes.errorMessage());
+    m_quotes = quotes.valueOr({});
+    emit valueHistoryChanged();
+}
+
+QVariantList EditVinylViewController::valueHistory() const
+{
+    QVariantList rows;
+    for (const Quote &quote : m_quotes)
+        rows.append(QVariantMap{{u"dateText"_s, Formatters::mediumDate(quote.quoted)},
+                                {u"valueText"_s, Formatters::currencyOrZero(quote.value)},
+                                {u"source"_s, quote.source}});
+    return rows;
+}
+
+QVariantList EditVinylViewController::valueHistoryPoints() const
+{
+    QVariantList points;
+    for (auto quote = m_quotes.crbegin(); quote != m_quotes.crend(); ++quote)
+        points.append(QVariantMap{{u"x"_s, double(quote->quoted.toMSecsSinceEpoch())}, {u"y"_s, quote->value}});
+    return points;
 }
 
 void EditVinylViewController::unwindToEdit()
@@ -93,6 +123,7 @@ void EditVinylViewController::SaveVinylButtonClicked()
         return;
     }
     Vinyl vinyl = **found;
+    const std::optional<float> valueBefore = vinyl.value;
     if (const auto applied = RecordForm::applyFormToVinyl(fields(), vinyl); !applied) {
         showAlert(RecordForm::kNotSavedTitle, applied.errorMessage());
         return;
@@ -141,7 +172,11 @@ void EditVinylViewController::SaveVinylButtonClicked()
         (front ? vinyl.frontImage : vinyl.backImage) = thumbnail.value();
     }
 
-    const auto saved = store.transaction([&] { return store.update(vinyl); });
+    const auto saved = store.transaction([&]() -> Result<void> {
+        if (auto r = store.update(vinyl); !r)
+            return r;
+        return ValueHistory::noteSave(store, vinyl, valueBefore, QuoteSources::Edit);
+    });
     if (!saved) {
         for (const CoverFile &file : std::as_const(files))
             QFile::remove(file.newPath);

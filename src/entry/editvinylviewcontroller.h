@@ -3,6 +3,7 @@
 #include "recordformcontroller.h"
 
 #include <QTimer>
+#include <QVariantList>
 
 // Shows the record the user opened (CurrentRecord) in the record form and stores changes to
 // exactly that record. Also removes covers, shares the record as text with its covers and
@@ -12,6 +13,10 @@ class EditVinylViewController : public RecordFormController
 {
     Q_OBJECT
     QML_ELEMENT
+    // The record's quotes, newest first: [{dateText, valueText, source}].
+    Q_PROPERTY(QVariantList valueHistory READ valueHistory NOTIFY valueHistoryChanged)
+    // The same quotes for a line chart, oldest first: [{x: milliseconds since the epoch, y}].
+    Q_PROPERTY(QVariantList valueHistoryPoints READ valueHistoryPoints NOTIFY valueHistoryChanged)
 
 public:
     explicit EditVinylViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
@@ -31,6 +36,12 @@ public:
     // The timer of the review request (single shot, 5 s); tests shorten it.
     [[nodiscard]] QTimer &reviewTimer() { return m_reviewTimer; }
 
+    [[nodiscard]] QVariantList valueHistory() const;
+    [[nodiscard]] QVariantList valueHistoryPoints() const;
+
+signals:
+    void valueHistoryChanged();
+
 protected:
     void viewDidLoad() override;
 
@@ -39,8 +50,10 @@ private:
     void askToRemove(CoverSide side);
     void removeCover(CoverSide side);
     void returnToOpener();
+    void loadValueHistory();
 
     QTimer m_reviewTimer;
+    QList<Quote> m_quotes; // newest first
 };
 
 inline const QString kRemoveFrontTitle = QStringLiteral("Remove Front Cover Image");

@@ -7,6 +7,7 @@
 #include "recordnumbers.h"
 #include "snapshots.h"
 #include "store.h"
+#include "valuehistory.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -240,6 +241,8 @@ Result<void> ImportMerge::mergeRecord(int index)
         if (m_mode == Mode::Apply) {
             if (auto r = m_store.insert(v); !r)
                 return r;
+            if (auto r = ValueHistory::noteSave(m_store, v, std::nullopt, QuoteSources::Import, m_started); !r)
+                return r;
         }
         record(ImportOutcome::New, false, index);
         return {};
@@ -268,6 +271,8 @@ Result<void> ImportMerge::mergeRecord(int index)
     }
     if (m_mode == Mode::Apply) {
         if (auto r = m_store.update(v); !r)
+            return r;
+        if (auto r = ValueHistory::noteSave(m_store, v, before.value, QuoteSources::Import, m_started); !r)
             return r;
         if (v.frontImage || v.backImage)
             CoverImageProvider::forget(v.rowId);

@@ -4,6 +4,7 @@
 #include "importfile.h"
 #include "result.h"
 
+#include <QDateTime>
 #include <QHash>
 #include <QList>
 #include <QPair>
@@ -131,4 +132,6 @@ private:
     int m_nextId = 1; // for new records that the file gives no number
     ImportCounts m_counts;
     QList<ImportOutcome> m_outcomes;
+    // The date of the values the import brings: one moment for the whole file.
+    QDateTime m_started = QDateTime::currentDateTime();
 };

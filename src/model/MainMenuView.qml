@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Platterbox
 
 // The main menu: the record picture, the app's name and the red-bordered control button
-// that unfolds the nine menu buttons.
+// that unfolds the menu buttons.
 ScreenPage {
     id: root
 

@@ -64,6 +64,25 @@ struct Condition
     std::optional<QString> condition;
 };
 
+// One dated value of a record, kept in its value history: each change of a record's value
+// adds one, so the history shows what the record was worth when.
+struct Quote
+{
+    qint64 rowId = 0;
+    qint64 vinylRowId = 0; // the record's row identity, which backups and restores keep
+    QDateTime quoted;
+    double value = 0;
+    QString source; // QuoteSources: where the value came from
+};
+
+namespace QuoteSources {
+inline const QString Edit = QStringLiteral("Edit");
+inline const QString Valuation = QStringLiteral("Valuation");
+inline const QString Import = QStringLiteral("Import");
+// The value a record had when its store first kept a value history.
+inline const QString Start = QStringLiteral("Start");
+} // namespace QuoteSources
+
 // An absent text reads as the empty text.
 [[nodiscard]] inline QString text(const std::optional<QString> &value)
 {

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStringList>
 
+#include <cmath>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +65,24 @@ QByteArray encodeJpeg(const QImage &image)
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "JPEG", 80);
     return bytes;
+}
+
+// One to three quotes between 2020 and 2024, ending at the record's value: bought near its
+// cost, valued again later. Picked apart from the records so their attributes stay as they were.
+Result<void> addSampleValueHistory(Store &store, const Vinyl &v, quint32 seed)
+{
+    Picker pick(seed);
+    const int count = 1 + pick.below(3);
+    QDate day = QDate(2020, 1, 1).addDays(pick.below(900));
+    for (int n = 1; n <= count; ++n) {
+        const bool last = n == count;
+        const double value = last ? double(number(v.value)) : std::round(double(number(v.cost)) * pick.between(0.8, 1.6) * 2) / 2;
+        Quote quote{0, v.rowId, QDateTime(day, QTime(12, 0)), value, n == 1 ? QuoteSources::Edit : QuoteSources::Valuation};
+        if (auto r = store.insert(quote); !r)
+            return r;
+        day = day.addDays(30 + pick.below(300));
+    }
+    return {};
 }
 
 } // namespace
@@ -144,6 +163,8 @@ Result<void> addSampleCollection(Store &store, const SampleOptions &options)
             }
             v.imagesLoaded = true;
             if (auto r = store.insert(v); !r)
+                return r;
+            if (auto r = addSampleValueHistory(store, v, options.seed + quint32(i)); !r)
                 return r;
             for (int t = 1; t <= options.tracksPerRecord; ++t) {
                 Track track;

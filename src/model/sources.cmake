@@ -1,6 +1,7 @@
 list(APPEND PB_SOURCES
     model/result.h model/entities.h model/fetchrequest.h
     model/store.h model/store.cpp
+    model/valuehistory.h model/valuehistory.cpp
     model/recordnumbers.h model/recordnumbers.cpp
     model/logging.h model/logging.cpp
     model/formatters.h model/formatters.cpp

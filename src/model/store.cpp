@@ -421,6 +421,19 @@ Result<void> Store::migrate()
                            << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + columns.join(u", "_s) + u')';
             }
         }
+        if (version < 3) {
+            // Every change of a record's value is kept with its date. A store that had no history
+            // starts one with each valued record's current value, so every chart has a start.
+            statements << u"CREATE TABLE IF NOT EXISTS Quotes (vinylRowId INTEGER, quoted INTEGER, value REAL, source TEXT)"_s
+                       << u"CREATE INDEX IF NOT EXISTS QuotesByRecord ON Quotes(vinylRowId, quoted)"_s
+                       << u"INSERT INTO Quotes (vinylRowId, quoted, value, source) SELECT rowid, %1, value, '%2' "
+                          "FROM Vinyl WHERE value IS NOT NULL AND value <> 0 ORDER BY rowid"_s
+                              .arg(QDateTime::currentMSecsSinceEpoch())
+                              .arg(QuoteSources::Start)
+                       // The statistics count grades from these instead of reading the wide rows.
+                       << u"CREATE INDEX IF NOT EXISTS VinylByVinylCondition ON Vinyl(vinylCondition)"_s
+                       << u"CREATE INDEX IF NOT EXISTS VinylByCoverCondition ON Vinyl(coverCondition)"_s;
+        }
         statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         for (const QString &sql : statements) {
             if (auto r = exec(sql); !r)
@@ -743,5 +756,29 @@ Result<void> Store::update(Entity conditionEntity, const Condition &condition)
 
 Result<void> Store::remove(Entity entity, qint64 rowId)
 {
+    if (entity == Entity::Vinyl) {
+        if (auto r = write(u"DELETE FROM Quotes WHERE vinylRowId = ?"_s, {rowId}); !r)
+            return r;
+    }
     return write(u"DELETE FROM \""_s + tableName(entity) + u"\" WHERE rowid = ?"_s, {rowId});
+}
+
+Result<void> Store::insert(Quote &quote)
+{
+    return write(u"INSERT INTO Quotes (vinylRowId, quoted, value, source) VALUES (?, ?, ?, ?)"_s,
+                 {quote.vinylRowId, quote.quoted.toMSecsSinceEpoch(), quote.value, quote.source}, &quote.rowId);
+}
+
+Result<QList<Quote>> Store::quotes(qint64 vinylRowId) const
+{
+    auto prepared = kept(u"SELECT rowid, quoted, value, source FROM Quotes WHERE vinylRowId = ? "
+                         "ORDER BY quoted DESC, rowid DESC"_s);
+    if (!prepared)
+        return Error{u"Cannot read the value history: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    QList<Quote> list;
+    while (q.next())
+        list.append({q.integer(0), vinylRowId, QDateTime::fromMSecsSinceEpoch(q.integer(1)), q.real(2), q.string(3)});
+    return list;
 }

@@ -19,14 +19,14 @@
 struct sqlite3_stmt;
 
 // The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
-// one nullable column per attribute. Strings compare exactly and sort in code-point order;
+// one nullable column per attribute, and Quotes, the value history of the records. Strings compare exactly and sort in code-point order;
 // absent values sort first ascending. Cover BLOBs are only read when a fetch asks for them.
 //
 // A Store belongs to the thread that opened it (QtSql connections are per thread).
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 2;
+    static constexpr int kSchemaVersion = 3;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows; the store keeps a covering index per list order over them.
     static inline const QStringList kCardAttributes = {
@@ -70,7 +70,13 @@ public:
     Result<void> updateGiven(const Track &track);
     Result<void> update(Entity conditionEntity, const Condition &condition);
 
+    // Removing a record removes its value history with it.
     Result<void> remove(Entity entity, qint64 rowId);
+
+    // Appends a quote to its record's value history; sets quote.rowId.
+    Result<void> insert(Quote &quote);
+    // The record's value history, newest first.
+    Result<QList<Quote>> quotes(qint64 vinylRowId) const;
 
     // Runs work in one transaction: committed when it succeeds, rolled back when it fails,
     // so one user action either happens whole or leaves the store as it was. Nested calls

@@ -87,6 +87,13 @@ ScreenPage {
                 onTextEdited: controller.nameText = text
                 Layout.fillWidth: true
             }
+            Label {
+                objectName: "LastQuoteLabel"
+                visible: text !== ""
+                text: controller.lastQuoteText
+                color: "#555555"
+                font.pixelSize: 13
+            }
             RowLayout {
                 spacing: 6
                 Layout.fillWidth: true

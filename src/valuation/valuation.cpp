@@ -22,6 +22,11 @@ QString searchAddress(const QString &artist, const QString &name)
     return address;
 }
 
+QString lastQuoteText(const std::optional<QDateTime> &lastQuoted)
+{
+    return lastQuoted ? kLastValued.arg(Formatters::mediumDate(*lastQuoted)) : kNotValuedYet;
+}
+
 std::optional<float> parseNewValue(const QString &text)
 {
     const auto value = Formatters::parseAmount(text);

@@ -2,6 +2,7 @@
 
 #include "entities.h"
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
 
@@ -28,6 +29,11 @@ inline const QString kCantSendTextMessage = QStringLiteral("Your device is not a
 // it is ('"', '%', '+', letters beyond ASCII) is percent-encoded, spaces become "+" and a
 // doubled "+" one.
 [[nodiscard]] QString searchAddress(const QString &artist, const QString &name);
+
+// "Last valued Mar 5, 2024": the date of a record's newest quote; "Not valued yet" without one.
+inline const QString kLastValued = QStringLiteral("Last valued %1");
+inline const QString kNotValuedYet = QStringLiteral("Not valued yet");
+[[nodiscard]] QString lastQuoteText(const std::optional<QDateTime> &lastQuoted);
 
 // A new value as entered or pasted, read as the current locale writes amounts ("$12.50" in
 // en_US, "12,50" in de_DE); nullopt when it does not read or does not fit a float.

@@ -6,6 +6,7 @@
 #include "logging.h"
 #include "platformservices.h"
 #include "store.h"
+#include "valuehistory.h"
 
 #include <QUrl>
 
@@ -71,7 +72,20 @@ void ValuationViewController::rowSelected(int row)
         m_artistName = *vinyl.artist;
     }
     m_selectedRow = row;
+    m_selectedRowId = vinyl.rowId;
+    readLastQuote();
     emit selectionChanged();
+}
+
+void ValuationViewController::readLastQuote()
+{
+    if (!app())
+        return;
+    auto quotes = app()->persistentContainer().quotes(m_selectedRowId);
+    if (!quotes)
+        consoleLine(quotes.errorMessage());
+    const QList<Quote> list = quotes.valueOr({});
+    m_lastQuoteText = Valuation::lastQuoteText(list.isEmpty() ? std::nullopt : std::optional(list.first().quoted));
 }
 
 void ValuationViewController::FindValueOnWeb()
@@ -119,6 +133,7 @@ void ValuationViewController::SaveNewCardButtonClicked()
         return;
     }
     Store &store = app()->persistentContainer();
+    const QDateTime now = QDateTime::currentDateTime();
     auto saved = store.transaction([&]() -> Result<void> {
         auto matches = store.fetchVinyl(FetchRequest(Entity::Vinyl)
                                             .where(Predicate::equal(u"name"_s, m_recordName))
@@ -127,11 +142,14 @@ void ValuationViewController::SaveNewCardButtonClicked()
         if (!matches)
             return matches.error();
         for (Vinyl &vinyl : *matches) {
+            const std::optional<float> before = vinyl.value;
             vinyl.value = newValue;
             // A valued record always counts at least once in the total.
             if (number(vinyl.quantity) == 0)
                 vinyl.quantity = 1;
             if (auto r = store.update(vinyl); !r)
+                return r;
+            if (auto r = ValueHistory::noteSave(store, vinyl, before, QuoteSources::Valuation, now); !r)
                 return r;
         }
         return {};
@@ -143,6 +161,10 @@ void ValuationViewController::SaveNewCardButtonClicked()
     (void)app()->saveContext();
     loadTotals();
     setNewValueText(QString());
+    if (m_selectedRowId != 0) {
+        readLastQuote();
+        emit selectionChanged();
+    }
 }
 
 void ValuationViewController::shareButtonClicked()

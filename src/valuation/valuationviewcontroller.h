@@ -20,6 +20,8 @@ class ValuationViewController : public ScreenController
     Q_PROPERTY(QString newValueText READ newValueText WRITE setNewValueText NOTIFY newValueTextChanged)
     Q_PROPERTY(bool saveEnabled READ saveEnabled NOTIFY selectionChanged)
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectionChanged)
+    // When the picked record was last given a value: "Last valued Mar 5, 2024", "" before a pick.
+    Q_PROPERTY(QString lastQuoteText READ lastQuoteText NOTIFY selectionChanged)
     // What typing into the new value may leave in it: digits and the locale's separators.
     Q_PROPERTY(QRegularExpression typedValuePattern READ typedValuePattern CONSTANT)
 
@@ -35,6 +37,7 @@ public:
     void setNewValueText(const QString &text);
     [[nodiscard]] bool saveEnabled() const { return m_selectedRow >= 0; }
     [[nodiscard]] int selectedRow() const { return m_selectedRow; }
+    [[nodiscard]] QString lastQuoteText() const { return m_lastQuoteText; }
     [[nodiscard]] static QRegularExpression typedValuePattern();
 
     Q_INVOKABLE void rowSelected(int row);
@@ -59,12 +62,15 @@ protected:
 
 private:
     void openPage(const QString &address);
+    void readLastQuote();
 
     ValuationRowModel m_model;
     Valuation::Totals m_totals;
     QString m_nameText;
     QString m_newValueText;
     int m_selectedRow = -1;
+    qint64 m_selectedRowId = 0;
+    QString m_lastQuoteText;
     // The record a new value goes to: the last picked row that had all three.
     QString m_recordName;
     QString m_artistName;

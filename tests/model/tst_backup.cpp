@@ -60,6 +60,8 @@ void fillCollection(TestApp &t)
         writeFile(file, jpeg(Qt::blue, 600));
         v.frontImagePath = file;
         QVERIFY(t.store().update(v).ok());
+        Quote quote{0, v.rowId, QDateTime(QDate(2024, 3, i), QTime(9, 0)), double(*v.value), QuoteSources::Edit};
+        QVERIFY(t.store().insert(quote).ok());
         for (int n = 1; n <= 3; ++n) {
             Track track;
             track.vinylID = qint16(i);
@@ -68,6 +70,17 @@ void fillCollection(TestApp &t)
             QVERIFY(t.store().insert(track).ok());
         }
     }
+}
+
+// Every record's value history: "number: value source date", by record number.
+QStringList valueHistory(Store &store)
+{
+    QStringList lines;
+    for (const Vinyl &v : store.fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"id"_s)).valueOr({})) {
+        for (const Quote &q : store.quotes(v.rowId).valueOr({}))
+            lines << u"%1: %2 %3 %4"_s.arg(number(v.id)).arg(q.value).arg(q.source, q.quoted.date().toString(Qt::ISODate));
+    }
+    return lines;
 }
 
 qint64 recordCount(Store &store)
@@ -102,6 +115,7 @@ private slots:
         auto restored = Backup::restore(file, target.app().backupPaths());
         QVERIFY2(restored.ok(), qPrintable(restored.errorMessage()));
         QCOMPARE(exportOf(target.store()), exportOf(source.store()));
+        QCOMPARE(valueHistory(target.store()), valueHistory(source.store()));
         for (const Vinyl &v : target.store().fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr({})) {
             const QString path = text(v.frontImagePath);
             QVERIFY2(path.startsWith(target.app().documentsDir() + u'/'), qPrintable(path));
@@ -109,7 +123,7 @@ private slots:
         }
     }
 
-    void refusedBackupsLeaveTheStoreAlone_data()
+    void backupsAreRefusedOrUpgraded_data()
     {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("message");
@@ -118,9 +132,10 @@ private slots:
         QTest::newRow("damaged") << u"damaged"_s << u"is damaged"_s;
         QTest::newRow("from a newer version") << u"newer"_s << u"newer version of Platterbox"_s;
         QTest::newRow("missing") << u"missing"_s << u"is not a file"_s;
+        QTest::newRow("from an older version, upgraded") << u"older"_s << QString();
     }
 
-    void refusedBackupsLeaveTheStoreAlone()
+    void backupsAreRefusedOrUpgraded()
     {
         QFETCH(QString, kind);
         QFETCH(QString, message);
@@ -140,6 +155,10 @@ private slots:
             QSqlQuery q(db);
             if (kind == u"newer"_s) {
                 QVERIFY(q.exec(u"PRAGMA user_version = 99"_s));
+            } else if (kind == u"older"_s) {
+                for (const QString &sql : {u"DROP TABLE Quotes"_s, u"DROP INDEX VinylByVinylCondition"_s,
+                                           u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 2"_s})
+                    QVERIFY2(q.exec(sql), qPrintable(sql));
             } else {
                 // An index that no longer matches its table.
                 QVERIFY(q.exec(u"PRAGMA writable_schema = ON"_s));
@@ -153,6 +172,14 @@ private slots:
         }
         const QByteArray before = exportOf(t.store());
         auto restored = Backup::restore(file, t.app().backupPaths());
+        if (kind == u"older"_s) {
+            // Restored through an upgrade: the history starts from the values the backup holds.
+            QVERIFY2(restored.ok(), qPrintable(restored.errorMessage()));
+            QCOMPARE(exportOf(t.store()), before);
+            const QString today = QDate::currentDate().toString(Qt::ISODate);
+            QCOMPARE(valueHistory(t.store()), (QStringList{u"1: 12.5 Start "_s + today, u"2: 25 Start "_s + today}));
+            return;
+        }
         QVERIFY(!restored.ok());
         QVERIFY2(restored.errorMessage().contains(message), qPrintable(restored.errorMessage()));
         QCOMPARE(exportOf(t.store()), before);

@@ -63,7 +63,7 @@ private slots:
         menu.HandleButtonClick();
         menu.viewWillAppear();
         QVERIFY(!menu.menuUnfolded());
-        QCOMPARE(menu.menuButtons().size(), 9);
+        QCOMPARE(menu.menuButtons().size(), 10);
     }
 
     void saveContextWithoutChangesWritesNothing()

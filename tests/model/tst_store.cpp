@@ -220,6 +220,40 @@ private slots:
         QCOMPARE(names(*(*reopened)->fetchVinyl(FetchRequest())), QStringList{u"Kept"_s});
     }
 
+    // A store from before the value history starts one: each valued record's value, dated now.
+    void upgradeStartsAValueHistoryOfValuedRecords()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"Platterbox.sqlite"_s);
+        QList<qint64> rowIds;
+        {
+            auto store = Store::open(path);
+            QVERIFY(store.ok());
+            for (const std::optional<float> value : {std::optional<float>(12.5f), std::optional<float>(0.0f), std::optional<float>()}) {
+                Vinyl v;
+                v.name = u"R"_s;
+                v.value = value;
+                v.imagesLoaded = true;
+                QVERIFY((*store)->insert(v).ok());
+                rowIds << v.rowId;
+            }
+            QSqlQuery q((*store)->database());
+            for (const QString &sql : {u"DROP TABLE Quotes"_s, u"DROP INDEX VinylByVinylCondition"_s,
+                                       u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 2"_s})
+                QVERIFY2(q.exec(sql), qPrintable(sql));
+        }
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
+        auto reopened = Store::open(path);
+        QVERIFY(reopened.ok());
+        const auto quotes = (*reopened)->quotes(rowIds[0]);
+        QCOMPARE(quotes->size(), 1);
+        QCOMPARE(quotes->first().value, 12.5);
+        QCOMPARE(quotes->first().source, u"Start"_s);
+        QVERIFY(quotes->first().quoted >= before && quotes->first().quoted <= QDateTime::currentDateTime());
+        QCOMPARE((*reopened)->quotes(rowIds[1])->size(), 0);
+        QCOMPARE((*reopened)->quotes(rowIds[2])->size(), 0);
+    }
+
     void failedActionRollsBackWhole()
     {
         TestApp app;

@@ -19,6 +19,8 @@
 #include "recordingplatformservices.h"
 #include "reportbuilder.h"
 #include "samplecollection.h"
+#include "statistics.h"
+#include "statisticsviewcontroller.h"
 #include "store.h"
 #include "valuationviewcontroller.h"
 
@@ -328,6 +330,22 @@ void measureValuation(BenchReport &report, BenchCollection &c)
     add(report, c, u"valuation totals and first screenful"_s, ms, floorMs, 100, 2);
 }
 
+// The statistics screen opening: every figure and chart aggregated on its worker, then
+// handed to the screen; the floor runs the same aggregates through the bare C API.
+void measureStatistics(BenchReport &report, BenchCollection &c)
+{
+    volatile qsizetype sink = 0;
+    const double ms = medianMs(kRuns, [&] {
+        StatisticsViewController statistics(&c.app());
+        statistics.job().waitForFinished();
+        sink = sink + statistics.figures().size() + statistics.charts().size();
+    });
+    double floorMs = 0;
+    for (const QString &sql : StatisticsQueries::statements())
+        floorMs += Floors::select(c.store().filePath(), sql, kRuns);
+    add(report, c, u"statistics figures and charts"_s, ms, floorMs, 300, 2);
+}
+
 constexpr int kReportRecords = 1000;
 
 // The first thousand records by name, as a long breakdown list or report would hold them.
@@ -419,6 +437,7 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"breakdown"_s, measureBreakdown},
         {u"exchange"_s, measureExchange},
         {u"valuation"_s, measureValuation},
+        {u"statistics"_s, measureStatistics},
         {u"reports"_s, measureReports},
     };
     for (const auto &[name, measure] : groups) {

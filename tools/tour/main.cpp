@@ -8,7 +8,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -63,9 +63,10 @@ int main(int argc, char *argv[])
     AppShell::installConsoleFormat();
     if (qEnvironmentVariableIsEmpty("PLATTERBOX_TOUR_GL"))
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QGuiApplication application(argc, argv);
+    // The charts draw through Graphics View, which needs the widgets' application object.
+    QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    const QString outDir = QGuiApplication::arguments().value(1, u"build/tour"_s);
+    const QString outDir = QApplication::arguments().value(1, u"build/tour"_s);
     QDir().mkpath(outDir);
 
     QTemporaryDir data;
@@ -100,6 +101,7 @@ int main(int argc, char *argv[])
     addValuationSteps(steps);
     addExchangeSteps(steps);
     addFeedbackSteps(steps);
+    addStatsSteps(steps);
 
     TourContext context(**app, *window);
     context.settle(600);

@@ -53,3 +53,4 @@ void addReportsSteps(QList<TourStep> &steps);
 void addValuationSteps(QList<TourStep> &steps);
 void addExchangeSteps(QList<TourStep> &steps);
 void addFeedbackSteps(QList<TourStep> &steps);
+void addStatsSteps(QList<TourStep> &steps);

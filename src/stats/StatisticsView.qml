@@ -1,0 +1,137 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// What the collection is made of and worth: its figures, then one card per chart, side by side
+// where the window has room for them.
+ScreenPage {
+    id: root
+
+    title: "Statistics"
+    onAppeared: controller.viewWillAppear()
+
+    StatisticsViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    readonly property int columns: width >= 1100 ? 3 : width >= 600 ? 2 : 1
+
+    BusyIndicator {
+        anchors.centerIn: parent
+        running: controller.loading && controller.charts.length === 0
+        visible: running
+    }
+
+    Flickable {
+        anchors.fill: parent
+        contentHeight: grid.implicitHeight + 24
+        clip: true
+
+        GridLayout {
+            id: grid
+            x: 12
+            y: 12
+            width: parent.width - 24
+            columns: root.columns
+            rowSpacing: 12
+            columnSpacing: 12
+
+            Card {
+                objectName: "FiguresCard"
+                Layout.fillWidth: true
+                Layout.columnSpan: root.columns
+                implicitHeight: figures.implicitHeight + 20
+
+                GridLayout {
+                    id: figures
+                    anchors.fill: parent
+                    anchors.margins: 10
+                    columns: root.columns === 1 ? 2 : 5
+                    rowSpacing: 6
+                    columnSpacing: 12
+                    Repeater {
+                        model: controller.figures
+                        delegate: ColumnLayout {
+                            id: figure
+                            required property var modelData
+                            spacing: 0
+                            Layout.fillWidth: true
+                            Layout.preferredWidth: 1
+                            Label {
+                                text: figure.modelData.title
+                                color: "#555555"
+                                font.pixelSize: 13
+                            }
+                            Label {
+                                objectName: "Figure" + figure.modelData.title.replace(" ", "")
+                                text: figure.modelData.text
+                                font.pixelSize: 18
+                                font.bold: true
+                                elide: Label.ElideRight
+                                Layout.fillWidth: true
+                            }
+                        }
+                    }
+                }
+            }
+
+            Repeater {
+                model: controller.charts
+                delegate: ChartCard {
+                    id: card
+                    required property var modelData
+                    objectName: modelData.name
+                    title: modelData.title
+                    backText: modelData.canGoBack ? "All Decades" : ""
+                    implicitHeight: modelData.look === "bars" ? 340 : 280
+                    onBackClicked: controller.showAllDecades()
+
+                    content: Loader {
+                        anchors.fill: parent
+                        sourceComponent: card.modelData.values.length === 0 ? emptyChart
+                                       : card.modelData.look === "line" ? lineChart
+                                       : card.modelData.look === "pie" ? pieChart : barChart
+                    }
+
+                    Component {
+                        id: emptyChart
+                        Label {
+                            text: "Nothing to show yet"
+                            color: "#999999"
+                            horizontalAlignment: Text.AlignHCenter
+                            verticalAlignment: Text.AlignVCenter
+                        }
+                    }
+                    Component {
+                        id: barChart
+                        BarChart {
+                            labels: card.modelData.labels
+                            values: card.modelData.values
+                            horizontal: card.modelData.look === "bars"
+                            color: card.modelData.currency ? "#43a047" : "#1e88e5"
+                            onTapped: (index) => controller.barTapped(card.modelData.name, index)
+                        }
+                    }
+                    Component {
+                        id: pieChart
+                        PieChart {
+                            labels: card.modelData.labels
+                            values: card.modelData.values
+                            onTapped: (index) => controller.barTapped(card.modelData.name, index)
+                        }
+                    }
+                    Component {
+                        id: lineChart
+                        LineChart {
+                            points: card.modelData.points
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

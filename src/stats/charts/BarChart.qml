@@ -1,0 +1,95 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtCharts
+import Platterbox
+
+// Bars of one series: upright columns, or horizontal bars (first entry on top) for long
+// names. tapped(index) gives the entry's index in labels.
+Item {
+    id: root
+
+    property var labels: []
+    property var values: []
+    property bool horizontal: false
+    property color color: "#1e88e5"
+
+    signal tapped(int index)
+
+    // Room above the longest bar for its label.
+    readonly property real axisMax: {
+        let top = 0
+        for (const v of values)
+            top = Math.max(top, v)
+        return top > 0 ? top * 1.15 : 1
+    }
+
+    Loader {
+        anchors.fill: parent
+        sourceComponent: root.horizontal ? barsComponent : columnsComponent
+    }
+
+    Component {
+        id: columnsComponent
+        ChartView {
+            antialiasing: true
+            legend.visible: false
+            backgroundColor: "transparent"
+            margins { top: 0; bottom: 0; left: 0; right: 0 }
+            BarSeries {
+                labelsVisible: true
+                labelsPosition: AbstractBarSeries.LabelsOutsideEnd
+                axisX: BarCategoryAxis {
+                    categories: root.labels
+                    labelsFont.pixelSize: 10
+                    labelsAngle: root.labels.length > 6 ? -45 : 0
+                }
+                axisY: ValueAxis {
+                    min: 0
+                    max: root.axisMax
+                    labelFormat: "%.0f"
+                    labelsFont.pixelSize: 10
+                }
+                BarSet {
+                    values: root.values
+                    color: root.color
+                    borderColor: root.color
+                    labelColor: "#333333"
+                }
+                onClicked: (index, barset) => root.tapped(index)
+            }
+        }
+    }
+
+    Component {
+        id: barsComponent
+        ChartView {
+            antialiasing: true
+            legend.visible: false
+            backgroundColor: "transparent"
+            margins { top: 0; bottom: 0; left: 0; right: 0 }
+            // Horizontal bars are drawn from the bottom up; the entries are turned over so the
+            // first one is on top.
+            HorizontalBarSeries {
+                labelsVisible: true
+                labelsPosition: AbstractBarSeries.LabelsOutsideEnd
+                axisY: BarCategoryAxis {
+                    categories: root.labels.slice().reverse()
+                    labelsFont.pixelSize: 10
+                }
+                axisX: ValueAxis {
+                    min: 0
+                    max: root.axisMax
+                    labelFormat: "%.0f"
+                    labelsFont.pixelSize: 10
+                }
+                BarSet {
+                    values: root.values.slice().reverse()
+                    color: root.color
+                    borderColor: root.color
+                    labelColor: "#333333"
+                }
+                onClicked: (index, barset) => root.tapped(root.values.length - 1 - index)
+            }
+        }
+    }
+}

@@ -1,0 +1,57 @@
+import QtQuick
+import QtCharts
+import Platterbox
+
+// A line over time: points are [{x: milliseconds since the epoch, y: value}], oldest first.
+Item {
+    id: root
+
+    property var points: []
+    property color color: "#2e7d32"
+
+    onPointsChanged: fill()
+    Component.onCompleted: fill()
+
+    // The chart has no bindable list of points; it is filled again whenever the points change.
+    function fill() {
+        line.clear()
+        let top = 0
+        for (const p of points) {
+            line.append(p.x, p.y)
+            top = Math.max(top, p.y)
+        }
+        valueAxis.max = top > 0 ? top * 1.1 : 1
+        if (points.length > 0) {
+            // A single day still gets a span to be drawn in.
+            const first = points[0].x, last = points[points.length - 1].x
+            timeAxis.min = new Date(first)
+            timeAxis.max = new Date(last > first ? last : first + 86400000)
+        }
+    }
+
+    ChartView {
+        anchors.fill: parent
+        antialiasing: true
+        legend.visible: false
+        backgroundColor: "transparent"
+        margins { top: 0; bottom: 0; left: 0; right: 0 }
+        LineSeries {
+            id: line
+            color: root.color
+            width: 2
+            pointsVisible: root.points.length < 40
+            axisX: DateTimeAxis {
+                id: timeAxis
+                format: "MMM yyyy"
+                tickCount: 4
+                labelsFont.pixelSize: 10
+            }
+            axisY: ValueAxis {
+                id: valueAxis
+                min: 0
+                labelFormat: "%.0f"
+                labelsFont.pixelSize: 10
+            }
+        }
+    }
+}

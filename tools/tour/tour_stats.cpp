@@ -1,0 +1,70 @@
+// Tour steps of the statistics screen at a desktop's, a tablet's and a phone's width, a decade
+// opened into its years, and the edit screen of a record with a value history.
+#include "appdelegate.h"
+#include "statisticsviewcontroller.h"
+#include "store.h"
+#include "tour.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSqlQuery>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void openStatistics(TourContext &c, QSize size)
+{
+    c.window().resize(size);
+    c.home();
+    c.show(u"StatisticsView"_s);
+    if (auto *statistics = qobject_cast<StatisticsViewController *>(c.topController()))
+        statistics->job().waitForFinished();
+    c.settle(900);
+}
+
+// A record with at least three quotes, opened from the collection list.
+void openRecordWithHistory(TourContext &c)
+{
+    c.window().resize(QSize(390, 844));
+    c.home();
+    Store &store = c.app().persistentContainer();
+    QSqlQuery q(store.database());
+    if (!q.exec(u"SELECT vinylRowId FROM Quotes GROUP BY vinylRowId HAVING COUNT(*) >= 3 ORDER BY vinylRowId LIMIT 1"_s)
+        || !q.next())
+        return;
+    const auto record = store.vinylByRowId(q.value(0).toLongLong());
+    q.finish();
+    if (!record || !record->has_value())
+        return;
+    c.app().state()->setCurrentRecord(**record);
+    c.app().state()->setOriginScreen(OriginScreens::List);
+    c.show(u"EditVinylView"_s);
+    c.settle(600);
+    // Scrolled as the form scrolls to a field being edited, so the history is in sight.
+    QObject *form = c.find(u"RecordForm"_s);
+    QObject *history = c.find(u"ValueHistory"_s);
+    if (form && history) {
+        form->setProperty("editedItem", QVariant::fromValue(history));
+        QMetaObject::invokeMethod(form, "showEdited");
+        form->setProperty("editedItem", QVariant::fromValue<QQuickItem *>(nullptr));
+    }
+    c.settle(600);
+}
+
+} // namespace
+
+void addStatsSteps(QList<TourStep> &steps)
+{
+    steps.append({u"statistics-desktop.png"_s, [](TourContext &c) { openStatistics(c, QSize(1280, 800)); }});
+    steps.append({u"statistics-tablet.png"_s, [](TourContext &c) { openStatistics(c, QSize(834, 1112)); }});
+    steps.append({u"statistics-decade-years.png"_s, [](TourContext &c) {
+                      openStatistics(c, QSize(834, 1112));
+                      if (auto *statistics = qobject_cast<StatisticsViewController *>(c.topController()))
+                          statistics->barTapped(u"recordsPerDecade"_s, 1);
+                      c.settle(600);
+                  }});
+    // The phone's size last: the steps after these keep the window as it is left.
+    steps.append({u"statistics.png"_s, [](TourContext &c) { openStatistics(c, QSize(390, 844)); }});
+    steps.append({u"edit-record-value-history.png"_s, openRecordWithHistory});
+}
