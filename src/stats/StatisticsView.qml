@@ -87,48 +87,20 @@ ScreenPage {
                     objectName: modelData.name
                     title: modelData.title
                     backText: modelData.canGoBack ? "All Decades" : ""
-                    implicitHeight: modelData.look === "bars" ? 340 : 280
+                    // Bars of names get a row each; cards beside one another share the row's height.
+                    implicitHeight: modelData.look === "bars" ? Math.max(320, 70 + 26 * modelData.labels.length) : 320
+                    Layout.fillHeight: true
                     onBackClicked: controller.showAllDecades()
 
-                    content: Loader {
+                    content: Chart {
                         anchors.fill: parent
-                        sourceComponent: card.modelData.values.length === 0 ? emptyChart
-                                       : card.modelData.look === "line" ? lineChart
-                                       : card.modelData.look === "pie" ? pieChart : barChart
-                    }
-
-                    Component {
-                        id: emptyChart
-                        Label {
-                            text: "Nothing to show yet"
-                            color: "#999999"
-                            horizontalAlignment: Text.AlignHCenter
-                            verticalAlignment: Text.AlignVCenter
-                        }
-                    }
-                    Component {
-                        id: barChart
-                        BarChart {
-                            labels: card.modelData.labels
-                            values: card.modelData.values
-                            horizontal: card.modelData.look === "bars"
-                            color: card.modelData.currency ? "#43a047" : "#1e88e5"
-                            onTapped: (index) => controller.barTapped(card.modelData.name, index)
-                        }
-                    }
-                    Component {
-                        id: pieChart
-                        PieChart {
-                            labels: card.modelData.labels
-                            values: card.modelData.values
-                            onTapped: (index) => controller.barTapped(card.modelData.name, index)
-                        }
-                    }
-                    Component {
-                        id: lineChart
-                        LineChart {
-                            points: card.modelData.points
-                        }
+                        look: card.modelData.look
+                        labels: card.modelData.labels
+                        values: card.modelData.values
+                        points: card.modelData.points ?? []
+                        currency: card.modelData.currency
+                        color: card.modelData.currency ? "#43a047" : "#1e88e5"
+                        onTapped: (index) => controller.barTapped(card.modelData.name, index)
                     }
                 }
             }

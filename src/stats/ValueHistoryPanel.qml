@@ -56,9 +56,11 @@ ColumnLayout {
             }
         }
     }
-    LineChart {
+    Chart {
         objectName: "ValueHistoryChart"
         visible: root.points.length >= 2
+        look: "line"
+        color: "#2e7d32"
         points: visible ? root.points : []
         Layout.fillWidth: true
         Layout.preferredHeight: 160

@@ -7,7 +7,9 @@ list(APPEND PB_QML
     stats/StatisticsView.qml
     stats/ValueHistoryPanel.qml
     stats/charts/ChartCard.qml
+    stats/charts/Chart.qml
     stats/charts/BarChart.qml
     stats/charts/PieChart.qml
     stats/charts/LineChart.qml
+    stats/charts/ValueScale.qml
 )

@@ -23,6 +23,20 @@ void openStatistics(TourContext &c, QSize size)
     c.settle(900);
 }
 
+// The screen scrolled to its last charts.
+void scrollToEnd(TourContext &c)
+{
+    if (QQuickItem *screen = c.topScreen()) {
+        for (QQuickItem *flickable : screen->findChildren<QQuickItem *>()) {
+            if (flickable->inherits("QQuickFlickable")) {
+                const qreal end = flickable->property("contentHeight").toReal() - flickable->height();
+                flickable->setProperty("contentY", std::max<qreal>(0, end));
+            }
+        }
+    }
+    c.settle(600);
+}
+
 // A record with at least three quotes, opened from the collection list.
 void openRecordWithHistory(TourContext &c)
 {
@@ -57,6 +71,10 @@ void openRecordWithHistory(TourContext &c)
 void addStatsSteps(QList<TourStep> &steps)
 {
     steps.append({u"statistics-desktop.png"_s, [](TourContext &c) { openStatistics(c, QSize(1280, 800)); }});
+    steps.append({u"statistics-desktop-lower.png"_s, [](TourContext &c) {
+                      openStatistics(c, QSize(1280, 800));
+                      scrollToEnd(c);
+                  }});
     steps.append({u"statistics-tablet.png"_s, [](TourContext &c) { openStatistics(c, QSize(834, 1112)); }});
     steps.append({u"statistics-decade-years.png"_s, [](TourContext &c) {
                       openStatistics(c, QSize(834, 1112));

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtCharts
 import Platterbox
@@ -15,12 +14,13 @@ Item {
 
     signal tapped(int index)
 
-    // Room above the longest bar for its label.
-    readonly property real axisMax: {
-        let top = 0
-        for (const v of values)
-            top = Math.max(top, v)
-        return top > 0 ? top * 1.15 : 1
+    // Counts step by whole numbers, amounts by round ones.
+    property bool whole: true
+
+    ValueScale {
+        id: valueScale
+        whole: root.whole
+        top: Math.max(0, ...root.values)
     }
 
     Loader {
@@ -40,12 +40,16 @@ Item {
                 labelsPosition: AbstractBarSeries.LabelsOutsideEnd
                 axisX: BarCategoryAxis {
                     categories: root.labels
+                    truncateLabels: false
                     labelsFont.pixelSize: 10
-                    labelsAngle: root.labels.length > 6 ? -45 : 0
+                    labelsAngle: root.labels.length > 10 ? -45 : 0
                 }
                 axisY: ValueAxis {
                     min: 0
-                    max: root.axisMax
+                    max: valueScale.max
+                    tickType: ValueAxis.TicksDynamic
+                    tickAnchor: 0
+                    tickInterval: valueScale.step
                     labelFormat: "%.0f"
                     labelsFont.pixelSize: 10
                 }
@@ -78,7 +82,10 @@ Item {
                 }
                 axisX: ValueAxis {
                     min: 0
-                    max: root.axisMax
+                    max: valueScale.max
+                    tickType: ValueAxis.TicksDynamic
+                    tickAnchor: 0
+                    tickInterval: valueScale.step
                     labelFormat: "%.0f"
                     labelsFont.pixelSize: 10
                 }

@@ -26,6 +26,7 @@ Card {
 
         RowLayout {
             Layout.fillWidth: true
+            Layout.preferredHeight: 28
             Label {
                 text: root.title
                 font.pixelSize: 15
@@ -37,6 +38,7 @@ Card {
                 visible: root.backText !== ""
                 text: root.backText
                 font.pixelSize: 13
+                Layout.preferredHeight: 28
                 onClicked: root.backClicked()
             }
         }

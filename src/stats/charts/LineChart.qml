@@ -9,6 +9,10 @@ Item {
     property var points: []
     property color color: "#2e7d32"
 
+    ValueScale {
+        id: valueScale
+    }
+
     onPointsChanged: fill()
     Component.onCompleted: fill()
 
@@ -20,7 +24,7 @@ Item {
             line.append(p.x, p.y)
             top = Math.max(top, p.y)
         }
-        valueAxis.max = top > 0 ? top * 1.1 : 1
+        valueScale.top = top
         if (points.length > 0) {
             // A single day still gets a span to be drawn in.
             const first = points[0].x, last = points[points.length - 1].x
@@ -47,8 +51,11 @@ Item {
                 labelsFont.pixelSize: 10
             }
             axisY: ValueAxis {
-                id: valueAxis
                 min: 0
+                max: valueScale.max
+                tickType: ValueAxis.TicksDynamic
+                tickAnchor: 0
+                tickInterval: valueScale.step
                 labelFormat: "%.0f"
                 labelsFont.pixelSize: 10
             }
