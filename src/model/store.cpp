@@ -425,7 +425,7 @@ Result<void> Store::migrate()
             // Every change of a record's value is kept with its date. A store that had no history
             // starts one with each valued record's current value, so every chart has a start.
             statements << u"CREATE TABLE IF NOT EXISTS Quotes (vinylRowId INTEGER, quoted INTEGER, value REAL, source TEXT)"_s
-                       << u"CREATE INDEX IF NOT EXISTS QuotesByRecord ON Quotes(vinylRowId, quoted)"_s
+                       << u"CREATE INDEX IF NOT EXISTS QuotesByRecord ON Quotes(vinylRowId, quoted, value)"_s
                        << u"INSERT INTO Quotes (vinylRowId, quoted, value, source) SELECT rowid, %1, value, '%2' "
                           "FROM Vinyl WHERE value IS NOT NULL AND value <> 0 ORDER BY rowid"_s
                               .arg(QDateTime::currentMSecsSinceEpoch())
