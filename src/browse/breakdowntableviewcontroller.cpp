@@ -27,6 +27,7 @@ BreakdownTableViewController::BreakdownTableViewController(const BreakdownKind &
 {
     m_headerText = CollectionList::headerText(0, 0);
     m_footerText = Breakdown::footerText(m_kind, 0, 0, false);
+    connect(&m_share, &BackgroundTask::progressChanged, this, &BreakdownTableViewController::shareProgressChanged);
 }
 
 void BreakdownTableViewController::setPdfWriter(BreakdownPdfWriter writer)
@@ -183,7 +184,7 @@ QList<Vinyl> BreakdownTableViewController::shownRecords() const
 
 void BreakdownTableViewController::ShareButtonClicked()
 {
-    if (!app() || !canSharePdf())
+    if (!app() || !canSharePdf() || sharing())
         return;
     if (!app()->platform().canSendText()) {
         showAlert(BrowseTexts::kCantSendTextTitle, BrowseTexts::kCantSendTextMessage);
@@ -193,14 +194,26 @@ void BreakdownTableViewController::ShareButtonClicked()
         showAlert(BrowseTexts::kEmptyDataSetTitle, BrowseTexts::kEmptyDataSetMessage);
         return;
     }
-    const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(), app()};
-    if (auto written = pdfWriter()(request); !written) {
-        showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());
-        return;
-    }
-    ShareItems items;
-    items.filePaths.append(request.outputFilePath);
-    app()->platform().share(items);
+    const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(),
+                                     app()->persistentContainer().filePath()};
+    m_share.start([request, writer = pdfWriter()](TaskProgress &progress) { return writer(request, progress); },
+                  [this, file = request.outputFilePath](const Result<void> &written, bool cancelled) {
+                      emit shareFinished();
+                      if (cancelled || !app())
+                          return;
+                      if (!written) {
+                          showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());
+                          return;
+                      }
+                      ShareItems items;
+                      items.filePaths.append(file);
+                      app()->platform().share(items);
+                  });
+}
+
+void BreakdownTableViewController::CancelShareButtonTapped()
+{
+    m_share.cancel();
 }
 
 void BreakdownTableViewController::reloadTable()

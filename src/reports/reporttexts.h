@@ -18,6 +18,11 @@ inline const QString kUnreadableAmount = u"The %1 of \"%2\" cannot be read as a 
 inline const QString kReportTitle = u"Print Vinyl"_s;
 inline const QString kOverviewTitle = u"Vinyl Collection Overview"_s;
 inline const QString kPrintJob = u"Vinyl Collection"_s;
+inline const QString kCancelled = u"Cancelled."_s;
+
+// What the progress bar of a report says it is doing.
+inline const QString kLayingOut = u"Laying out pages"_s;
+inline const QString kPrinting = u"Printing"_s;
 
 // Title lines of the printed report.
 inline const QString kCompleteList = u"Complete List of Vinyl"_s;
