@@ -103,14 +103,15 @@ QByteArray CoverPictures::bytesOf(const Vinyl &vinyl, CoverSide side)
 
 CoverPicture CoverPictures::cover(const Vinyl &vinyl, CoverSide side, bool decode)
 {
-    CoverPicture &last = m_last[side == CoverSide::Back ? 1 : 0];
-    const bool known = vinyl.rowId != 0 && vinyl.rowId == m_lastRowId;
-    if (known && (!decode || !last.exists() || !last.image.isNull()))
-        return last;
+    const int index = side == CoverSide::Back ? 1 : 0;
     if (vinyl.rowId != m_lastRowId) {
         m_lastRowId = vinyl.rowId;
         m_last[0] = m_last[1] = {};
     }
+    // Known from before: the record's picture is asked for again when its page is laid out again.
+    if (const std::optional<CoverPicture> &known = m_last[index];
+        vinyl.rowId != 0 && known && (!decode || !known->exists() || !known->image.isNull()))
+        return *known;
     const QByteArray bytes = bytesOf(vinyl, side);
     CoverPicture picture;
     if (decode)
@@ -122,7 +123,6 @@ CoverPicture CoverPictures::cover(const Vinyl &vinyl, CoverSide side, bool decod
         picture.image = QImage(picture.size, QImage::Format_RGB32);
         picture.image.fill(Qt::white);
     }
-    if (vinyl.rowId != 0)
-        last = picture;
+    m_last[index] = picture;
     return picture;
 }

@@ -7,6 +7,8 @@
 #include <QSize>
 #include <QString>
 
+#include <optional>
+
 // Reads stored covers over a read-only connection of its own to the store file, so a report
 // can be laid out on any thread. The connection belongs to the thread that made the reader.
 class CoverReader
@@ -63,5 +65,5 @@ private:
     double m_width;
     // The covers of the last record asked for: a page laid out again starts with them.
     qint64 m_lastRowId = 0;
-    CoverPicture m_last[2];
+    std::optional<CoverPicture> m_last[2]; // front, back; none until read
 };
