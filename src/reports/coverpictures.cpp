@@ -13,6 +13,16 @@ using namespace Qt::StringLiterals;
 namespace {
 QAtomicInteger<quint64> s_readerCount;
 
+// The covers the record form stores are JPEG or PNG; anything else is left to the reader.
+QByteArray formatOf(const QByteArray &bytes)
+{
+    if (bytes.startsWith("\xFF\xD8\xFF"))
+        return "jpeg";
+    if (bytes.startsWith("\x89PNG\r\n\x1A\n"))
+        return "png";
+    return {};
+}
+
 QSize headerSize(const QByteArray &bytes)
 {
     if (bytes.isEmpty())
@@ -20,7 +30,7 @@ QSize headerSize(const QByteArray &bytes)
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
+    QImageReader reader(&buffer, formatOf(bytes));
     return reader.size();
 }
 } // namespace
@@ -31,11 +41,16 @@ CoverReader::CoverReader(const QString &storeFilePath)
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
     db.setDatabaseName(storeFilePath);
     db.setConnectOptions(u"QSQLITE_OPEN_READONLY"_s);
-    db.open();
+    if (db.open()) {
+        m_query = std::make_unique<QSqlQuery>(db);
+        if (!m_query->prepare(u"SELECT frontImage, backImage FROM Vinyl WHERE rowid = ?"_s))
+            m_query.reset();
+    }
 }
 
 CoverReader::~CoverReader()
 {
+    m_query.reset();
     {
         QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
         db.close();
@@ -45,16 +60,20 @@ CoverReader::~CoverReader()
 
 QByteArray CoverReader::read(qint64 rowId, CoverSide side)
 {
-    QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
-    if (!db.isOpen())
-        return {};
-    QSqlQuery query(db);
-    query.prepare(side == CoverSide::Front ? u"SELECT frontImage FROM Vinyl WHERE rowid = ?"_s
-                                           : u"SELECT backImage FROM Vinyl WHERE rowid = ?"_s);
-    query.bindValue(0, rowId);
-    if (!query.exec() || !query.next())
-        return {};
-    return query.value(0).toByteArray();
+    if (rowId != m_rowId) {
+        m_rowId = rowId;
+        m_covers[0].clear();
+        m_covers[1].clear();
+        if (m_query) {
+            m_query->bindValue(0, rowId);
+            if (m_query->exec() && m_query->next()) {
+                m_covers[0] = m_query->value(0).toByteArray();
+                m_covers[1] = m_query->value(1).toByteArray();
+            }
+            m_query->finish();
+        }
+    }
+    return m_covers[side == CoverSide::Back ? 1 : 0];
 }
 
 CoverPictures::CoverPictures(CoverReader *reader, double width) : m_reader(reader), m_width(width) {}
@@ -79,7 +98,8 @@ QImage CoverPictures::decodeScaled(const QByteArray &bytes, int pixelWidth)
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
+    // Naming the format spares the reader asking every image plug-in.
+    QImageReader reader(&buffer, formatOf(bytes));
     reader.setAutoTransform(false);
     const QSize target = scaledSize(reader.size(), pixelWidth);
     // JPEG decodes straight to a smaller size, much faster than decoding whole and scaling.

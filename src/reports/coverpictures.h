@@ -7,7 +7,10 @@
 #include <QSize>
 #include <QString>
 
+#include <memory>
 #include <optional>
+
+class QSqlQuery;
 
 // Reads stored covers over a read-only connection of its own to the store file, so a report
 // can be laid out on any thread. The connection belongs to the thread that made the reader.
@@ -24,6 +27,10 @@ public:
 
 private:
     QString m_connectionName;
+    std::unique_ptr<QSqlQuery> m_query; // both covers of a record, prepared once
+    // The covers of the last record read: its other side is asked for next.
+    qint64 m_rowId = 0;
+    QByteArray m_covers[2];
 };
 
 // A cover as a report shows it: its size in pixels at the printed width and, when it was

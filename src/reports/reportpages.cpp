@@ -229,6 +229,31 @@ Result<void> ReportPages::write(Piece &piece, const Position &at)
     return {};
 }
 
+Result<bool> ReportPages::writeRestOfRecord(Piece &piece, Position &at)
+{
+    // One edit: the piece is laid out once for the whole record, not once per line.
+    piece.cursor.beginEditBlock();
+    Result<bool> more = true;
+    for (;;) {
+        more = advance(at);
+        if (!more || !*more)
+            break;
+        if (auto written = write(piece, at); !written) {
+            more = written.error();
+            break;
+        }
+        const auto count = blockCount(at.record);
+        if (!count) {
+            more = count.error();
+            break;
+        }
+        if (at.block + 1 >= *count)
+            break;
+    }
+    piece.cursor.endEditBlock();
+    return more;
+}
+
 Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, TaskProgress *progress)
 {
     const int records = m_content.recordCount();
@@ -246,14 +271,10 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, Ta
         while (!ended && lastLinePage(piece->document) <= page) {
             if (progress && progress->cancelled())
                 return {};
-            const auto more = advance(at);
+            const auto more = writeRestOfRecord(*piece, at);
             if (!more)
                 return more.error();
             ended = !*more;
-            if (!ended) {
-                if (auto written = write(*piece, at); !written)
-                    return written;
-            }
             if (progress)
                 progress->setDone(std::clamp(at.record, 0, records));
         }

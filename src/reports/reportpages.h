@@ -65,6 +65,8 @@ private:
     // The block after `at`; false at the end of the document.
     [[nodiscard]] Result<bool> advance(Position &at);
     Result<void> write(Piece &piece, const Position &at);
+    // Writes the blocks after `at` to the end of their record; false at the end of the report.
+    Result<bool> writeRestOfRecord(Piece &piece, Position &at);
 
     const ReportContent &m_content;
     CoverPictures &m_covers;

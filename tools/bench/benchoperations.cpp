@@ -13,8 +13,10 @@
 #include "floors.h"
 #include "grouptableviewcontroller.h"
 #include "listvinyltableviewcontroller.h"
+#include "printvinylviewcontroller.h"
 #include "recordingplatformservices.h"
 #include "reportbuilder.h"
+#include "reportpages.h"
 #include "reportpdf.h"
 #include "samplecollection.h"
 #include "store.h"
@@ -321,6 +323,32 @@ void measureReports(BenchReport &report, BenchCollection &c)
     add(report, c, u"printed report of 1,000 records"_s, printed, floorMs, 3000, std::nullopt);
 }
 
+// The printed-report screen opened on the complete list: the time until its first page is
+// drawn, and until every page is laid out (off the UI thread, the window painting meanwhile).
+void measureReportScreen(BenchReport &report, BenchCollection &c)
+{
+    c.app().state()->setOriginScreen(OriginScreens::List);
+    double firstPage = 0;
+    double allPages = 0;
+    bool ok = true;
+    QElapsedTimer timer;
+    timer.start();
+    {
+        PrintVinylViewController screen(&c.app());
+        while (screen.pages()->rowCount() == 0 && screen.busy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        ok = screen.report() && !screen.report()->render(0, 600).isNull();
+        firstPage = double(timer.nsecsElapsed()) / 1e6;
+        while (screen.busy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        allPages = double(timer.nsecsElapsed()) / 1e6;
+    }
+    if (!ok)
+        std::fprintf(stderr, "bench: the report screen failed\n");
+    add(report, c, u"report screen: first page drawn"_s, firstPage, std::nullopt, 1000, std::nullopt);
+    add(report, c, u"report screen: every page laid out"_s, allPages, std::nullopt, std::nullopt, std::nullopt);
+}
+
 // The complete printed report with covers, in a process of its own so its peak resident
 // memory is its own: the report must not grow with the collection.
 void measureCompleteReport(BenchReport &report, BenchCollection &c)
@@ -413,6 +441,7 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"exchange"_s, measureExchange},
         {u"valuation"_s, measureValuation},
         {u"reports"_s, measureReports},
+        {u"reports"_s, measureReportScreen},
         {u"reports"_s, measureCompleteReport},
     };
     for (const auto &[name, measure] : groups) {
