@@ -11,6 +11,14 @@ ScreenPage {
 
     title: "Valuation"
 
+    actions: [
+        ToolButton {
+            objectName: "ShareButton"
+            text: "Share"
+            onClicked: controller.shareButtonClicked()
+        }
+    ]
+
     ValuationViewController {
         id: controller
     }

@@ -6,6 +6,7 @@
 #include "breakdowntableviewcontroller.h"
 #include "cli.h"
 #include "exchangeformat.h"
+#include "textfile.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
 #include "coverpictures.h"
@@ -215,7 +216,7 @@ QByteArray measureExport(BenchReport &report, BenchCollection &c, bool images, c
 // Reads the exchange file and merges it, as the import screen does.
 bool importFile(Store &store, const QString &file)
 {
-    auto text = Exchange::readFile(file);
+    auto text = TextFile::readUtf8(file);
     return text && ExchangeReader::importAll(store, *text).ok();
 }
 
