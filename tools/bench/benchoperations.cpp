@@ -9,6 +9,9 @@
 #include "textfile.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
+#include "csv.h"
+#include "importfile.h"
+#include "importmerge.h"
 #include "coverpictures.h"
 #include "filteredlistpdf.h"
 #include "floors.h"
@@ -257,8 +260,59 @@ qint64 averageCoverBytes(Store &store)
     return query.value(0).toLongLong();
 }
 
+// A Discogs collection export of the collection's records, as a collector who keeps both has.
+QByteArray discogsExportOf(Store &store)
+{
+    QByteArray csv = "Catalog#,Artist,Title,Label,Format,Rating,Released,release_id,CollectionFolder,Date Added,"
+                     "Collection Media Condition,Collection Sleeve Condition,Collection Notes\r\n";
+    int release = 0;
+    for (const Vinyl &v : store.fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr({})) {
+        ++release;
+        const QString released = v.releaseDate ? v.releaseDate->date().toString(Qt::ISODate) : u"0"_s;
+        csv += Csv::line({u"CAT %1"_s.arg(release), text(v.artist), text(v.name), text(v.recordLabel), u"LP, Album"_s,
+                          u"4"_s, released, QString::number(release), u"Uncategorized"_s, u"2020-01-01 10:00:00"_s,
+                          u"Very Good Plus (VG+)"_s, u"Generic"_s, text(v.notes)})
+                   .toUtf8();
+    }
+    return csv;
+}
+
+// A Discogs export of every record: read and previewed against the collection (every line an
+// update), as the import screen does before its counts show; then imported into an empty store.
+void measureDiscogsImport(BenchReport &report, BenchCollection &c)
+{
+    const QString file = QDir(c.dataDir()).filePath(u"discogs.csv"_s);
+    QFile out(file);
+    if (!out.open(QIODevice::WriteOnly) || out.write(discogsExportOf(c.store())) < 0)
+        std::fprintf(stderr, "bench: cannot write the Discogs export\n");
+    out.close();
+    const auto read = [&file] { return ImportFiles::read(TextFile::readUtf8(file).valueOr(QString())); };
+    bool ok = true;
+    const double preview = medianMs(kRuns, [&] { ok = ok && ImportMerge::preview(c.store(), read()).ok(); });
+
+    QTemporaryDir scratch;
+    std::unique_ptr<AppDelegate> target;
+    int round = 0;
+    const auto freshStore = [&] {
+        target.reset();
+        auto app = AppDelegate::create(QDir(scratch.path()).filePath(QString::number(round++)), true,
+                                       std::make_unique<RecordingPlatformServices>());
+        target = app ? std::move(app).value() : nullptr;
+    };
+    const double apply = medianMs(
+        kRuns, [&] { ok = ok && target && ImportMerge::apply(target->persistentContainer(), read()).ok(); }, freshStore);
+    target.reset();
+    if (!ok)
+        std::fprintf(stderr, "bench: a Discogs preview or import failed\n");
+    const double readFloor = Floors::readFile(file, kRuns);
+    add(report, c, u"Discogs export: read and preview"_s, preview, readFloor, 5000, std::nullopt);
+    add(report, c, u"Discogs export: import into an empty store"_s, apply, readFloor, std::nullopt, std::nullopt);
+    QFile::remove(file);
+}
+
 void measureExchange(BenchReport &report, BenchCollection &c)
 {
+    measureDiscogsImport(report, c);
     const QString file = QDir(c.dataDir()).filePath(u"VinylCollection.csv"_s);
     measureExport(report, c, false, file);
     measureExport(report, c, true, file);
