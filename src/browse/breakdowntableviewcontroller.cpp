@@ -27,7 +27,8 @@ BreakdownTableViewController::BreakdownTableViewController(const BreakdownKind &
 {
     m_headerText = CollectionList::headerText(0, 0);
     m_footerText = Breakdown::footerText(m_kind, 0, 0, false);
-    connect(&m_share, &BackgroundTask::progressChanged, this, &BreakdownTableViewController::shareProgressChanged);
+    connect(&m_share, &BackgroundJob::progressChanged, this, &BreakdownTableViewController::shareProgressChanged);
+    connect(&m_share, &BackgroundJob::finished, this, &BreakdownTableViewController::shareWritten);
 }
 
 void BreakdownTableViewController::setPdfWriter(BreakdownPdfWriter writer)
@@ -196,19 +197,24 @@ void BreakdownTableViewController::ShareButtonClicked()
     }
     const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(),
                                      app()->persistentContainer().filePath()};
-    m_share.start([request, writer = pdfWriter()](TaskProgress &progress) { return writer(request, progress); },
-                  [this, file = request.outputFilePath](const Result<void> &written, bool cancelled) {
-                      emit shareFinished();
-                      if (cancelled || !app())
-                          return;
-                      if (!written) {
-                          showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());
-                          return;
-                      }
-                      ShareItems items;
-                      items.filePaths.append(file);
-                      app()->platform().share(items);
-                  });
+    m_shareFile = request.outputFilePath;
+    m_share.start([request, writer = pdfWriter()](const BackgroundJob::Progress &progress) {
+        return writer(request, progress);
+    });
+}
+
+void BreakdownTableViewController::shareWritten(const Result<void> &written)
+{
+    emit shareFinished();
+    if (m_share.cancelled() || !app())
+        return;
+    if (!written) {
+        showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());
+        return;
+    }
+    ShareItems items;
+    items.filePaths.append(m_shareFile);
+    app()->platform().share(items);
 }
 
 void BreakdownTableViewController::CancelShareButtonTapped()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backgroundtask.h"
+#include "backgroundjob.h"
 #include "breakdown.h"
 #include "recordcardmodel.h"
 #include "result.h"
@@ -20,7 +20,7 @@ struct BreakdownPdfRequest
 };
 // Runs off the UI thread; it counts the records written and stops when cancelled, leaving
 // no file.
-using BreakdownPdfWriter = std::function<Result<void>(const BreakdownPdfRequest &, TaskProgress &)>;
+using BreakdownPdfWriter = std::function<Result<void>(const BreakdownPdfRequest &, const BackgroundJob::Progress &)>;
 
 // The records of one group picked in a group list: a name search, an order toggle over four
 // sort keys, swipe to delete, a header counting the records and a footer giving their value.
@@ -56,8 +56,8 @@ public:
     [[nodiscard]] const BreakdownKind &kind() const { return m_kind; }
     [[nodiscard]] bool sharing() const { return m_share.running(); }
     // "12,400 of 32,767" records written.
-    [[nodiscard]] QString shareProgressText() const { return m_share.countText(); }
-    [[nodiscard]] double shareProgress() const { return m_share.fraction(); }
+    [[nodiscard]] QString shareProgressText() const { return m_share.progressText(); }
+    [[nodiscard]] double shareProgress() const { return m_share.progress(); }
 
     // The records shown, in the order shown (without covers).
     [[nodiscard]] QList<Vinyl> shownRecords() const;
@@ -96,6 +96,7 @@ protected:
     void viewDidLoad() override;
 
 private:
+    void shareWritten(const Result<void> &written);
     void reloadTable();
     [[nodiscard]] const RecordCard &cardOf(int record, bool searching);
     [[nodiscard]] const QList<int> &shownList() const { return searching() ? m_filteredList : m_vinylList; }
@@ -115,7 +116,8 @@ private:
     // Header and footer change when the list is reloaded, not when a row is deleted.
     QString m_headerText;
     QString m_footerText;
-    BackgroundTask m_share;
+    BackgroundJob m_share;
+    QString m_shareFile;
 };
 
 class ArtistBreakdownTableViewController : public BreakdownTableViewController

@@ -15,7 +15,6 @@ list(APPEND PB_SOURCES
     model/appdelegate.h model/appdelegate.cpp
     model/screencontroller.h model/screencontroller.cpp
     model/coverimageprovider.h model/coverimageprovider.cpp
-    model/backgroundtask.h model/backgroundtask.cpp
     model/samplecollection.h model/samplecollection.cpp
     model/collectiontotals.h model/collectiontotals.cpp
     model/firstlaunch.h model/firstlaunch.cpp

@@ -9,15 +9,14 @@
 
 namespace FilteredListPdf {
 
-Result<void> write(const BreakdownPdfRequest &request, TaskProgress &progress)
+Result<void> write(const BreakdownPdfRequest &request, const BackgroundJob::Progress &progress)
 {
     auto content = ReportContent::filteredList(request.kind, request.records);
     if (!content)
         return content.error();
-    progress.setTotal(content->recordCount());
     CoverReader covers(request.storeFilePath);
     QDir().mkpath(QFileInfo(request.outputFilePath).absolutePath());
-    return ReportPdf::write(*content, request.outputFilePath, &covers, &progress);
+    return ReportPdf::write(*content, request.outputFilePath, &covers, progress);
 }
 
 void install()

@@ -53,13 +53,15 @@ void ReportPageModel::setPageCount(int count)
 
 PrintVinylViewController::PrintVinylViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
-    connect(&m_task, &BackgroundTask::progressChanged, this, &PrintVinylViewController::showProgress);
+    connect(&m_task, &BackgroundJob::progressChanged, this, &PrintVinylViewController::showProgress);
+    connect(&m_task, &BackgroundJob::finished, this, &PrintVinylViewController::taskDone);
     loadIfReady();
 }
 
 PrintVinylViewController::~PrintVinylViewController()
 {
-    m_task.stop();
+    disconnect(&m_task, nullptr, this, nullptr);
+    stopTask();
     ReportPageProvider::withdraw(m_reportKey);
 }
 
@@ -93,9 +95,15 @@ void PrintVinylViewController::fetch()
     buildReport(true);
 }
 
+void PrintVinylViewController::stopTask()
+{
+    m_task.cancel();
+    m_task.waitForFinished();
+}
+
 void PrintVinylViewController::clearReport()
 {
-    m_task.stop();
+    stopTask();
     ReportPageProvider::withdraw(m_reportKey);
     m_reportKey.clear();
     m_report.reset();
@@ -127,12 +135,26 @@ void PrintVinylViewController::buildReport(bool alertWhenEmpty)
     emit reportChanged();
 
     m_taskTitle = ReportTexts::kLayingOut;
-    m_task.start([report = m_report](TaskProgress &progress) { return report->paginate(progress); },
-                 [this](const Result<void> &result, bool cancelled) {
-                     emit taskFinished();
-                     if (!result && !cancelled)
-                         showAlert(ReportTexts::kNotBuiltTitle, result.errorMessage());
-                 });
+    m_taskKind = Task::Layout;
+    m_task.start([report = m_report](const BackgroundJob::Progress &progress) { return report->paginate(progress); });
+}
+
+void PrintVinylViewController::taskDone(const Result<void> &result)
+{
+    showProgress();
+    emit taskFinished();
+    const bool cancelled = m_task.cancelled();
+    if (m_taskKind == Task::Layout) {
+        if (!result && !cancelled)
+            showAlert(ReportTexts::kNotBuiltTitle, result.errorMessage());
+        return;
+    }
+    if (cancelled)
+        consoleLine(ReportTexts::kPrintCancelled);
+    else if (result)
+        consoleLine(ReportTexts::kPrinted);
+    else
+        showAlert(ReportTexts::kNotPrintedTitle, result.errorMessage());
 }
 
 void PrintVinylViewController::showProgress()
@@ -157,19 +179,12 @@ void PrintVinylViewController::EmailFileClick()
         return;
     }
     m_taskTitle = ReportTexts::kPrinting;
-    m_task.start(
-        [report = m_report, printer, store = app()->persistentContainer().filePath()](TaskProgress &progress) {
-            CoverReader covers(store);
-            progress.setTotal(report->content().recordCount());
-            return ReportPdf::print(report->content(), *printer, &covers, &progress);
-        },
-        [this](const Result<void> &result, bool cancelled) {
-            emit taskFinished();
-            if (cancelled)
-                consoleLine(ReportTexts::kPrintCancelled);
-            else if (result)
-                consoleLine(ReportTexts::kPrinted);
-        });
+    m_taskKind = Task::Printing;
+    m_task.start([report = m_report, printer, store = app()->persistentContainer().filePath()](
+                     const BackgroundJob::Progress &progress) {
+        CoverReader covers(store);
+        return ReportPdf::print(report->content(), *printer, &covers, progress);
+    });
 }
 
 void PrintVinylViewController::CancelButtonTapped()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backgroundtask.h"
+#include "backgroundjob.h"
 #include "entities.h"
 #include "screencontroller.h"
 
@@ -68,8 +68,8 @@ public:
     [[nodiscard]] bool busy() const { return m_task.running(); }
     [[nodiscard]] QString progressTitle() const { return m_taskTitle; }
     // "12,400 of 32,767" records.
-    [[nodiscard]] QString progressText() const { return m_task.countText(); }
-    [[nodiscard]] double progress() const { return m_task.fraction(); }
+    [[nodiscard]] QString progressText() const { return m_task.progressText(); }
+    [[nodiscard]] double progress() const { return m_task.progress(); }
 
     // Builds the report again from the records fetched.
     Q_INVOKABLE void CreateFileClick();
@@ -92,12 +92,16 @@ private:
     void buildReport(bool alertWhenEmpty);
     void clearReport();
     void showProgress();
+    void taskDone(const Result<void> &result);
+    // Stops laying out or printing and waits until the worker has let go.
+    void stopTask();
 
     QList<Vinyl> m_vinylList;
     std::shared_ptr<PagedReport> m_report;
     QString m_reportKey;
     ReportPageModel m_pages;
-    BackgroundTask m_task;
+    BackgroundJob m_task;
+    enum class Task { Layout, Printing } m_taskKind = Task::Layout;
     QString m_taskTitle;
     bool m_printButtonVisible = true;
 };

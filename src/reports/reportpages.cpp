@@ -1,6 +1,5 @@
 #include "reportpages.h"
 
-#include "backgroundtask.h"
 #include "coverpictures.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -254,7 +253,7 @@ Result<bool> ReportPages::writeRestOfRecord(Piece &piece, Position &at)
     return more;
 }
 
-Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, TaskProgress *progress)
+Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, const BackgroundJob::Progress &progress)
 {
     const int records = m_content.recordCount();
     if (from.record < -1 || from.record > records || from.block < 0 || from.pagesIn < 0)
@@ -269,14 +268,12 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, Ta
     for (;;) {
         // A page is complete once a line lies below it.
         while (!ended && lastLinePage(piece->document) <= page) {
-            if (progress && progress->cancelled())
+            if (progress && !progress(std::clamp(at.record, 0, records), records))
                 return {};
             const auto more = writeRestOfRecord(*piece, at);
             if (!more)
                 return more.error();
             ended = !*more;
-            if (progress)
-                progress->setDone(std::clamp(at.record, 0, records));
         }
         const int lastPage = ended ? piece->document.pageCount() - 1 : page;
         for (; page <= lastPage; ++page) {
@@ -285,7 +282,7 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, Ta
         }
         if (ended) {
             if (progress)
-                progress->setDone(records);
+                progress(records, records);
             return {};
         }
         // Pages already handed over are dropped with their piece; the next piece starts at the
@@ -341,7 +338,7 @@ int PagedReport::pageCount() const
     return int(m_pages.size());
 }
 
-Result<void> PagedReport::paginate(TaskProgress &progress)
+Result<void> PagedReport::paginate(const BackgroundJob::Progress &progress)
 {
     {
         QMutexLocker lock(&m_mutex);
@@ -350,14 +347,13 @@ Result<void> PagedReport::paginate(TaskProgress &progress)
     CoverReader reader(m_storeFilePath);
     CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
     ReportPages pages(m_content, covers, false);
-    progress.setTotal(m_content.recordCount());
     return pages.layOut(
         [this](QTextDocument &, int, const PageStart &start) {
             QMutexLocker lock(&m_mutex);
             m_pages.append(start);
             return true;
         },
-        {}, &progress);
+        {}, progress);
 }
 
 bool PagedReport::withPage(int page, const std::function<void(QTextDocument &, int)> &use) const

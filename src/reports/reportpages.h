@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundjob.h"
 #include "reportbuilder.h"
 #include "result.h"
 
@@ -14,7 +15,6 @@
 class CoverPictures;
 class QPainter;
 class QTextDocument;
-class TaskProgress;
 
 // Where a page of a report starts: the block at the top of the piece of document the page
 // was laid out in (record -1 holds the title block, records are numbered from 0) and how
@@ -44,8 +44,8 @@ public:
     // starts. Returning false stops the layout.
     using PageSink = std::function<bool(QTextDocument &piece, int pageInPiece, const PageStart &start)>;
     // Lays the pages out from `from` (the first page of the report by default). Progress
-    // counts the records written; a cancel stops it between two blocks without an error.
-    Result<void> layOut(const PageSink &sink, const PageStart &from = {}, TaskProgress *progress = nullptr);
+    // counts the records written; a cancel stops it between two records without an error.
+    Result<void> layOut(const PageSink &sink, const PageStart &from = {}, const BackgroundJob::Progress &progress = {});
 
     // Draws a page of a piece with the page's top-left corner at the painter's origin, in points.
     static void draw(QTextDocument &piece, int pageInPiece, QPainter &painter);
@@ -89,7 +89,7 @@ public:
     [[nodiscard]] int pageCount() const;
     // Lays the whole report out (reading only the covers' sizes), recording where each page
     // starts as it goes; run off the UI thread.
-    Result<void> paginate(TaskProgress &progress);
+    Result<void> paginate(const BackgroundJob::Progress &progress);
     // A page drawn on white, `width` pixels wide; null when there is no such page (yet).
     [[nodiscard]] QImage render(int page, int width) const;
     [[nodiscard]] QString text(int page) const;

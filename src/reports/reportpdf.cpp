@@ -1,6 +1,5 @@
 #include "reportpdf.h"
 
-#include "backgroundtask.h"
 #include "coverpictures.h"
 #include "logging.h"
 #include "reportbuilder.h"
@@ -67,17 +66,39 @@ Error cancelled()
     return Error{ReportTexts::kCancelled};
 }
 
+// Passes the layout's progress on and remembers whether the user cancelled.
+class CancelWatch
+{
+public:
+    explicit CancelWatch(const BackgroundJob::Progress &progress) : m_progress(progress) {}
+    [[nodiscard]] bool cancelled() const { return m_cancelled; }
+    [[nodiscard]] BackgroundJob::Progress relay()
+    {
+        return [this](qint64 done, qint64 total) {
+            m_cancelled = m_cancelled || (m_progress && !m_progress(done, total));
+            return !m_cancelled;
+        };
+    }
+
+private:
+    const BackgroundJob::Progress &m_progress;
+    bool m_cancelled = false;
+};
+
 } // namespace
 
 namespace ReportPdf {
 
-Result<void> write(const ReportContent &content, const QString &filePath, CoverReader *covers, TaskProgress *progress)
+Result<void> write(const ReportContent &content, const QString &filePath, CoverReader *covers,
+                   const BackgroundJob::Progress &progress)
 {
     QSaveFile file(filePath);
     QString problem;
+    CancelWatch watch(progress);
     if (file.open(QIODevice::WriteOnly)) {
         ExactA4Output output(file);
         int pages = 0;
+        bool pageRefused = false;
         {
             QPdfWriter writer(&output);
             // One device unit per point: the pages are laid out in points on the A4 page.
@@ -89,19 +110,22 @@ Result<void> write(const ReportContent &content, const QString &filePath, CoverR
             ReportPages layout(content, pictures, true);
             const auto laidOut = layout.layOut(
                 [&](QTextDocument &piece, int page, const PageStart &) {
-                    if (pages == 0 ? !painter.begin(&writer) : !writer.newPage())
+                    pageRefused = pages == 0 ? !painter.begin(&writer) : !writer.newPage();
+                    if (pageRefused)
                         return false;
                     ++pages;
                     ReportPages::draw(piece, page, painter);
                     return true;
                 },
-                {}, progress);
+                {}, watch.relay());
             if (painter.isActive())
                 painter.end();
             if (!laidOut)
                 problem = laidOut.errorMessage();
+            else if (pageRefused)
+                problem = u"a page could not be started"_s;
         }
-        if (progress && progress->cancelled()) {
+        if (watch.cancelled()) {
             file.cancelWriting();
             return cancelled();
         }
@@ -109,6 +133,8 @@ Result<void> write(const ReportContent &content, const QString &filePath, CoverR
             problem = u"the document has no pages"_s;
         if (problem.isEmpty() && (!output.finish() || !file.commit()))
             problem = file.errorString();
+        if (!problem.isEmpty())
+            file.cancelWriting();
     } else {
         problem = file.errorString();
     }
@@ -120,18 +146,22 @@ Result<void> write(const ReportContent &content, const QString &filePath, CoverR
     return {};
 }
 
-Result<void> print(const ReportContent &content, QPrinter &printer, CoverReader *covers, TaskProgress *progress)
+Result<void> print(const ReportContent &content, QPrinter &printer, CoverReader *covers,
+                   const BackgroundJob::Progress &progress)
 {
     printer.setFullPage(true);
     const QRectF paper = printer.pageLayout().fullRectPixels(printer.resolution());
     const double scale = std::min(paper.width() / kPageWidth, paper.height() / kPageHeight);
     QPainter painter;
     bool started = false;
+    bool pageRefused = false;
+    CancelWatch watch(progress);
     CoverPictures pictures(covers, ReportBuilder::kViewWidth / 6);
     ReportPages layout(content, pictures, true);
     const auto laidOut = layout.layOut(
         [&](QTextDocument &piece, int page, const PageStart &) {
-            if (!started ? !painter.begin(&printer) : !printer.newPage())
+            pageRefused = !started ? !painter.begin(&printer) : !printer.newPage();
+            if (pageRefused)
                 return false;
             started = true;
             painter.save();
@@ -140,18 +170,16 @@ Result<void> print(const ReportContent &content, QPrinter &printer, CoverReader 
             painter.restore();
             return true;
         },
-        {}, progress);
-    if (progress && progress->cancelled()) {
+        {}, watch.relay());
+    if (watch.cancelled() || pageRefused)
         printer.abort();
-        if (painter.isActive())
-            painter.end();
-        return cancelled();
-    }
     if (painter.isActive())
         painter.end();
+    if (watch.cancelled())
+        return cancelled();
     if (!laidOut)
         return laidOut;
-    if (!started)
+    if (pageRefused)
         return Error{u"The printer could not be used."_s};
     return {};
 }

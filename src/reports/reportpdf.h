@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundjob.h"
 #include "result.h"
 
 #include <QString>
@@ -7,7 +8,6 @@
 class CoverReader;
 class QPrinter;
 class ReportContent;
-class TaskProgress;
 
 // Writing a report out a page at a time: memory stays the same whatever its length.
 namespace ReportPdf {
@@ -16,11 +16,11 @@ namespace ReportPdf {
 // only once it is complete: a cancelled or failed write leaves no file (an older file of that
 // name stays as it was). Covers of records fetched without them are read through `covers`.
 Result<void> write(const ReportContent &content, const QString &filePath, CoverReader *covers,
-                   TaskProgress *progress = nullptr);
+                   const BackgroundJob::Progress &progress = {});
 
 // Draws the report's pages on the printer the user chose, each page fitted to the paper.
 // A cancel aborts the print job.
 Result<void> print(const ReportContent &content, QPrinter &printer, CoverReader *covers,
-                   TaskProgress *progress = nullptr);
+                   const BackgroundJob::Progress &progress = {});
 
 } // namespace ReportPdf

@@ -9,6 +9,7 @@ using namespace Qt::StringLiterals;
 inline const QString kEmptyTitle = u"Empty Data Set!"_s;
 inline const QString kEmptyMessage = u"No Vinyl's to Print!"_s;
 inline const QString kNotBuiltTitle = u"Report not Created"_s;
+inline const QString kNotPrintedTitle = u"Report not Printed"_s;
 inline const QString kPdfWritten = u"wrote PDF file with multiple pages to: "_s;
 inline const QString kPdfNotWritten = u"Could not create PDF file: "_s;
 inline const QString kPrinted = u"Image is Printed"_s;

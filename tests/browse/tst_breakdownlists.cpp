@@ -348,7 +348,7 @@ void TestBreakdownLists::sharing()
 
     QList<QStringList> requested;
     BreakdownTableViewController::setPdfWriter([&requested](const BreakdownPdfRequest &request,
-                                                            TaskProgress &) -> Result<void> {
+                                                            const BackgroundJob::Progress &) -> Result<void> {
         QStringList names;
         for (const Vinyl &v : request.records)
             names.append(text(v.name));

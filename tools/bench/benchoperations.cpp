@@ -350,10 +350,8 @@ void measureReports(BenchReport &report, BenchCollection &c)
     const QString file = QDir(c.dataDir()).filePath(u"bench.pdf"_s);
     bool ok = true;
     const double filtered = medianMs(kRuns, [&] {
-        TaskProgress progress;
         ok = ok
-             && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, c.store().filePath()},
-                                       progress)
+             && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, c.store().filePath()}, {})
                     .ok();
     });
     const double printed = medianMs(kRuns, [&] {
