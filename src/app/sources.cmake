@@ -8,4 +8,5 @@ list(APPEND PB_QML
     app/StyledButton.qml
     app/Card.qml
     app/DatePickerPanel.qml
+    app/ProgressPanel.qml
 )

@@ -4,6 +4,7 @@
 #include "appstate.h"
 #include "bench.h"
 #include "breakdowntableviewcontroller.h"
+#include "cli.h"
 #include "exchangeformat.h"
 #include "textfile.h"
 #include "exchangereader.h"
@@ -16,8 +17,11 @@
 #include "floors.h"
 #include "grouptableviewcontroller.h"
 #include "listvinyltableviewcontroller.h"
+#include "printvinylviewcontroller.h"
 #include "recordingplatformservices.h"
 #include "reportbuilder.h"
+#include "reportpages.h"
+#include "reportpdf.h"
 #include "samplecollection.h"
 #include "statistics.h"
 #include "statisticsviewcontroller.h"
@@ -26,10 +30,11 @@
 
 #include <QAbstractItemModel>
 #include <QDir>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QSqlQuery>
-#include <QTextDocument>
 
 #include <cstdio>
 
@@ -63,7 +68,8 @@ void add(BenchReport &report, const BenchCollection &c, const QString &name, dou
 {
     // Targets are set for the collection's ceiling only.
     const bool ceiling = c.records() == 32767;
-    report.add({name, c.records(), ms, floorMs, ceiling ? targetMs : std::nullopt, ceiling ? targetRatio : std::nullopt});
+    report.add({name, c.records(), ms, floorMs, ceiling ? targetMs : std::nullopt, ceiling ? targetRatio : std::nullopt,
+                std::nullopt, std::nullopt});
 }
 
 void measureCollectionList(BenchReport &report, BenchCollection &c)
@@ -362,13 +368,14 @@ void measureReports(BenchReport &report, BenchCollection &c)
     const QString file = QDir(c.dataDir()).filePath(u"bench.pdf"_s);
     bool ok = true;
     const double filtered = medianMs(kRuns, [&] {
-        ok = ok && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, &c.app()}).ok();
+        ok = ok
+             && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, c.store().filePath()}, {})
+                    .ok();
     });
     const double printed = medianMs(kRuns, [&] {
-        CoverPictures covers(c.store(), ReportBuilder::kViewWidth / 6);
-        QTextDocument document;
-        ok = ok && ReportBuilder::buildReport(document, OriginScreens::List, reportRecords(c.store()), covers).ok()
-             && ReportBuilder::writePdf(document, file).ok();
+        auto content = ReportContent::printedReport(OriginScreens::List, reportRecords(c.store()));
+        CoverReader covers(c.store().filePath());
+        ok = ok && content && ReportPdf::write(*content, file, &covers).ok();
     });
     if (!ok)
         std::fprintf(stderr, "bench: a PDF document failed\n");
@@ -387,7 +394,74 @@ void measureReports(BenchReport &report, BenchCollection &c)
     add(report, c, u"printed report of 1,000 records"_s, printed, floorMs, 3000, std::nullopt);
 }
 
+// The printed-report screen opened on the complete list: the time until its first page is
+// drawn, and until every page is laid out (off the UI thread, the window painting meanwhile).
+void measureReportScreen(BenchReport &report, BenchCollection &c)
+{
+    c.app().state()->setOriginScreen(OriginScreens::List);
+    double firstPage = 0;
+    double allPages = 0;
+    bool ok = true;
+    QElapsedTimer timer;
+    timer.start();
+    {
+        PrintVinylViewController screen(&c.app());
+        while (screen.pages()->rowCount() == 0 && screen.busy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        ok = screen.report() && !screen.report()->render(0, 600).isNull();
+        firstPage = double(timer.nsecsElapsed()) / 1e6;
+        while (screen.busy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        allPages = double(timer.nsecsElapsed()) / 1e6;
+    }
+    if (!ok)
+        std::fprintf(stderr, "bench: the report screen failed\n");
+    add(report, c, u"report screen: first page drawn"_s, firstPage, std::nullopt, 1000, std::nullopt);
+    add(report, c, u"report screen: every page laid out"_s, allPages, std::nullopt, std::nullopt, std::nullopt);
+}
+
+// The complete printed report with covers, in a process of its own so its peak resident
+// memory is its own: the report must not grow with the collection.
+void measureCompleteReport(BenchReport &report, BenchCollection &c)
+{
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {u"--complete-report"_s, c.dataDir()});
+    const bool finished = child.waitForFinished(30 * 60 * 1000);
+    const QStringList figures = QString::fromUtf8(child.readAllStandardOutput()).split(u' ', Qt::SkipEmptyParts);
+    bool msOk = false, mbOk = false;
+    const double ms = figures.value(0).toDouble(&msOk);
+    const double mb = figures.value(1).toDouble(&mbOk);
+    if (!finished || child.exitCode() != 0 || !msOk || !mbOk) {
+        std::fprintf(stderr, "bench: the complete report failed: %s\n", child.readAllStandardError().constData());
+        return;
+    }
+    const bool ceiling = c.records() == 32767;
+    Measurement m{u"complete printed report with covers"_s, c.records(), ms, std::nullopt,
+                  ceiling ? std::optional<double>(30000) : std::nullopt, std::nullopt, mb,
+                  ceiling ? std::optional<double>(300) : std::nullopt};
+    report.add(std::move(m));
+}
+
 } // namespace
+
+int runCompleteReport(const QString &dataDir)
+{
+    const QString pdf = QDir(dataDir).filePath(u"complete-report.pdf"_s);
+    QString said;
+    QTextStream out(&said), err(&said);
+    QElapsedTimer timer;
+    timer.start();
+    const int code = runCli({u"--data-dir"_s, dataDir, u"report"_s, u"--pdf"_s, pdf}, out, err);
+    const double ms = double(timer.nsecsElapsed()) / 1e6;
+    QFile::remove(pdf);
+    out.flush();
+    if (code != CliOk) {
+        std::fprintf(stderr, "%s\n", qPrintable(said));
+        return 1;
+    }
+    std::printf("%.1f %.1f\n", ms, peakRssMb());
+    return 0;
+}
 
 Store &BenchCollection::store()
 {
@@ -439,6 +513,8 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"valuation"_s, measureValuation},
         {u"statistics"_s, measureStatistics},
         {u"reports"_s, measureReports},
+        {u"reports"_s, measureReportScreen},
+        {u"reports"_s, measureCompleteReport},
     };
     for (const auto &[name, measure] : groups) {
         if (only.isEmpty() || only.contains(name))

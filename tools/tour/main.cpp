@@ -108,7 +108,8 @@ int main(int argc, char *argv[])
     int written = 0;
     for (const TourStep &step : steps) {
         step.prepare(context);
-        context.settle();
+        if (step.settleFirst)
+            context.settle();
         const QString path = QDir(outDir).filePath(step.fileName);
         if (window->grabWindow().save(path)) {
             ++written;
