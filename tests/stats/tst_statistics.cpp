@@ -1,5 +1,6 @@
 // The statistics: every chart's series on a small collection made by hand, the screen's taps,
 // and `platterbox stats --json`.
+#include "appshell.h"
 #include "cli.h"
 #include "statistics.h"
 #include "statisticsviewcontroller.h"
@@ -9,6 +10,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -234,6 +239,34 @@ private slots:
             QCOMPARE(current.recordLabel, picked);
         else if (screen == u"YearBreakdownTableView"_s)
             QCOMPARE(current.releaseDate, std::optional(QDateTime(QDate(picked.toInt(), 1, 1), QTime(0, 0))));
+    }
+
+    // The screen as the window shows it: a card per chart, each drawn without a QML warning.
+    void screenDrawsEveryChart()
+    {
+        TestApp t;
+        fillCollection(t.store());
+        QQmlApplicationEngine engine;
+        AppShell::prepareEngine(engine, t.app());
+        engine.load(AppShell::mainQmlUrl());
+        auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+        QVERIFY(window);
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        t.app().navigator()->show(u"StatisticsView"_s);
+        const auto screen = [window] {
+            QObject *stack = window->property("stack").value<QObject *>();
+            return stack ? stack->property("currentItem").value<QQuickItem *>() : nullptr;
+        };
+        QTRY_VERIFY(screen() && screen()->objectName() == u"StatisticsView"_s);
+        auto *controller = screen()->findChild<StatisticsViewController *>();
+        QVERIFY(controller);
+        controller->job().waitForFinished();
+        for (const ChartDefinition &chart : chartDefinitions()) {
+            if (chart.name != u"recordsPerYear"_s)
+                QTRY_VERIFY2(screen()->findChild<QQuickItem *>(chart.name), qPrintable(chart.name));
+        }
+        QTest::qWait(300); // the charts draw
     }
 
     void statsJsonHasEveryFigureAndSeries()
