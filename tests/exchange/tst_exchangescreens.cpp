@@ -2,6 +2,7 @@
 #include "exportviewcontroller.h"
 #include "importexportviewcontroller.h"
 #include "importviewcontroller.h"
+#include "samplecollection.h"
 #include "snapshots.h"
 #include "store.h"
 #include "testsupport.h"
@@ -99,6 +100,29 @@ private slots:
         // The record's cover is not a picture: the file is built without it and the user is told.
         QCOMPARE(controller.lastAlertMessage(), u"Process Complete - File Ready to Save to Files or Email\n\n"
                                                 "1 cover picture could not be read and was left out."_s);
+    }
+
+    // Cancel keeps nothing of the build: nothing to save or mail, no alert, and the file can
+    // be built again.
+    void cancelledExportKeepsNothing()
+    {
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {200, 10, true, 5}).ok());
+        ExportViewController controller(&t.app());
+        QSignalSpy finished(&controller, &ExportViewController::buildFinished);
+        controller.CreateUpdateFile();
+        QVERIFY(controller.building());
+        controller.CancelButtonTapped();
+        QVERIFY(finished.wait(10000));
+        QVERIFY(controller.dataString().isEmpty());
+        QVERIFY(controller.exportText().isEmpty());
+        QVERIFY(!controller.saveFileButtonEnabled());
+        QVERIFY(!controller.emailButtonEnabled());
+        QVERIFY(controller.exportButtonEnabled());
+        QTest::qWait(1200);
+        QVERIFY(controller.lastAlertTitle().isEmpty());
+        QVERIFY(build(controller));
+        QCOMPARE(controller.dataString(), ExchangeWriter::build(t.store(), true).valueOr({}));
     }
 
     void leavingImagesOutSticks()
