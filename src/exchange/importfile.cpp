@@ -41,19 +41,20 @@ QString summary(const ImportFile &file)
     return text;
 }
 
-ImportFile read(QString text)
+ImportFile read(QByteArray utf8)
 {
-    if (Exchange::hasLine(text, Exchange::kRecordMarker) || Exchange::hasLine(text, Exchange::kTrackMarker))
-        return ExchangeReader::read(std::move(text));
+    if (Exchange::hasRecordSection(utf8) || Exchange::hasTrackSection(utf8))
+        return ExchangeReader::read(std::move(utf8));
     ImportFile file;
-    const QList<Csv::Row> rows = Csv::parse(text);
+    // CSV files hold no pictures: they are small enough to read as text.
+    const QList<Csv::Row> rows = Csv::parse(QString::fromUtf8(utf8));
     if (!rows.isEmpty() && rows.first().error.isEmpty()) {
         if (DiscogsCsv::recognises(rows.first().fields))
             DiscogsCsv::read(rows, file);
         else if (CollectionCsv::sectionOf(rows.first().fields) != CollectionCsv::Section::None)
             CollectionCsv::read(rows, file);
     }
-    file.text = std::move(text);
+    file.text = std::move(utf8);
     return file;
 }
 

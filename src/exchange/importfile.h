@@ -2,6 +2,8 @@
 
 #include "entities.h"
 
+#include <QByteArray>
+#include <QByteArrayView>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -17,7 +19,7 @@ enum class ImportFormat {
     Unknown,     // none of these: nothing to import
 };
 
-// Where a long field (a cover's base64) lies in the file's text; read only when it is merged.
+// Where a long field (a cover's base64) lies in the file's bytes; read only when it is merged.
 struct TextSpan
 {
     qsizetype from = 0;
@@ -53,7 +55,7 @@ struct TrackLine
 struct ImportFile
 {
     ImportFormat format = ImportFormat::Unknown;
-    QString text; // the whole text, for the cover fields
+    QByteArray text; // the whole file, UTF-8: covers are read from it in place
     QList<RecordLine> records;
     QList<TrackLine> tracks;
     // Columns of a CSV file that nothing is read from.
@@ -63,7 +65,7 @@ struct ImportFile
     QStringList remarks;
 
     [[nodiscard]] qint64 lineCount() const { return records.size() + tracks.size(); }
-    [[nodiscard]] QStringView span(TextSpan s) const { return QStringView(text).sliced(s.from, s.size); }
+    [[nodiscard]] QByteArrayView span(TextSpan s) const { return QByteArrayView(text).sliced(s.from, s.size); }
 };
 
 namespace ImportFiles {
@@ -75,7 +77,8 @@ namespace ImportFiles {
 
 // Recognises the format from the text itself, never from a file name: an exchange file by its
 // "[VINYLCOLLECTION]" or "[TRACKCOLLECTION]" line, a CSV file by its header line. A text that
-// is none of these reads as ImportFormat::Unknown, with no lines.
-[[nodiscard]] ImportFile read(QString text);
+// is none of these reads as ImportFormat::Unknown, with no lines. The bytes are UTF-8
+// (TextFile::utf8 checks them).
+[[nodiscard]] ImportFile read(QByteArray utf8);
 
 } // namespace ImportFiles

@@ -220,7 +220,7 @@ QByteArray measureExport(BenchReport &report, BenchCollection &c, bool images, c
 bool importFile(Store &store, const QString &file)
 {
     auto text = TextFile::readUtf8(file);
-    return text && ExchangeReader::importAll(store, *text).ok();
+    return text && ExchangeReader::importAll(store, std::move(*text)).ok();
 }
 
 void measureImport(BenchReport &report, BenchCollection &c, const QString &file, qint64 coverBytes)
@@ -286,7 +286,7 @@ void measureDiscogsImport(BenchReport &report, BenchCollection &c)
     if (!out.open(QIODevice::WriteOnly) || out.write(discogsExportOf(c.store())) < 0)
         std::fprintf(stderr, "bench: cannot write the Discogs export\n");
     out.close();
-    const auto read = [&file] { return ImportFiles::read(TextFile::readUtf8(file).valueOr(QString())); };
+    const auto read = [&file] { return ImportFiles::read(TextFile::readUtf8(file).valueOr(QByteArray())); };
     bool ok = true;
     const double preview = medianMs(kRuns, [&] { ok = ok && ImportMerge::preview(c.store(), read()).ok(); });
 

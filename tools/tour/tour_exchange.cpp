@@ -98,7 +98,7 @@ void loadImportFile(TourContext &c)
 void previewDiscogsExport(TourContext &c)
 {
     Store &store = c.app().persistentContainer();
-    (void)ImportMerge::apply(store, ImportFiles::read(QString::fromUtf8(kDiscogsHeader + kDiscogsEarlier)));
+    (void)ImportMerge::apply(store, ImportFiles::read(kDiscogsHeader + kDiscogsEarlier));
     QByteArray changed = kDiscogsEarlier;
     changed.replace("Good (G),Generic", "Very Good (VG),Generic");
     ImportViewController *controller = openImport(c);
