@@ -146,6 +146,8 @@ ImportFile read(QByteArray utf8)
     static const QByteArray recordMarker = Exchange::kRecordMarker.toUtf8();
     static const QByteArray trackMarker = Exchange::kTrackMarker.toUtf8();
 
+    // Nearly every line of a large file is a track line: their list is made once, not grown.
+    file.trackStarts.reserve(file.text.count('\n') + 1);
     enum class Section { None, Records, Tracks } section = Section::None;
     bool seenRecords = false;
     forEachLine(file.text, [&](QByteArrayView line, qint64 number) {
@@ -166,9 +168,21 @@ ImportFile read(QByteArray utf8)
         if (section == Section::Records)
             file.records.append(recordLine(Fields(line), number, file.text));
         else if (section == Section::Tracks)
-            file.tracks.append(trackLine(Fields(line), number));
+            file.trackStarts.append({line.data() - file.text.constData(), number});
     });
     return file;
+}
+
+TrackLine trackLineAt(QByteArrayView utf8, LineStart start)
+{
+    QByteArrayView line = utf8.sliced(start.offset);
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line[i] == '\n' || line[i] == '\r') {
+            line.truncate(i);
+            break;
+        }
+    }
+    return trackLine(Fields(line), start.number);
 }
 
 Result<ImportCounts> importAll(Store &store, QByteArray utf8)

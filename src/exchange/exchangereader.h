@@ -26,6 +26,9 @@ namespace ExchangeReader {
 // Reads the UTF-8 bytes in place: only the fields' texts become strings, the covers stay bytes.
 [[nodiscard]] ImportFile read(QByteArray utf8);
 
+// The track line that starts there in the bytes.
+[[nodiscard]] TrackLine trackLineAt(QByteArrayView utf8, LineStart start);
+
 // Reads and merges the whole file (command line, tests, benchmark).
 Result<ImportCounts> importAll(Store &store, QByteArray utf8);
 

@@ -10,6 +10,13 @@
 
 using namespace Qt::StringLiterals;
 
+TrackLine ImportFile::track(qsizetype index) const
+{
+    if (trackStarts.isEmpty())
+        return tracks.at(index);
+    return ExchangeReader::trackLineAt(text, trackStarts.at(index));
+}
+
 namespace ImportFiles {
 
 QString formatName(ImportFormat format)
@@ -36,8 +43,8 @@ QString summary(const ImportFile &file)
         return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
     };
     QString text = formatName(file.format) + u": "_s + count(file.records.size(), u"record"_s, u"records"_s);
-    if (!file.tracks.isEmpty())
-        text += u", "_s + count(file.tracks.size(), u"track"_s, u"tracks"_s);
+    if (file.trackCount() > 0)
+        text += u", "_s + count(file.trackCount(), u"track"_s, u"tracks"_s);
     return text;
 }
 

@@ -52,19 +52,31 @@ struct TrackLine
     QString problem;
 };
 
+// Where a line starts in the file's bytes, and its number.
+struct LineStart
+{
+    qsizetype offset = 0;
+    qint64 number = 0;
+};
+
 struct ImportFile
 {
     ImportFormat format = ImportFormat::Unknown;
     QByteArray text; // the whole file, UTF-8: covers are read from it in place
     QList<RecordLine> records;
+    // Track lines read whole (CSV files) or, in an exchange file, only where they start: they
+    // are read when asked for, since a large collection has hundreds of thousands.
     QList<TrackLine> tracks;
+    QList<LineStart> trackStarts;
     // Columns of a CSV file that nothing is read from.
     QStringList ignoredColumns;
     // What the preview tells about the whole file: how the file's texts were taken (condition
     // texts and the grades they became).
     QStringList remarks;
 
-    [[nodiscard]] qint64 lineCount() const { return records.size() + tracks.size(); }
+    [[nodiscard]] qsizetype trackCount() const { return tracks.size() + trackStarts.size(); }
+    [[nodiscard]] TrackLine track(qsizetype index) const;
+    [[nodiscard]] qint64 lineCount() const { return records.size() + trackCount(); }
     [[nodiscard]] QByteArrayView span(TextSpan s) const { return QByteArrayView(text).sliced(s.from, s.size); }
 };
 

@@ -158,7 +158,7 @@ Result<void> ImportMerge::buildLookups()
     for (const RecordLine &line : m_file.records)
         highestId = std::max(highestId, int(number(line.values.id)));
     m_nextId = highestId + 1;
-    if (m_file.tracks.isEmpty())
+    if (m_file.trackCount() == 0)
         return {};
     if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
                 "WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
@@ -320,7 +320,7 @@ Result<void> ImportMerge::mergeRecord(int index)
 
 Result<void> ImportMerge::mergeTrack(int index)
 {
-    const TrackLine &line = m_file.tracks.at(index);
+    const TrackLine line = m_file.track(index);
     if (!line.problem.isEmpty()) {
         skip(true, index, line.line, line.problem);
         return {};
