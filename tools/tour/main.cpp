@@ -100,6 +100,7 @@ int main(int argc, char *argv[])
     addValuationSteps(steps);
     addExchangeSteps(steps);
     addFeedbackSteps(steps);
+    addExchangeProgressSteps(steps);
 
     TourContext context(**app, *window);
     context.settle(600);
