@@ -157,7 +157,7 @@ private slots:
                 QVERIFY(q.exec(u"PRAGMA user_version = 99"_s));
             } else if (kind == u"older"_s) {
                 for (const QString &sql : {u"DROP TABLE Quotes"_s, u"DROP INDEX VinylByVinylCondition"_s,
-                                           u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 2"_s})
+                                           u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 3"_s})
                     QVERIFY2(q.exec(sql), qPrintable(sql));
             } else {
                 // An index that no longer matches its table.
@@ -197,7 +197,7 @@ private slots:
             before.append(exportOf(t.store()));
             QVERIFY(snapshots.take(Snapshots::kKindImport, u"file %1.csv"_s.arg(i)).ok());
             const QString line = u"[VINYLCOLLECTION]\n0.0^Artist %1^0.0^^^9^Album %1^^^1^^^^0.0^^^\n"_s.arg(i);
-            QVERIFY(ExchangeReader::importAll(t.store(), line).ok());
+            QVERIFY(ExchangeReader::importAll(t.store(), line.toUtf8()).ok());
         }
         QCOMPARE(QDir(snapshots.folder()).entryList(QDir::Files).size(), Snapshots::kKept);
         QCOMPARE(snapshots.latest()->info.source, u"file 3.csv"_s);

@@ -209,6 +209,10 @@ private slots:
             QSqlQuery q((*store)->database());
             QVERIFY(q.exec(u"DROP INDEX VinylByName"_s));
             QVERIFY(q.exec(u"CREATE INDEX VinylByName ON Vinyl(name)"_s));
+            for (const QString &cover : {u"frontImage"_s, u"backImage"_s}) {
+                QVERIFY(q.exec(u"DROP TRIGGER %1Changed"_s.arg(cover)));
+                QVERIFY(q.exec(u"ALTER TABLE Vinyl DROP COLUMN %1Exchange"_s.arg(cover)));
+            }
             QVERIFY(q.exec(u"PRAGMA user_version = 1"_s));
         }
         auto reopened = Store::open(path);
@@ -239,7 +243,7 @@ private slots:
             }
             QSqlQuery q((*store)->database());
             for (const QString &sql : {u"DROP TABLE Quotes"_s, u"DROP INDEX VinylByVinylCondition"_s,
-                                       u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 2"_s})
+                                       u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 3"_s})
                 QVERIFY2(q.exec(sql), qPrintable(sql));
         }
         const QDateTime before = QDateTime::currentDateTime().addSecs(-1);

@@ -102,6 +102,7 @@ int main(int argc, char *argv[])
     addExchangeSteps(steps);
     addFeedbackSteps(steps);
     addStatsSteps(steps);
+    addExchangeProgressSteps(steps);
 
     TourContext context(**app, *window);
     context.settle(600);

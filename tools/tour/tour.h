@@ -56,3 +56,5 @@ void addValuationSteps(QList<TourStep> &steps);
 void addExchangeSteps(QList<TourStep> &steps);
 void addFeedbackSteps(QList<TourStep> &steps);
 void addStatsSteps(QList<TourStep> &steps);
+// Last: these grow the collection.
+void addExchangeProgressSteps(QList<TourStep> &steps);
