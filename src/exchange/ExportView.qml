@@ -16,7 +16,10 @@ ScreenPage {
     AlertDialog { objectName: "alert"; controller: controller }
 
     ColumnLayout {
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.documentWidth, 16)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.margins: 16
         spacing: 10
 

@@ -10,10 +10,10 @@ ScreenPage {
     title: "Import / Export"
 
     ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
+        width: Adaptive.centred(parent.width, 520, 24)
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
-        anchors.margins: 24
+        anchors.topMargin: 24
         spacing: 16
 
         Label {

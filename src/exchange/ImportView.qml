@@ -27,7 +27,10 @@ ScreenPage {
     }
 
     ColumnLayout {
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.documentWidth, 16)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.margins: 16
         spacing: 10
 

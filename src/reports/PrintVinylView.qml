@@ -26,7 +26,10 @@ ScreenPage {
     }
 
     ColumnLayout {
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.documentWidth, 12)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.margins: 12
         spacing: 10
 
@@ -70,6 +73,7 @@ ScreenPage {
             StyledButton {
                 objectName: "PrintButton"
                 text: "Print"
+                shortcut: StandardKey.Print
                 visible: controller.printButtonVisible
                 Layout.fillWidth: true
                 onClicked: controller.EmailFileClick()
