@@ -25,6 +25,13 @@ Pane {
         picked(d)
     }
 
+    // A fresh picker at today's date, whatever was picked before.
+    function restart() {
+        selectedDate = new Date()
+        body.active = false
+        body.active = true
+    }
+
     readonly property var monthNames: ["January", "February", "March", "April", "May", "June", "July",
                                        "August", "September", "October", "November", "December"]
 
@@ -56,6 +63,7 @@ Pane {
         }
 
         Loader {
+            id: body
             Layout.fillWidth: true
             sourceComponent: root.style === "inline" ? calendar : root.style === "compact" ? compact : wheels
         }

@@ -18,8 +18,11 @@ Page {
 
     // Called each time the screen becomes the top of the stack again.
     signal appeared()
+    // Called each time another screen covers it or it leaves the stack.
+    signal disappeared()
 
     StackView.onActivated: appeared()
+    StackView.onDeactivated: disappeared()
 
     header: ToolBar {
         Material.background: "#f7f7f7"

@@ -33,28 +33,31 @@ QUrl mainQmlUrl()
 
 QString takeDataDirOption(QStringList &arguments, bool *malformed)
 {
-    if (malformed)
-        *malformed = false;
+    bool found = false;
+    bool bad = false;
+    QString dir;
     for (int i = 0; i < arguments.size(); ++i) {
         const QString &a = arguments[i];
         if (a == u"--data-dir"_s) {
-            if (i + 1 >= arguments.size()) {
-                if (malformed)
-                    *malformed = true;
-                arguments.removeAt(i);
-                return {};
-            }
-            const QString dir = arguments[i + 1];
-            arguments.remove(i, 2);
-            return dir;
+            found = true;
+            bad = i + 1 >= arguments.size();
+            dir = bad ? QString() : arguments[i + 1];
+            arguments.remove(i, bad ? 1 : 2);
+            break;
         }
         if (a.startsWith(u"--data-dir="_s)) {
-            const QString dir = a.mid(11);
+            found = true;
+            dir = a.mid(11);
             arguments.removeAt(i);
-            return dir;
+            break;
         }
     }
-    return {};
+    // An empty folder name must not quietly mean the collector's own collection.
+    if (found && dir.trimmed().isEmpty())
+        bad = true;
+    if (malformed)
+        *malformed = bad;
+    return bad ? QString() : dir;
 }
 
 } // namespace AppShell

@@ -15,7 +15,8 @@ void installConsoleFormat();
 void prepareEngine(QQmlEngine &engine, AppDelegate &app);
 // The window with its navigation stack.
 [[nodiscard]] QUrl mainQmlUrl();
-// Reads "--data-dir DIR" (or "--data-dir=DIR") out of the arguments, removing it.
+// Reads "--data-dir DIR" (or "--data-dir=DIR") out of the arguments, removing it. A missing or
+// empty DIR sets malformed.
 [[nodiscard]] QString takeDataDirOption(QStringList &arguments, bool *malformed = nullptr);
 
 } // namespace AppShell

@@ -24,7 +24,13 @@ int main(int argc, char *argv[])
 
     QStringList arguments = QApplication::arguments();
     bool chosen = false;
-    const QString dataDir = AppDelegate::resolveDataDir(AppShell::takeDataDirOption(arguments), &chosen);
+    bool malformed = false;
+    const QString dataDirOption = AppShell::takeDataDirOption(arguments, &malformed);
+    if (malformed) {
+        qCritical().noquote() << u"usage: platterbox-app [--data-dir DIR] (DIR must not be empty)"_s;
+        return 2;
+    }
+    const QString dataDir = AppDelegate::resolveDataDir(dataDirOption, &chosen);
     auto app = AppDelegate::create(dataDir, chosen, std::make_unique<DesktopPlatformServices>());
     if (!app) {
         // Only a store that cannot be opened ends the program.

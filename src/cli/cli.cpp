@@ -23,6 +23,9 @@ const QList<Command> &commands()
         {u"export"_s, u"export FILE [--no-images]   write the collection to an exchange file"_s, exportCommand},
         {u"import"_s, u"import FILE            merge an exchange file into the collection"_s, importCommand},
         {u"report"_s, u"report --pdf OUT [...]  write the printed collection report as a PDF file"_s, reportCommand},
+        {u"backup"_s, u"backup FILE            copy the whole collection, cover files included, into FILE"_s, backupCommand},
+        {u"restore"_s, u"restore FILE           replace the collection with a backup (undo-import puts it back)"_s, restoreCommand},
+        {u"undo-import"_s, u"undo-import            put the collection back as it was before the last import or restore"_s, undoImportCommand},
     };
     return list;
 }

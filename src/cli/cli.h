@@ -26,3 +26,6 @@ int statsCommand(CliContext &context);
 int exportCommand(CliContext &context);
 int importCommand(CliContext &context);
 int reportCommand(CliContext &context);
+int backupCommand(CliContext &context);
+int restoreCommand(CliContext &context);
+int undoImportCommand(CliContext &context);

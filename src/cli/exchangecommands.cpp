@@ -3,10 +3,13 @@
 #include "appdelegate.h"
 #include "cli.h"
 #include "exchangeformat.h"
+#include "textfile.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
 #include "importviewcontroller.h"
+#include "snapshots.h"
 
+#include <QFileInfo>
 #include <QSaveFile>
 
 int exportCommand(CliContext &context)
@@ -41,9 +44,18 @@ int importCommand(CliContext &context)
         context.err << "usage: platterbox [--data-dir DIR] import FILE\n";
         return CliBadUsage;
     }
-    auto text = Exchange::readFile(context.arguments.first());
+    auto text = TextFile::readUtf8(context.arguments.first());
     if (!text) {
         context.err << "platterbox: " << text.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (!Exchange::hasRecordSection(*text)) {
+        context.err << "no " << Exchange::kRecordMarker << " section in " << context.arguments.first() << "\n";
+        return CliBadInput;
+    }
+    if (auto kept = context.app.snapshots().take(Snapshots::kKindImport, QFileInfo(context.arguments.first()).fileName());
+        !kept) {
+        context.err << "platterbox: the collection could not be kept before the import: " << kept.errorMessage() << "\n";
         return CliBadInput;
     }
     auto counts = ExchangeReader::importAll(context.app.persistentContainer(), *text);

@@ -3,4 +3,5 @@ list(APPEND PB_SOURCES
     cli/collectioncommands.cpp
     cli/exchangecommands.cpp
     cli/reportcommand.cpp
+    cli/backupcommands.cpp
 )

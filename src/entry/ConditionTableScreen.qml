@@ -13,6 +13,7 @@ ScreenPage {
     title: controller.title
 
     onAppeared: controller.viewWillAppear()
+    onDisappeared: controller.viewWillDisappear()
 
     AlertDialog { controller: root.controller }
 

@@ -55,29 +55,13 @@ ScreenPage {
                 border.width: 1
                 border.color: "#999999"
             }
-            property bool reverting: false
             Component.onCompleted: text = controller.notes
-            onTextChanged: {
-                if (reverting || text === controller.notes)
-                    return
-                if (!controller.notesEditAccepted(controller.notes, text)) {
-                    const back = cursorPosition - (text.length - controller.notes.length)
-                    reverting = true
-                    text = controller.notes
-                    reverting = false
-                    cursorPosition = Math.max(0, Math.min(back, text.length))
-                    return
-                }
-                controller.notes = text
-            }
+            onTextChanged: if (text !== controller.notes) controller.notes = text
             Connections {
                 target: controller
                 function onNotesChanged() {
-                    if (notes.text !== controller.notes) {
-                        notes.reverting = true
+                    if (notes.text !== controller.notes)
                         notes.text = controller.notes
-                        notes.reverting = false
-                    }
                 }
             }
         }

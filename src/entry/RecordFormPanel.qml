@@ -41,6 +41,7 @@ Item {
 
     function openDate(item: Item) {
         editedItem = item
+        datePicker.restart()
         root.controller.DateEntered()
         sheet = "date"
         Qt.callLater(root.showEdited)

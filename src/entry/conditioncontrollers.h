@@ -34,6 +34,8 @@ public:
     Q_INVOKABLE void rowSelected(int row);
     Q_INVOKABLE void deleteRow(int row);
     void viewWillAppear() override { load(); }
+    // The search ends when the screen is covered or left.
+    void viewWillDisappear() override { setSearchText(QString()); }
 
 signals:
     void searchTextChanged();

@@ -235,12 +235,11 @@ void EditVinylViewController::shareButtonClicked()
         showAlert(u"Record not Shared"_s, text.errorMessage());
         return;
     }
+    // Always three items, text, front and back, so a receiver can tell the covers apart.
     ShareItems items;
     items.texts.append(text.value());
-    for (const QImage &image : {frontImage(), backImage()}) {
-        if (!image.isNull())
-            items.images.append(image);
-    }
+    for (const QImage &image : {frontImage(), backImage()})
+        items.images.append(image.isNull() ? RecordForm::missingCoverPicture() : image);
     platform.share(items);
 }
 

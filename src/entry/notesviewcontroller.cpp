@@ -1,7 +1,6 @@
 #include "notesviewcontroller.h"
 
 #include "appdelegate.h"
-#include "recordform.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,12 +20,6 @@ void NotesViewController::setNotes(const QString &notes)
         return;
     m_notes = notes;
     emit notesChanged();
-}
-
-bool NotesViewController::notesEditAccepted(const QString &before, const QString &after) const
-{
-    return RecordForm::acceptsInsertion(RecordForm::FilteredField::Notes, FormScreen::Edit,
-                                        RecordForm::insertedText(before, after));
 }
 
 void NotesViewController::SaveVinylButtonClicked()

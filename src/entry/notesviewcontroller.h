@@ -2,8 +2,9 @@
 
 #include "screencontroller.h"
 
-// The current record's notes on a screen of their own. Saving stores them in the record the
-// user opened and returns to the edit screen, which shows them at once.
+// The current record's notes on a screen of their own, in any characters and lines. Saving
+// stores them in the record the user opened and returns to the edit screen, which shows
+// them at once.
 class NotesViewController : public ScreenController
 {
     Q_OBJECT
@@ -16,8 +17,6 @@ public:
     [[nodiscard]] QString notes() const { return m_notes; }
     void setNotes(const QString &notes);
 
-    // The notes take the same characters as on the record form.
-    Q_INVOKABLE bool notesEditAccepted(const QString &before, const QString &after) const;
     Q_INVOKABLE void SaveVinylButtonClicked();
 
 signals:

@@ -20,7 +20,6 @@ namespace RecordForm {
 namespace {
 
 const QString kAsciiDigits = u"0123456789"_s;
-const QString kDecimalCharacters = u".0123456789"_s;
 
 // Digits of any script become 0-9, so a quantity typed with another script's digits reads.
 QString asciiDigits(const QString &text)
@@ -48,11 +47,6 @@ bool onlyFrom(const QString &text, const QString &allowed)
 Error notANumber(const QString &fieldName, const QString &text, const QString &what)
 {
     return Error{u"%1 \"%2\" is not %3."_s.arg(fieldName, text, what)};
-}
-
-QString withoutMoneySigns(QString text)
-{
-    return text.remove(u'$').remove(u',');
 }
 
 std::optional<QDateTime> parseReleaseDate(const QString &text)
@@ -120,7 +114,7 @@ bool acceptsInsertion(FilteredField field, FormScreen screen, const QString &ins
                                [](QChar c) { return c.category() == QChar::Number_DecimalDigit; });
         return onlyFrom(inserted, kAsciiDigits);
     case FilteredField::Decimal:
-        return onlyFrom(inserted, kDecimalCharacters);
+        return onlyFrom(inserted, Formatters::numberFieldCharacters());
     case FilteredField::Notes:
         return onlyFrom(inserted, kNotesCharacters);
     }
@@ -167,20 +161,33 @@ Result<qint16> parseQuantity(const QString &text)
 
 Result<double> parseRecordLength(const QString &text)
 {
-    bool ok = false;
-    const double length = QLocale::c().toDouble(asciiDigits(text), &ok);
-    if (!ok || !std::isfinite(length))
+    const auto length = Formatters::parseDecimal(text);
+    if (!length)
         return notANumber(u"Run Length"_s, text, u"a number of minutes"_s);
-    return length;
+    return *length;
 }
 
 Result<float> parseMoney(const QString &fieldName, const QString &text)
 {
-    bool ok = false;
-    const float amount = QLocale::c().toFloat(asciiDigits(withoutMoneySigns(text)), &ok);
-    if (!ok || !std::isfinite(amount))
+    const auto amount = Formatters::parseAmount(text);
+    if (!amount || !std::isfinite(float(*amount)))
         return notANumber(fieldName, text, u"an amount"_s);
-    return amount;
+    return float(*amount);
+}
+
+QString quantityText(qint16 quantity)
+{
+    return QString::number(quantity);
+}
+
+QString recordLengthText(double minutes)
+{
+    return Formatters::shortestInLocale(minutes);
+}
+
+QString amountText(float amount)
+{
+    return Formatters::twoDecimals(double(amount));
 }
 
 Result<Vinyl> newVinylFromForm(const RecordFormFields &fields)
@@ -228,15 +235,21 @@ Result<void> applyFormToVinyl(const RecordFormFields &fields, Vinyl &vinyl)
     vinyl.artist = trimSpacesAndTabs(fields.artist);
     vinyl.releaseDate = fields.releaseDate.isEmpty() ? std::nullopt : parseReleaseDate(fields.releaseDate);
     vinyl.recordLabel = trimSpacesAndTabs(fields.recordLabel);
-    vinyl.quantity = numbers->quantity.value_or(0);
-    vinyl.albumDuration = numbers->recordLength.value_or(0.0);
+    // A number whose text is still the one the form showed keeps its stored value, so
+    // that the shown rounding (two decimals for amounts) never changes a record.
+    if (fields.quantity != quantityText(number(vinyl.quantity)))
+        vinyl.quantity = numbers->quantity.value_or(0);
+    if (fields.recordLength != recordLengthText(number(vinyl.albumDuration)))
+        vinyl.albumDuration = numbers->recordLength.value_or(0.0);
     vinyl.producer = trimSpacesAndTabs(fields.producer);
     vinyl.vinylCondition = trimSpacesAndTabs(fields.vinylCondition);
     vinyl.coverCondition = trimSpacesAndTabs(fields.coverCondition);
     vinyl.recordSpeed = nonNullText(fields.recordSpeed);
     vinyl.doubleAlbum = nonNullText(fields.doubleAlbum);
-    vinyl.cost = numbers->cost.value_or(0.0f);
-    vinyl.value = numbers->value.value_or(0.0f);
+    if (fields.cost != amountText(number(vinyl.cost)))
+        vinyl.cost = numbers->cost.value_or(0.0f);
+    if (fields.value != amountText(number(vinyl.value)))
+        vinyl.value = numbers->value.value_or(0.0f);
     vinyl.notes = trimSpacesAndTabs(fields.notes);
     return {};
 }
@@ -248,15 +261,15 @@ RecordFormFields fieldsFromRecord(const CurrentRecord &record)
     fields.artist = record.artist;
     fields.releaseDate = record.releaseDate ? Formatters::mediumDate(*record.releaseDate) : QString();
     fields.recordLabel = record.recordLabel;
-    fields.quantity = QString::number(record.quantity);
-    fields.recordLength = Formatters::shortest(record.albumDuration);
+    fields.quantity = quantityText(record.quantity);
+    fields.recordLength = recordLengthText(record.albumDuration);
     fields.producer = record.producer;
     fields.vinylCondition = record.vinylCondition;
     fields.coverCondition = record.coverCondition;
     fields.recordSpeed = record.recordSpeed;
     fields.doubleAlbum = record.doubleAlbum;
-    fields.cost = Formatters::twoDecimals(record.cost);
-    fields.value = Formatters::twoDecimals(record.value);
+    fields.cost = amountText(record.cost);
+    fields.value = amountText(record.value);
     fields.notes = record.notes;
     return fields;
 }
@@ -268,10 +281,10 @@ Result<QString> shareText(const RecordFormFields &fields)
         text += label + (fieldText.isEmpty() ? u"N/A"_s : fieldText) + u'\n';
     };
     const auto currencyText = [](const QString &fieldName, const QString &fieldText) -> Result<QString> {
-        const auto amount = Formatters::parseDecimal(QString(fieldText).remove(u','));
+        const auto amount = parseMoney(fieldName, fieldText);
         if (!amount)
-            return notANumber(fieldName, fieldText, u"an amount"_s);
-        return Formatters::currency(*amount);
+            return amount.error();
+        return Formatters::currency(double(amount.value()));
     };
 
     line(u"Album Name: "_s, fields.name);
@@ -347,6 +360,11 @@ Result<QByteArray> thumbnailJpeg(const QImage &image)
 Result<QByteArray> fullSizeJpeg(const QImage &image)
 {
     return encodeJpeg(image);
+}
+
+QImage missingCoverPicture()
+{
+    return QImage(u":/resources/black-vinyl-record.png"_s);
 }
 
 Result<QImage> readPicture(const QString &filePath)

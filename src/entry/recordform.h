@@ -69,7 +69,8 @@ enum class FilteredField { Quantity, Decimal, Notes };
 
 // Whether typing or pasting `inserted` into the field is accepted: every character must
 // belong to the field's set. Deleting (nothing inserted) is always accepted. The add screen
-// takes any decimal digit of any script in the quantity; the edit screen only 0-9.
+// takes any decimal digit of any script in the quantity; the edit screen only 0-9. The
+// decimal fields take the current locale's separators as well.
 [[nodiscard]] bool acceptsInsertion(FilteredField field, FormScreen screen, const QString &inserted);
 // The text an edit inserted: what the new text holds between the part it shares with the old
 // text at the start and the part it shares at the end.
@@ -81,18 +82,25 @@ enum class FilteredField { Quantity, Decimal, Notes };
 // Leading and trailing spaces and tabs removed; line breaks stay.
 [[nodiscard]] QString trimSpacesAndTabs(const QString &text);
 
-// Conversions of single field texts; the error names the field.
+// Conversions of single field texts, read as the current locale writes numbers (see
+// Formatters::parseDecimal); the error names the field.
 [[nodiscard]] Result<qint16> parseQuantity(const QString &text);
 [[nodiscard]] Result<double> parseRecordLength(const QString &text);
-// "$" and "," are dropped first: "$1,250.5" reads 1250.5.
+// Currency signs are dropped first: "$1,250.5" reads 1250.5 in en_US, "1.250,5 €" in de_DE.
 [[nodiscard]] Result<float> parseMoney(const QString &fieldName, const QString &text);
+
+// The texts the form shows for the numbers: "3", "45.5" ("45,5" in de_DE), "1,234.50".
+[[nodiscard]] QString quantityText(qint16 quantity);
+[[nodiscard]] QString recordLengthText(double minutes);
+[[nodiscard]] QString amountText(float amount);
 
 // A new record from the add screen's form. Only fields with text set their attribute (an
 // empty record length stores 0); id and covers are the caller's. Fails, naming the field,
 // when quantity, record length, cost or value does not read as a number that fits.
 [[nodiscard]] Result<Vinyl> newVinylFromForm(const RecordFormFields &fields);
 // The edit screen's form written over a stored record: empty texts clear the attribute
-// (empty text, 0 or no date). Fails as newVinylFromForm does, leaving `vinyl` unchanged.
+// (empty text, 0 or no date); a number field still showing the record's own text keeps the
+// stored number. Fails as newVinylFromForm does, leaving `vinyl` unchanged.
 [[nodiscard]] Result<void> applyFormToVinyl(const RecordFormFields &fields, Vinyl &vinyl);
 
 // The form texts showing the current record: medium release date, plain quantity,
@@ -116,6 +124,9 @@ enum class FilteredField { Quantity, Decimal, Notes };
 [[nodiscard]] Result<QByteArray> thumbnailJpeg(const QImage &image);
 // The full-size picture as JPEG of quality 80.
 [[nodiscard]] Result<QByteArray> fullSizeJpeg(const QImage &image);
+// Stands in for a cover the record does not have when it is shared: the picture the lists
+// show for a record without one.
+[[nodiscard]] QImage missingCoverPicture();
 // Reads a picture file; the error says why it cannot be used.
 [[nodiscard]] Result<QImage> readPicture(const QString &filePath);
 

@@ -5,6 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
+QString TrackTexts::badDuration()
+{
+    return u"Duration must be a number, such as %1."_s.arg(Formatters::shortestInLocale(3.5));
+}
+
 QString trimBlanks(const QString &text)
 {
     qsizetype begin = 0;
@@ -46,13 +51,9 @@ Result<std::optional<double>> parseDuration(const QString &text)
     const QString t = trimBlanks(text);
     if (t.isEmpty())
         return std::optional<double>();
-    bool ok = false;
-    const double d = t.toDouble(&ok); // "3.5" reads everywhere
-    if (ok && std::isfinite(d))
-        return std::optional<double>(d);
-    if (const auto local = Formatters::parseDecimal(t); local && std::isfinite(*local))
-        return std::optional<double>(*local);
-    return Error{TrackTexts::BadDuration};
+    if (const auto minutes = Formatters::parseDecimal(t))
+        return std::optional<double>(*minutes);
+    return Error{TrackTexts::badDuration()};
 }
 
 } // namespace
@@ -100,7 +101,7 @@ TrackForm formFromTrack(const Track &track)
     if (track.trackNumber)
         form.trackNumber = QString::number(*track.trackNumber);
     if (track.duration)
-        form.duration = Formatters::shortest(*track.duration);
+        form.duration = Formatters::shortestInLocale(*track.duration);
     form.writtenBy = text(track.writtenBy);
     return form;
 }
@@ -111,9 +112,10 @@ TrackRow trackRow(const Track &track)
     row.rowId = track.rowId;
     row.song = text(track.song);
     row.songLabel = row.song;
-    row.trackNumberLabel = u"Track # "_s + (track.trackNumber ? QString::number(*track.trackNumber) : QString());
-    row.durationLabel = u"Duration: "_s + (track.duration ? Formatters::twoDecimals(*track.duration) : QString());
-    row.writtenByLabel = u"Written By: "_s + text(track.writtenBy);
+    // Unset numbers read 0, as everywhere; a track without a writer shows no writer line.
+    row.trackNumberLabel = u"Track # "_s + QString::number(number(track.trackNumber));
+    row.durationLabel = u"Duration: "_s + Formatters::twoDecimals(number(track.duration));
+    row.writtenByLabel = text(track.writtenBy).isEmpty() ? QString() : u"Written By: "_s + *track.writtenBy;
     return row;
 }
 

@@ -15,7 +15,8 @@ namespace TrackTexts {
 inline const QString NotSavedTitle = QStringLiteral("Record not Saved!");
 inline const QString RequiredMessage = QStringLiteral("Required Fields in RED not Entered");
 inline const QString BadTrackNumber = QStringLiteral("Track # must be a whole number between -32768 and 32767.");
-inline const QString BadDuration = QStringLiteral("Duration must be a number, such as 3.5.");
+// "Duration must be a number, such as 3.5." with the example in the current locale.
+[[nodiscard]] QString badDuration();
 inline const QString TrackGone = QStringLiteral("This track no longer exists.");
 inline const QString SearchPlaceholder = QStringLiteral("Search by Song");
 } // namespace TrackTexts

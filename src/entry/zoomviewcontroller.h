@@ -19,9 +19,6 @@ public:
 
     Q_INVOKABLE void shareButtonClicked();
 
-    // A pinch of `factor` on a view of scale `scale`: the zoom compounds and has no limits.
-    Q_INVOKABLE static double pinchedScale(double scale, double factor) { return scale * factor; }
-
 protected:
     void viewDidLoad() override;
 

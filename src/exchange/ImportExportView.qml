@@ -1,13 +1,40 @@
 import QtQuick
 import QtQuick.Controls
+import QtQuick.Dialogs
 import QtQuick.Layouts
 import Platterbox
 
-// Leads to the export and import screens.
+// Leads to the export and import screens, and keeps the collection safe: back up, restore and
+// undo the last import.
 ScreenPage {
     id: root
 
     title: "Import / Export"
+
+    ImportExportViewController {
+        id: controller
+        onOpenBackupFileDialog: backupDialog.open()
+        onOpenRestoreFileDialog: restoreDialog.open()
+    }
+
+    AlertDialog { objectName: "alert"; controller: controller }
+
+    FileDialog {
+        id: backupDialog
+        title: "Back up the collection to"
+        fileMode: FileDialog.SaveFile
+        defaultSuffix: "platterbox"
+        nameFilters: ["Platterbox backups (*.platterbox)", "All files (*)"]
+        onAccepted: controller.backUpTo(selectedFile)
+    }
+
+    FileDialog {
+        id: restoreDialog
+        title: "Choose the backup to restore"
+        fileMode: FileDialog.OpenFile
+        nameFilters: ["Platterbox backups (*.platterbox)", "All files (*)"]
+        onAccepted: controller.restoreFrom(selectedFile)
+    }
 
     ColumnLayout {
         width: Adaptive.centred(parent.width, 520, 24)
@@ -26,14 +53,78 @@ ScreenPage {
         StyledButton {
             objectName: "ExportButton"
             text: "Export"
+            enabled: !controller.busy
             Layout.fillWidth: true
             onClicked: AppDelegate.navigator.show("ExportView")
         }
         StyledButton {
             objectName: "ImportButton"
             text: "Import"
+            enabled: !controller.busy
             Layout.fillWidth: true
             onClicked: AppDelegate.navigator.show("ImportView")
+        }
+
+        Label {
+            text: "A backup keeps everything: every record, track, picture and cover file, exactly as stored."
+            wrapMode: Text.Wrap
+            font.pixelSize: 15
+            color: "#555555"
+            Layout.fillWidth: true
+            Layout.topMargin: 8
+        }
+        RowLayout {
+            spacing: 12
+            Layout.fillWidth: true
+            StyledButton {
+                objectName: "BackUpButton"
+                text: "Back Up"
+                enabled: !controller.busy
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.BackUpButtonTapped()
+            }
+            StyledButton {
+                objectName: "RestoreButton"
+                text: "Restore"
+                enabled: !controller.busy
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.RestoreButtonTapped()
+            }
+        }
+        StyledButton {
+            objectName: "UndoLastImportButton"
+            text: "Undo Last Import"
+            enabled: controller.undoButtonEnabled
+            Layout.fillWidth: true
+            onClicked: controller.UndoLastImportButtonTapped()
+        }
+
+        ColumnLayout {
+            visible: controller.busy
+            spacing: 6
+            Layout.fillWidth: true
+            Layout.topMargin: 8
+            Label {
+                text: controller.busyText + (controller.progressText ? "  " + controller.progressText : "")
+                font.pixelSize: 14
+                Layout.fillWidth: true
+            }
+            RowLayout {
+                spacing: 12
+                Layout.fillWidth: true
+                ProgressBar {
+                    objectName: "BusyProgress"
+                    value: controller.progress
+                    Layout.fillWidth: true
+                }
+                StyledButton {
+                    objectName: "CancelButton"
+                    text: "Cancel"
+                    onClicked: controller.CancelButtonTapped()
+                }
+            }
         }
     }
 }

@@ -1,10 +1,60 @@
 #include "exchangeformat.h"
 
+#include <QLocale>
+#include <QStringList>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace Exchange {
+
+bool hasRecordSection(QStringView text)
+{
+    const auto endsLine = [](QChar c) { return c == u'\n' || c == u'\r'; };
+    for (qsizetype at = text.indexOf(kRecordMarker); at >= 0; at = text.indexOf(kRecordMarker, at + 1)) {
+        const qsizetype end = at + kRecordMarker.size();
+        if ((at == 0 || endsLine(text[at - 1])) && (end == text.size() || endsLine(text[end])))
+            return true;
+    }
+    return false;
+}
+
+QString shortenedLine(QStringView line)
+{
+    constexpr qsizetype kLongest = 200;
+    if (line.size() <= kLongest)
+        return line.toString();
+    QStringList fields;
+    for (QStringView field : line.split(kSeparator)) {
+        fields.append(field.size() <= kLongest ? field.toString()
+                                               : u"[picture: %1 characters]"_s.arg(QLocale().toString(field.size())));
+    }
+    return fields.join(kSeparator);
+}
+
+// A long text is shown as a labelled summary: its size, then its first lines with the pictures'
+// long base64 fields shortened, so the collector sees what the file holds.
+QString preview(QByteArrayView data, qsizetype maxCharacters)
+{
+    if (data.size() <= maxCharacters)
+        return QString::fromUtf8(data);
+    const QLocale locale;
+    QString shown;
+    qsizetype linesShown = 0;
+    for (qsizetype start = 0; start < data.size() && shown.size() < maxCharacters; ++linesShown) {
+        qsizetype end = data.indexOf('\n', start);
+        if (end < 0)
+            end = data.size();
+        shown += shortenedLine(QString::fromUtf8(data.constData() + start, end - start)) + u'\n';
+        start = end + 1;
+    }
+    const qsizetype lines = data.count('\n');
+    return u"This file is too large to show whole: %1 in %2 lines. Its first %3 lines follow, with each "
+           "picture shortened to its size.\n\n"_s
+               .arg(locale.formattedDataSize(data.size()), locale.toString(lines), locale.toString(linesShown))
+           + shown + (lines > linesShown ? u"\u2026\n(%1 more lines in the file)"_s.arg(locale.toString(lines - linesShown)) : QString());
+}
 
 QString cleanNotes(const QString &notes)
 {
@@ -62,23 +112,7 @@ QString withoutLineBreakers(const QString &text)
 
 } // namespace Exchange
 
-#include <QFile>
-#include <QFileInfo>
-
 namespace Exchange {
-
-Result<QString> readFile(const QString &path)
-{
-    QFile file(path);
-    if (QFileInfo(path).isDir())
-        return Error{u"%1 is a folder, not a file."_s.arg(path)};
-    if (!file.open(QIODevice::ReadOnly))
-        return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
-    return QString::fromUtf8(bytes);
-}
 
 std::optional<QByteArray> decodeBase64(QStringView text)
 {

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <optional>
@@ -29,6 +30,16 @@ enum RecordField {
 // Field positions of a track line.
 enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 
+// Whether a line of the text is "[VINYLCOLLECTION]".
+[[nodiscard]] bool hasRecordSection(QStringView text);
+
+// A line as a person reads it: any field too long to read (a picture's base64) becomes
+// "[picture: 12,345 characters]".
+[[nodiscard]] QString shortenedLine(QStringView line);
+// The text for a screen: whole when it is short, otherwise a labelled summary (size, line
+// count) and its first lines shortened as above.
+[[nodiscard]] QString preview(QByteArrayView utf8, qsizetype maxCharacters);
+
 // Notes keep their line breaks as "~"; carets, apostrophes go and "&" becomes "and".
 [[nodiscard]] QString cleanNotes(const QString &notes);
 // The reader's side of the notes field: every "~" becomes a line feed again.
@@ -48,11 +59,4 @@ enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 // field in place; the covers of a whole collection pass through here.
 [[nodiscard]] std::optional<QByteArray> decodeBase64(QStringView text);
 
-} // namespace Exchange
-
-#include "result.h"
-
-namespace Exchange {
-// The whole text of a file, read as UTF-8; an error names the file and the cause.
-[[nodiscard]] Result<QString> readFile(const QString &path);
 } // namespace Exchange

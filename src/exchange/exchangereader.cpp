@@ -129,18 +129,18 @@ Result<void> ExchangeReader::buildLookups()
     // Only what is present can match: a record without a name matches no line.
     QSqlQuery q(m_store.database());
     q.setForwardOnly(true);
-    if (!q.exec(u"SELECT rowid, name, artist FROM Vinyl WHERE name IS NOT NULL AND artist IS NOT NULL ORDER BY rowid"_s))
+    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL AND artist IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the records"_s, q.lastError());
+    m_records.reserve(m_recordLines.size());
     while (q.next()) {
-        const RecordKey key{q.value(1).toString(), q.value(2).toString()};
-        if (!m_records.contains(key))
-            m_records.insert(key, q.value(0).toLongLong());
+        StoredRecord stored{q.value(0).toLongLong(), std::nullopt};
+        if (!q.isNull(3))
+            stored.id = qint16(q.value(3).toLongLong());
+        m_records.insert(RecordKey{q.value(1).toString(), q.value(2).toString()}, stored);
     }
     if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
                 "WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the tracks"_s, q.lastError());
-    // Every track line may add a track.
-    m_tracks.reserve(m_trackLines.size());
     while (q.next()) {
         Track t;
         t.rowId = q.value(0).toLongLong();
@@ -152,11 +152,29 @@ Result<void> ExchangeReader::buildLookups()
             t.writtenBy = q.value(4).toString();
         if (!q.isNull(5))
             t.duration = q.value(5).toDouble();
-        const TrackKey key{*t.vinylID, *t.song};
-        if (!m_tracks.contains(key))
-            m_tracks.insert(key, t);
+        m_tracks.insert(TrackKey{*t.vinylID, *t.song}, t);
     }
     return {};
+}
+
+qint64 ExchangeReader::takeRecordMatch(const RecordKey &key, std::optional<qint16> id)
+{
+    auto [first, last] = m_records.equal_range(key);
+    if (first == last)
+        return 0;
+    // The oldest stored record, unless one has the line's id.
+    auto chosen = first;
+    for (auto it = first; it != last; ++it) {
+        if (id && it->id == id) {
+            chosen = it;
+            break;
+        }
+        if (it->rowId < chosen->rowId)
+            chosen = it;
+    }
+    const qint64 rowId = chosen->rowId;
+    m_records.erase(chosen);
+    return rowId;
 }
 
 Result<void> ExchangeReader::importSome(int maxLines)
@@ -210,7 +228,7 @@ Result<void> ExchangeReader::importRecord(const Line &line)
     const QString artist = f.at(Artist);
 
     Vinyl v;
-    const qint64 match = m_records.value(RecordKey{name, artist}, 0);
+    const qint64 match = takeRecordMatch(RecordKey{name, artist}, toInt16(f.at(Id)));
     if (match != 0) {
         // Covers are left unread: a line replaces them or leaves them as they are.
         auto stored = m_store.vinylByRowId(match, false);
@@ -262,10 +280,13 @@ Result<void> ExchangeReader::importRecord(const Line &line)
             auto stored = m_store.coverImage(v.rowId, side);
             if (!stored)
                 return stored.error();
-            if (*stored == **cover)
+            if (*stored == **cover) {
                 cover->reset();
-            else
+            } else {
+                // The full-size file showed the old picture; the record keeps only the new one.
                 coversChanged = true;
+                (side == CoverSide::Front ? v.frontImagePath : v.backImagePath).reset();
+            }
         }
         if (coversChanged || !sameAttributes(before, v)) {
             if (auto r = m_store.update(v); !r)
@@ -279,8 +300,6 @@ Result<void> ExchangeReader::importRecord(const Line &line)
     if (auto r = m_store.insert(v); !r)
         return r;
     ++m_counts.recordsAdded;
-    if (v.name && v.artist)
-        m_records.insert(RecordKey{*v.name, *v.artist}, v.rowId);
     return {};
 }
 
@@ -297,20 +316,21 @@ Result<void> ExchangeReader::importTrack(const Line &line)
     const auto match = vinylID ? m_tracks.find(TrackKey{*vinylID, song}) : m_tracks.end();
     if (match != m_tracks.end()) {
         // Only the fields the line fills change; vinylID and song are what matched.
+        const Track stored = *match;
+        m_tracks.erase(match);
         Track given;
-        given.rowId = match->rowId;
+        given.rowId = stored.rowId;
         given.duration = duration;
         given.trackNumber = trackNumber;
         if (!writtenBy.isEmpty())
             given.writtenBy = writtenBy;
-        Track merged = *match;
+        Track merged = stored;
         merged.duration = given.duration ? given.duration : merged.duration;
         merged.trackNumber = given.trackNumber ? given.trackNumber : merged.trackNumber;
         merged.writtenBy = given.writtenBy ? given.writtenBy : merged.writtenBy;
-        if (!sameValues(merged, *match)) {
+        if (!sameValues(merged, stored)) {
             if (auto r = m_store.updateGiven(given); !r)
                 return r;
-            *match = merged;
         }
         ++m_counts.tracksUpdated;
         return {};
@@ -327,8 +347,6 @@ Result<void> ExchangeReader::importTrack(const Line &line)
     if (auto r = m_store.insert(t); !r)
         return r;
     ++m_counts.tracksAdded;
-    if (t.vinylID && t.song)
-        m_tracks.insert(TrackKey{*t.vinylID, *t.song}, t);
     return {};
 }
 

@@ -33,6 +33,11 @@ struct ImportCounts
 // vinylID and song, so importing the same file again updates rather than duplicates. A field
 // that is empty in the file never changes the stored value.
 //
+// Matching only ever finds what was stored before the import: a record or track that an earlier
+// line of the file created or updated is not matched again, so two pressings of one album (or
+// two tracks of one name) stay two. Where several stored records share a name and artist, the
+// one whose id equals the line's is taken first.
+//
 // Record lines are the non-empty lines between "[VINYLCOLLECTION]" and "[TRACKCOLLECTION]";
 // a text without "[VINYLCOLLECTION]" adds no record. Track lines are the non-empty lines after
 // "[TRACKCOLLECTION]". Missing trailing fields read as empty.
@@ -69,11 +74,18 @@ private:
     };
     using RecordKey = QPair<QString, QString>; // name, artist
     using TrackKey = QPair<qint16, QString>;   // vinylID, song
+    struct StoredRecord
+    {
+        qint64 rowId = 0;
+        std::optional<qint16> id;
+    };
 
     Result<void> buildLookups();
     Result<void> importRecord(const Line &line);
     Result<void> importTrack(const Line &line);
     std::optional<QByteArray> decodeImage(QStringView field, const QString &attribute, qint64 lineNumber);
+    // The stored record a line updates, taken out of the look-up so that no later line finds it.
+    qint64 takeRecordMatch(const RecordKey &key, std::optional<qint16> id);
 
     Store &m_store;
     QString m_document;
@@ -81,9 +93,9 @@ private:
     QList<Line> m_trackLines;
     qint64 m_next = 0;
     bool m_failed = false;
-    QHash<RecordKey, qint64> m_records;
-    // The stored tracks by key, with their values, so that a line that changes nothing
-    // writes nothing.
-    QHash<TrackKey, Track> m_tracks;
+    // What was stored before the import and not yet matched by a line.
+    QMultiHash<RecordKey, StoredRecord> m_records;
+    // The stored tracks with their values, so that a line that changes nothing writes nothing.
+    QMultiHash<TrackKey, Track> m_tracks;
     ImportCounts m_counts;
 };

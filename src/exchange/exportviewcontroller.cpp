@@ -26,16 +26,6 @@ QString unreadableNote(int count)
                                    : u"%1 cover pictures could not be read and were left out."_s.arg(count));
 }
 
-// The beginning of a long text, cut at a line end, with a note of what is left out.
-QString preview(const QByteArray &data, int maxCharacters)
-{
-    if (data.size() <= maxCharacters)
-        return QString::fromUtf8(data);
-    const qsizetype cut = data.lastIndexOf('\n', maxCharacters - 1) + 1;
-    const QByteArray shown = data.left(cut > 0 ? cut : maxCharacters);
-    const qsizetype hiddenLines = data.count('\n') - shown.count('\n');
-    return QString::fromUtf8(shown) + u"\u2026\n(%1 more lines in the file)"_s.arg(hiddenLines);
-}
 } // namespace
 
 ExportViewController::ExportViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
@@ -105,7 +95,7 @@ void ExportViewController::finishBuild()
     const int unreadable = m_writer->unreadableImages();
     m_dataString = m_writer->data();
     m_writer.reset();
-    m_exportText = preview(m_dataString, kPreviewCharacters);
+    m_exportText = Exchange::preview(m_dataString, kPreviewCharacters);
     m_building = false;
     m_saveFileButtonEnabled = true;
     m_emailButtonEnabled = true;

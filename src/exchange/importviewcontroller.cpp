@@ -2,8 +2,10 @@
 
 #include "appdelegate.h"
 #include "exchangeformat.h"
+#include "textfile.h"
 #include "exchangereader.h"
 #include "logging.h"
+#include "snapshots.h"
 
 #include <QFileInfo>
 #include <QTimer>
@@ -11,16 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QString preview(const QString &text, int maxCharacters)
-{
-    if (text.size() <= maxCharacters)
-        return text;
-    const qsizetype cut = text.lastIndexOf(u'\n', maxCharacters - 1) + 1;
-    const QString shown = text.left(cut > 0 ? cut : maxCharacters);
-    const qsizetype hiddenLines = text.count(u'\n') - shown.count(u'\n');
-    return shown + u"\u2026\n(%1 more lines in the file)"_s.arg(hiddenLines);
-}
-
 QString unreadableNote(qint64 count)
 {
     if (count == 0)
@@ -32,6 +24,17 @@ QString unreadableNote(qint64 count)
 
 ImportViewController::ImportViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
+    connect(&m_snapshotJob, &BackgroundJob::finished, this, [this](const Result<void> &kept) {
+        if (!kept) {
+            m_importing = false;
+            m_importButtonEnabled = true;
+            emit changed();
+            showAlert(kTitle, u"Nothing was imported: the collection could not be kept before the import, so it could "
+                              "not be undone.\n"_s + kept.errorMessage());
+            return;
+        }
+        startMerge();
+    });
     loadIfReady();
 }
 
@@ -52,7 +55,7 @@ void ImportViewController::LoadFile()
 void ImportViewController::documentPicked(const QUrl &url)
 {
     const QString path = url.isLocalFile() ? url.toLocalFile() : url.toString();
-    auto text = Exchange::readFile(path);
+    auto text = TextFile::readUtf8(path);
     if (!text) {
         consoleLine(text.errorMessage());
         showAlert(kTitle, u"The file could not be read.\n"_s + text.errorMessage());
@@ -62,7 +65,7 @@ void ImportViewController::documentPicked(const QUrl &url)
     m_document = *text;
     if (m_document.isNull())
         m_document = u""_s;
-    m_importText = preview(m_document, kPreviewCharacters);
+    m_importText = Exchange::preview(m_document.toUtf8(), kPreviewCharacters);
     m_importButtonEnabled = true;
     m_loadFileButtonEnabled = false;
     emit changed();
@@ -73,15 +76,25 @@ void ImportViewController::ImportTextFile()
 {
     if (!app() || m_document.isNull() || m_importing)
         return;
+    m_importing = true;
+    m_importButtonEnabled = false;
+    m_progress = 0.0;
+    emit changed();
+    Snapshots snapshots = app()->snapshots();
+    const QString source = m_filename;
+    m_snapshotJob.start([snapshots, source](const BackgroundJob::Progress &progress) mutable -> Result<void> {
+        auto kept = snapshots.take(Snapshots::kKindImport, source, progress);
+        return kept ? Result<void>() : Result<void>(kept.error());
+    });
+}
+
+void ImportViewController::startMerge()
+{
     m_reader = std::make_unique<ExchangeReader>(app()->persistentContainer(), m_document);
     if (auto started = m_reader->start(); !started) {
         failImport(started.errorMessage());
         return;
     }
-    m_importing = true;
-    m_importButtonEnabled = false;
-    m_progress = 0.0;
-    emit changed();
     QTimer::singleShot(0, this, &ImportViewController::importStep);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundjob.h"
 #include "screencontroller.h"
 
 #include <QString>
@@ -61,10 +62,13 @@ signals:
     void importFinished();
 
 private:
+    void startMerge();
     void importStep();
     void finishImport();
     void failImport(const QString &message);
 
+    // Keeps the store as it was before the import, so that it can be undone.
+    BackgroundJob m_snapshotJob;
     std::unique_ptr<ExchangeReader> m_reader;
     QString m_document;
     QString m_importText;

@@ -5,6 +5,7 @@ list(APPEND PB_SOURCES
     exchange/exchangereader.h exchange/exchangereader.cpp
     exchange/exportviewcontroller.h exchange/exportviewcontroller.cpp
     exchange/importviewcontroller.h exchange/importviewcontroller.cpp
+    exchange/importexportviewcontroller.h exchange/importexportviewcontroller.cpp
 )
 list(APPEND PB_QML
     exchange/ImportExportView.qml

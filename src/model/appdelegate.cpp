@@ -1,6 +1,8 @@
 #include "appdelegate.h"
 
+#include "coverimageprovider.h"
 #include "platformservices.h"
+#include "snapshots.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -74,6 +76,22 @@ AppDelegate *AppDelegate::create(QQmlEngine *, QJSEngine *)
 Result<void> AppDelegate::saveContext()
 {
     return {};
+}
+
+Backup::Paths AppDelegate::backupPaths() const
+{
+    return {m_store->filePath(), documentsDir()};
+}
+
+Snapshots AppDelegate::snapshots() const
+{
+    return Snapshots(m_dataDir, backupPaths());
+}
+
+void AppDelegate::collectionReplaced()
+{
+    CoverImageProvider::forgetAll();
+    m_state.setCurrentRecord(Vinyl());
 }
 
 QString AppDelegate::documentsDir() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appstate.h"
+#include "backup.h"
 #include "navigator.h"
 #include "result.h"
 #include "settings.h"
@@ -13,6 +14,7 @@
 #include <memory>
 
 class PlatformServices;
+class Snapshots;
 class QQmlEngine;
 class QJSEngine;
 
@@ -54,6 +56,12 @@ public:
     // Where PDF files and full-size cover files go: <data folder>/Documents.
     [[nodiscard]] QString documentsDir() const;
     [[nodiscard]] static QString tempDir();
+    // The live store and its cover files, for backups, restores and snapshots.
+    [[nodiscard]] Backup::Paths backupPaths() const;
+    // The snapshots kept before imports and restores, in <data folder>/Snapshots.
+    [[nodiscard]] Snapshots snapshots() const;
+    // After a restore or an undo replaced the collection: nothing shown from before stays.
+    void collectionReplaced();
 
 private:
     AppDelegate(QString dataDir, const QString &settingsFile, std::unique_ptr<Store> store,

@@ -140,6 +140,12 @@ void CoverImageProvider::forget(qint64 rowId)
     }
 }
 
+void CoverImageProvider::forgetAll()
+{
+    QMutexLocker lock(&s_cacheMutex);
+    s_cache.clear();
+}
+
 QString CoverImageProvider::source(qint64 rowId, bool front)
 {
     return u"image://cover/%1/%2"_s.arg(rowId).arg(front ? u"front"_s : u"back"_s);

@@ -16,6 +16,8 @@ public:
 
     // Drops cached pictures of a record whose covers changed.
     static void forget(qint64 rowId);
+    // After the whole collection was replaced (restore, undo).
+    static void forgetAll();
     // "image://cover/<rowId>/front"
     [[nodiscard]] static QString source(qint64 rowId, bool front = true);
 

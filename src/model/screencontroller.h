@@ -33,6 +33,8 @@ public:
     Q_INVOKABLE void answerAlert(int buttonIndex);
     // Called by the view each time the screen appears (also after a return to it).
     Q_INVOKABLE virtual void viewWillAppear() {}
+    // Called by the view each time another screen covers it or it leaves the stack.
+    Q_INVOKABLE virtual void viewWillDisappear() {}
 
     // The last alert raised, for tests and the tour.
     [[nodiscard]] QString lastAlertTitle() const { return m_lastAlertTitle; }

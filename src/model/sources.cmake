@@ -4,6 +4,10 @@ list(APPEND PB_SOURCES
     model/recordnumbers.h model/recordnumbers.cpp
     model/logging.h model/logging.cpp
     model/formatters.h model/formatters.cpp
+    model/textfile.h model/textfile.cpp
+    model/backup.h model/backup.cpp
+    model/snapshots.h model/snapshots.cpp
+    model/backgroundjob.h model/backgroundjob.cpp
     model/settings.h model/settings.cpp
     model/appstate.h model/appstate.cpp
     model/navigator.h model/navigator.cpp

@@ -3,6 +3,7 @@
 #include "logging.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
@@ -47,11 +48,7 @@ void DesktopPlatformServices::share(const ShareItems &items)
             QDesktopServices::openUrl(QUrl::fromLocalFile(target));
     }
     if (!items.texts.isEmpty() || !items.images.isEmpty()) {
-        QMimeData *data = new QMimeData;
-        data->setText(items.texts.join(u"\n"_s));
-        if (!items.images.isEmpty())
-            data->setImageData(items.images.first());
-        QGuiApplication::clipboard()->setMimeData(data);
+        QGuiApplication::clipboard()->setMimeData(shareMimeData(items).release());
         QMessageBox::information(nullptr, QObject::tr("Share"), QObject::tr("Copied to the clipboard."));
     }
 }
@@ -59,7 +56,8 @@ void DesktopPlatformServices::share(const ShareItems &items)
 void DesktopPlatformServices::composeMail(const MailMessage &message)
 {
     // xdg-email hands attachments to the mail client; without it a mailto: link carries the text.
-    QStringList arguments{u"--utf8"_s, u"--subject"_s, message.subject, u"--body"_s, message.body};
+    const QString body = mailClientBody(message);
+    QStringList arguments{u"--utf8"_s, u"--subject"_s, message.subject, u"--body"_s, body};
     QTemporaryDir *folder = new QTemporaryDir; // kept until the process ends: the client reads it later
     for (const MailAttachment &attachment : message.attachments) {
         const QString path = folder->filePath(attachment.fileName);
@@ -73,7 +71,7 @@ void DesktopPlatformServices::composeMail(const MailMessage &message)
     QUrl url(u"mailto:"_s + message.to.join(u','));
     QUrlQuery query;
     query.addQueryItem(u"subject"_s, message.subject);
-    query.addQueryItem(u"body"_s, message.body);
+    query.addQueryItem(u"body"_s, body);
     url.setQuery(query);
     QDesktopServices::openUrl(url);
 }
@@ -114,4 +112,33 @@ bool DesktopPlatformServices::print(QTextDocument &document, const QString &jobN
 void DesktopPlatformServices::requestReviewPrompt()
 {
     consoleLine(u"Review prompt requested"_s);
+}
+
+std::unique_ptr<QMimeData> shareMimeData(const ShareItems &items)
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setText(items.texts.join(u"\n"_s));
+    QString html;
+    for (const QString &text : items.texts)
+        html += u"<p>"_s + text.toHtmlEscaped().replace(u"\n"_s, u"<br>"_s) + u"</p>"_s;
+    for (const QImage &image : items.images) {
+        QByteArray png;
+        QBuffer buffer(&png);
+        buffer.open(QIODevice::WriteOnly);
+        image.save(&buffer, "PNG");
+        html += u"<p><img src=\"data:image/png;base64,"_s + QString::fromLatin1(png.toBase64()) + u"\"></p>"_s;
+    }
+    data->setHtml(html);
+    if (!items.images.isEmpty())
+        data->setImageData(items.images.first());
+    return data;
+}
+
+QString mailClientBody(const MailMessage &message)
+{
+    if (!message.bodyIsHtml)
+        return message.body;
+    QTextDocument document;
+    document.setHtml(message.body);
+    return document.toPlainText();
 }

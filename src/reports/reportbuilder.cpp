@@ -9,12 +9,15 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QLocale>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
 #include <QTextCursor>
 #include <QTextDocument>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -94,15 +97,15 @@ std::optional<QString> dateText(const Vinyl &vinyl)
 }
 
 // An amount as the filtered-list documents show it: the float's shortest text read back as a
-// number and given in the local currency.
+// number and given in the local currency. The text is written with a point in every locale,
+// so it is read back with one.
 Result<QString> currencyText(std::optional<float> amount, const QString &what, const Vinyl &vinyl)
 {
-    QString digits = Formatters::shortest(number(amount));
-    digits.remove(u',');
-    const auto parsed = Formatters::parseDecimal(digits);
-    if (!parsed)
+    bool ok = false;
+    const double parsed = QLocale::c().toDouble(Formatters::shortest(number(amount)), &ok);
+    if (!ok || !std::isfinite(parsed))
         return Error{ReportTexts::kUnreadableAmount.arg(what, text(vinyl.name))};
-    return Formatters::currency(*parsed);
+    return Formatters::currency(parsed);
 }
 
 Error noTitleValue(const QString &attribute)

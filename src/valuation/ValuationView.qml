@@ -11,6 +11,14 @@ ScreenPage {
 
     title: "Valuation"
 
+    actions: [
+        ToolbarButton {
+            objectName: "ShareButton"
+            text: "Share"
+            onClicked: controller.shareButtonClicked()
+        }
+    ]
+
     ValuationViewController {
         id: controller
     }

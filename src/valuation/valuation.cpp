@@ -3,7 +3,8 @@
 #include "appconfig.h"
 #include "formatters.h"
 
-#include <algorithm>
+#include <QUrl>
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -12,28 +13,21 @@ namespace Valuation {
 
 QString searchAddress(const QString &artist, const QString &name)
 {
-    QString address = AppConfig::webSearchBase + u"what is a "_s + artist + u' ' + QString(name).replace(u'&', u"and"_s)
-                      + u" vinyl record album worth"_s;
+    QString query = u"what is a "_s + artist + u' ' + QString(name).replace(u'&', u"and"_s)
+                    + u" vinyl record album worth"_s;
+    query.remove(QChar(0x2019));
+    QString address = AppConfig::webSearchBase + QString::fromLatin1(QUrl::toPercentEncoding(query, " "));
     address.replace(u' ', u'+');
     address.replace(u"++"_s, u"+"_s);
-    address.remove(QChar(0x2019));
     return address;
 }
 
-bool acceptsTyped(const QString &replacement)
+std::optional<float> parseNewValue(const QString &text)
 {
-    return std::all_of(replacement.cbegin(), replacement.cend(),
-                       [](QChar c) { return c == u'.' || (c >= u'0' && c <= u'9'); });
-}
-
-std::optional<float> parseNewValue(QString text)
-{
-    text.remove(u'$');
-    bool ok = false;
-    const float value = text.trimmed().toFloat(&ok);
-    if (!ok || !std::isfinite(value))
+    const auto value = Formatters::parseAmount(text);
+    if (!value || !std::isfinite(float(*value)))
         return std::nullopt;
-    return value;
+    return float(*value);
 }
 
 Totals totals(const QList<Vinyl> &records)
@@ -54,6 +48,11 @@ QString copiesText(const Totals &totals)
 QString valueText(const Totals &totals)
 {
     return Formatters::currencyOrZero(totals.value);
+}
+
+QString shareText(const Totals &totals)
+{
+    return u"Records held: "_s + copiesText(totals) + u"\nTotal value: "_s + valueText(totals) + u'\n';
 }
 
 RowTexts rowTexts(const Vinyl &vinyl)

@@ -15,15 +15,23 @@ inline const QString kNoSearchTitle = QStringLiteral("No Search");
 inline const QString kNoSearchMessage = QStringLiteral("Required Fields Name Not Entered");
 inline const QString kNotSavedTitle = QStringLiteral("Record not Saved!");
 inline const QString kNoNewValueMessage = QStringLiteral("New Value not Entered");
+// %1: the new value as typed.
+inline const QString kUnreadableValueMessage = QStringLiteral("New Value \"%1\" is not an amount.");
+inline const QString kPageNotOpenedTitle = QStringLiteral("Page not Opened");
+// %1: the address.
+inline const QString kNotAnAddressMessage = QStringLiteral("\"%1\" is not a web address.");
+inline const QString kCantSendTextTitle = QStringLiteral("Can't Send Text Message");
+inline const QString kCantSendTextMessage = QStringLiteral("Your device is not able to send text messages.");
 
-// "what is a <artist> <name> vinyl record album worth" on the search engine: spaces become
-// "+", doubled "+" one, "&" is spelled "and" and right single quotation marks go.
+// "what is a <artist> <name> vinyl record album worth" on the search engine: "&" is spelled
+// "and", right single quotation marks go, every other character an address cannot hold as
+// it is ('"', '%', '+', letters beyond ASCII) is percent-encoded, spaces become "+" and a
+// doubled "+" one.
 [[nodiscard]] QString searchAddress(const QString &artist, const QString &name);
 
-// Typing into the new value keeps only digits and points; a deletion is always accepted.
-[[nodiscard]] bool acceptsTyped(const QString &replacement);
-// A new value as entered or pasted: "$" signs are dropped, the rest must read as a number.
-[[nodiscard]] std::optional<float> parseNewValue(QString text);
+// A new value as entered or pasted, read as the current locale writes amounts ("$12.50" in
+// en_US, "12,50" in de_DE); nullopt when it does not read or does not fit a float.
+[[nodiscard]] std::optional<float> parseNewValue(const QString &text);
 
 // Copies held (the sum of quantities) and their value (quantity x value), summed in wide
 // types so that no collection overflows them.
@@ -35,6 +43,8 @@ struct Totals
 [[nodiscard]] Totals totals(const QList<Vinyl> &records);
 [[nodiscard]] QString copiesText(const Totals &totals);
 [[nodiscard]] QString valueText(const Totals &totals);
+// What the share button hands on: "Records held: 5\nTotal value: $55.00\n".
+[[nodiscard]] QString shareText(const Totals &totals);
 
 // The five lines of a row.
 struct RowTexts

@@ -2,6 +2,7 @@
 
 #include "appconfig.h"
 #include "appdelegate.h"
+#include "formatters.h"
 #include "logging.h"
 #include "platformservices.h"
 #include "store.h"
@@ -22,7 +23,7 @@ void ValuationViewController::viewDidLoad()
 
 QRegularExpression ValuationViewController::typedValuePattern()
 {
-    return QRegularExpression(u"[.0-9]*"_s);
+    return QRegularExpression(u"["_s + QRegularExpression::escape(Formatters::numberFieldCharacters()) + u"]*"_s);
 }
 
 void ValuationViewController::loadTotals()
@@ -95,7 +96,11 @@ void ValuationViewController::ValueYourMusicPriceGuide()
 void ValuationViewController::openPage(const QString &address)
 {
     const QUrl url(address, QUrl::StrictMode);
-    if (app() && url.isValid() && !url.scheme().isEmpty())
+    if (!url.isValid() || url.scheme().isEmpty()) {
+        showAlert(Valuation::kPageNotOpenedTitle, Valuation::kNotAnAddressMessage.arg(address));
+        return;
+    }
+    if (app())
         app()->platform().openUrl(url);
 }
 
@@ -107,8 +112,13 @@ void ValuationViewController::SaveNewCardButtonClicked()
         showAlert(Valuation::kNotSavedTitle, Valuation::kNoNewValueMessage);
         return;
     }
-    Store &store = app()->persistentContainer();
+    // A value that does not read is said, and kept for correcting, rather than dropped.
     const std::optional<float> newValue = Valuation::parseNewValue(m_newValueText);
+    if (!newValue) {
+        showAlert(Valuation::kNotSavedTitle, Valuation::kUnreadableValueMessage.arg(m_newValueText));
+        return;
+    }
+    Store &store = app()->persistentContainer();
     auto saved = store.transaction([&]() -> Result<void> {
         auto matches = store.fetchVinyl(FetchRequest(Entity::Vinyl)
                                             .where(Predicate::equal(u"name"_s, m_recordName))
@@ -117,8 +127,7 @@ void ValuationViewController::SaveNewCardButtonClicked()
         if (!matches)
             return matches.error();
         for (Vinyl &vinyl : *matches) {
-            if (newValue)
-                vinyl.value = newValue;
+            vinyl.value = newValue;
             // A valued record always counts at least once in the total.
             if (number(vinyl.quantity) == 0)
                 vinyl.quantity = 1;
@@ -134,4 +143,18 @@ void ValuationViewController::SaveNewCardButtonClicked()
     (void)app()->saveContext();
     loadTotals();
     setNewValueText(QString());
+}
+
+void ValuationViewController::shareButtonClicked()
+{
+    if (!app())
+        return;
+    PlatformServices &platform = app()->platform();
+    if (!platform.canSendText()) {
+        showAlert(Valuation::kCantSendTextTitle, Valuation::kCantSendTextMessage);
+        return;
+    }
+    ShareItems items;
+    items.texts.append(Valuation::shareText(m_totals));
+    platform.share(items);
 }

@@ -20,7 +20,7 @@ class ValuationViewController : public ScreenController
     Q_PROPERTY(QString newValueText READ newValueText WRITE setNewValueText NOTIFY newValueTextChanged)
     Q_PROPERTY(bool saveEnabled READ saveEnabled NOTIFY selectionChanged)
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectionChanged)
-    // What typing into the new value may leave in it.
+    // What typing into the new value may leave in it: digits and the locale's separators.
     Q_PROPERTY(QRegularExpression typedValuePattern READ typedValuePattern CONSTANT)
 
 public:
@@ -42,6 +42,8 @@ public:
     Q_INVOKABLE void PopsikePriceGuide();
     Q_INVOKABLE void ValueYourMusicPriceGuide();
     Q_INVOKABLE void SaveNewCardButtonClicked();
+    // Shares the count and total value as text, where the device can send text messages.
+    Q_INVOKABLE void shareButtonClicked();
 
     // Fetches every record by name and sums the copies and their value.
     void loadTotals();

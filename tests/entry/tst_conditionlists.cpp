@@ -100,6 +100,10 @@ private slots:
         c.setSearchText(u"MINT"_s);
         QCOMPARE(shown(c), (QStringList{u"Very Fine/Near Mint"_s, u"Mint"_s}));
         QCOMPARE(c.conditionCount(), 3);
+        // Leaving the screen ends the search.
+        c.viewWillDisappear();
+        QCOMPARE(c.searchText(), QString());
+        QCOMPARE(shown(c), (QStringList{u"Very Fine/Near Mint"_s, u"Mint"_s, u"Good"_s}));
     }
 
     void emptyListStillSorts()

@@ -86,7 +86,7 @@ private slots:
         QTest::newRow("edit quantity takes 0-9 only") << Q << E << u"\u0663\u0664"_s << false;
         QTest::newRow("cost 1.5") << D << A << u"1.5"_s << true;
         QTest::newRow("cost 1.2.3 passes the filter") << D << E << u"1.2.3"_s << true;
-        QTest::newRow("cost with comma") << D << A << u"1,250"_s << false;
+        QTest::newRow("cost with grouping comma") << D << A << u"1,250"_s << true;
         QTest::newRow("cost with dollar") << D << E << u"$5"_s << false;
         QTest::newRow("deleting is always accepted") << D << E << QString() << true;
         QTest::newRow("notes sentence") << N << A << u"Mint, signed (1971) - 50% off!"_s << true;
@@ -106,6 +106,30 @@ private slots:
         QFETCH(QString, inserted);
         QFETCH(bool, accepted);
         QCOMPARE(acceptsInsertion(field, screen, inserted), accepted);
+    }
+
+    // The decimal fields let the current locale's separators through, and only those.
+    void decimalFieldsTakeTheLocaleSeparators_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("inserted");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("en_US grouping") << u"en_US"_s << u"1,234.50"_s << true;
+        QTest::newRow("en_US space") << u"en_US"_s << u"1 234"_s << false;
+        QTest::newRow("de_DE") << u"de_DE"_s << u"1.234,50"_s << true;
+        QTest::newRow("de_DE euro sign") << u"de_DE"_s << u"12,50\u20AC"_s << false;
+        QTest::newRow("fr_FR narrow no-break space") << u"fr_FR"_s << u"12\u202F345,50"_s << true;
+        QTest::newRow("fr_FR no-break space") << u"fr_FR"_s << u"12\u00A0345,50"_s << true;
+        QTest::newRow("fr_FR space") << u"fr_FR"_s << u"12 345,50"_s << true;
+    }
+
+    void decimalFieldsTakeTheLocaleSeparators()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, inserted);
+        QFETCH(bool, accepted);
+        ScopedLocale scoped(locale);
+        QCOMPARE(acceptsInsertion(FilteredField::Decimal, FormScreen::Edit, inserted), accepted);
     }
 
     void notesCharacterSetHasNinetyOneCharacters() { QCOMPARE(kNotesCharacters.size(), 91); }
@@ -204,6 +228,7 @@ private slots:
         QTest::newRow("emptied date is none") << u"releaseDate"_s << QString() << kAbsent;
         QTest::newRow("notes are trimmed here") << u"notes"_s << u"\t gatefold "_s << QVariant(u"gatefold"_s);
         QTest::newRow("shown cost reads back") << u"cost"_s << u"1,234.50"_s << QVariant(1234.5);
+        QTest::newRow("cost still as shown keeps its cents") << u"cost"_s << u"9.13"_s << QVariant(double(9.126f));
         QTest::newRow("label trimmed") << u"recordLabel"_s << u" Asylum"_s << QVariant(u"Asylum"_s);
     }
 
@@ -217,7 +242,7 @@ private slots:
         vinyl.vinylCondition = u"Mint"_s;
         vinyl.quantity = 4;
         vinyl.albumDuration = 40.0;
-        vinyl.cost = 9.5f;
+        vinyl.cost = 9.126f; // shown as 9.13
         vinyl.releaseDate = QDateTime(QDate(1970, 1, 2), QTime(0, 0));
         vinyl.notes = u"old"_s;
         QVERIFY(applyFormToVinyl(formWith(attribute, text), vinyl).ok());

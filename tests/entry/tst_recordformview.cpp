@@ -1,9 +1,11 @@
 // The record form as the user meets it: taps and keys on the real screen.
 #include "addvinylviewcontroller.h"
+#include "notesviewcontroller.h"
 #include "appshell.h"
 #include "testsupport.h"
 
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QQmlApplicationEngine>
 #include <QStyleHints>
 #include <QQuickItem>
@@ -138,6 +140,35 @@ private slots:
         QQuickItem *field = item(u"ReleaseDateTextField"_s);
         const qreal fieldBottom = field->mapToScene(QPointF(0, field->height())).y();
         QVERIFY(fieldBottom <= picker->mapToScene(QPointF(0, 0)).y());
+
+        // Picked and closed, the picker opens at today's date again next time.
+        picker->setProperty("selectedDate", QDateTime(QDate(1971, 6, 22), QTime(0, 0)));
+        addScreen()->doneDateIssuedClick(QDate(1971, 6, 22));
+        QTRY_VERIFY(!picker->isVisible());
+        QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+        tap(u"ReleaseDateTextField"_s);
+        QTRY_VERIFY(picker->isVisible());
+        QCOMPARE(picker->property("selectedDate").toDateTime().date(), QDate::currentDate());
+    }
+
+    // The notes screen takes any text: line breaks, quotes and accented letters included.
+    void notesScreenTakesAnyCharacters()
+    {
+        const Vinyl v = m_app->addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        m_app->app().state()->setCurrentRecord(v);
+        m_app->app().navigator()->show(u"NotesView"_s);
+        QTest::qWait(400);
+        QQuickItem *notes = item(u"NotesTextView"_s);
+        QVERIFY(notes);
+        notes->forceActiveFocus();
+        QInputMethodEvent pasted;
+        const QString text = u"Sign\u00e9 \"live\"\n\u00e0 Paris"_s;
+        pasted.setCommitString(text);
+        QCoreApplication::sendEvent(notes, &pasted);
+        QCOMPARE(notes->property("text").toString(), text);
+        auto *controller = topScreen()->findChild<NotesViewController *>();
+        QVERIFY(controller);
+        QCOMPARE(controller->notes(), text);
     }
 };
 

@@ -68,6 +68,62 @@ private slots:
             QVERIFY2(r.err.contains(message), qPrintable(r.err));
     }
 
+    // A file the import cannot take leaves the store as it was and says why (exit 1).
+    void refusedFilesChangeNothing_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("saved as Windows-1252")
+            << QByteArray("[VINYLCOLLECTION]\n0.0^Beyonc\xe9^0.0^^^1^Lemonade^^^1^^^^0.0^^^\n") << u"Line 2 is not UTF-8"_s;
+        QTest::newRow("no record section") << QByteArray("[TRACKCOLLECTION]\n3.0^Song^1^1^\n")
+                                           << u"no [VINYLCOLLECTION] section in "_s;
+    }
+
+    void refusedFilesChangeNothing()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, message);
+        QTemporaryDir dir;
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"2"_s}).code, int(CliOk));
+        const QString file = dir.filePath(u"in.csv"_s);
+        QFile out(file);
+        QVERIFY(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
+        out.close();
+        const QString before = run({u"--data-dir"_s, dir.path(), u"stats"_s}).out;
+        const Run r = run({u"--data-dir"_s, dir.path(), u"import"_s, file});
+        QCOMPARE(r.code, int(CliBadInput));
+        QVERIFY2(r.err.contains(message), qPrintable(r.err));
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out, before);
+    }
+
+    void backupRestoreAndUndo()
+    {
+        QTemporaryDir dir;
+        const QStringList data{u"--data-dir"_s, dir.path()};
+        const auto records = [&] { return run(data + QStringList{u"stats"_s}).out.section(u'\n', 0, 0); };
+        QCOMPARE(run(data + QStringList{u"demo"_s, u"3"_s}).code, int(CliOk));
+        const QString file = dir.filePath(u"three.platterbox"_s);
+        const Run backup = run(data + QStringList{u"backup"_s, file});
+        QCOMPARE(backup.code, int(CliOk));
+        QCOMPARE(backup.out, u"Backed up 3 records and 0 cover files to %1\n"_s.arg(file));
+        QCOMPARE(run(data + QStringList{u"demo"_s, u"2"_s}).code, int(CliOk));
+
+        QCOMPARE(run(data + QStringList{u"restore"_s, file}).code, int(CliOk));
+        QCOMPARE(records(), u"Records: 3"_s);
+        const Run undo = run(data + QStringList{u"undo-import"_s});
+        QCOMPARE(undo.code, int(CliOk));
+        QVERIFY2(undo.out.startsWith(u"The collection is back as it was before the restore of three.platterbox on "_s),
+                 qPrintable(undo.out));
+        QCOMPARE(records(), u"Records: 5"_s);
+
+        const Run nothing = run(data + QStringList{u"undo-import"_s});
+        QCOMPARE(nothing.code, int(CliBadInput));
+        QCOMPARE(nothing.err, u"platterbox: There is no import or restore to undo.\n"_s);
+        const Run notABackup = run(data + QStringList{u"restore"_s, dir.filePath(u"Platterbox.sqlite"_s)});
+        QCOMPARE(notABackup.code, int(CliBadInput));
+        QCOMPARE(records(), u"Records: 5"_s);
+    }
+
     void exportThenImportIntoAnotherStore()
     {
         QTemporaryDir source, target;

@@ -4,6 +4,7 @@
 #include "fetchrequest.h"
 #include "store.h"
 #include "testsupport.h"
+#include "textfile.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -272,6 +273,97 @@ private slots:
         t.addVinyl(u"Some Album"_s);                   // no artist at all
         QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + kLine).ok());
         QCOMPARE(records(t.store()).size(), 3);
+    }
+
+    // Two pressings of one album (same name and artist) stay two records, and the tracks of
+    // each stay with it, however often the file is imported and whatever is stored already.
+    void linesOfOneFileNeverBecomeOneRecord_data()
+    {
+        QTest::addColumn<QList<int>>("storedIds"); // records "Some Album" by "Some Artist" already stored
+        QTest::addColumn<QStringList>("expectedLabels"); // by id 1, 2, 3
+        QTest::newRow("into an empty store") << QList<int>{} << QStringList{u"Label 1"_s, u"Label 2"_s};
+        QTest::newRow("into the store it came from") << QList<int>{1, 2} << QStringList{u"Label 1"_s, u"Label 2"_s};
+        QTest::newRow("the stored record with the line's id is updated")
+            << QList<int>{3, 2} << QStringList{u"Label 1"_s, u"Label 2"_s};
+        QTest::newRow("one stored record: the second line adds one")
+            << QList<int>{2} << QStringList{u"Label 1"_s, u"Label 2"_s};
+    }
+
+    void linesOfOneFileNeverBecomeOneRecord()
+    {
+        QFETCH(QList<int>, storedIds);
+        QFETCH(QStringList, expectedLabels);
+        TestApp t;
+        for (int id : storedIds)
+            t.addVinyl(u"Some Album"_s, u"Some Artist"_s, u"Stored %1"_s.arg(id), qint16(id));
+        QString file = u"[VINYLCOLLECTION]\n"_s;
+        for (int id : {1, 2}) {
+            QStringList fields = kLine.split(u'^');
+            fields[5] = QString::number(id);
+            fields[10] = u"Label %1"_s.arg(id);
+            file += fields.join(u'^') + u'\n';
+        }
+        file += u"[TRACKCOLLECTION]\n3.0^Untitled^1^1^\n4.0^Untitled^2^1^\n5.0^Untitled^1^2^\n"_s;
+        for (int run = 0; run < 2; ++run)
+            QVERIFY(ExchangeReader::importAll(t.store(), file).ok());
+
+        QMap<int, QString> labelById;
+        for (const Vinyl &v : records(t.store()))
+            labelById.insert(number(v.id), text(v.recordLabel));
+        QCOMPARE(labelById.value(1), expectedLabels.at(0));
+        QCOMPARE(labelById.value(2), expectedLabels.at(1));
+        QCOMPARE(records(t.store()).size(), std::max<qsizetype>(2, storedIds.size()));
+        QMap<int, int> tracksById;
+        for (const Track &track : tracks(t.store()))
+            ++tracksById[number(track.vinylID)];
+        QCOMPARE(tracksById.value(1), 2); // two tracks of one title stay two
+        QCOMPARE(tracksById.value(2), 1);
+    }
+
+    // An imported cover replaces the picture; the full-size file showed the old one, so the
+    // record no longer names it and the form shows the imported picture.
+    void importedCoverLetsTheOldFullSizeFileGo()
+    {
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Some Album"_s, u"Some Artist"_s);
+        v.imagesLoaded = true;
+        v.frontImage = QByteArray("old picture");
+        v.frontImagePath = t.dataDir() + u"/Documents/OLD.jpg"_s;
+        v.backImagePath = t.dataDir() + u"/Documents/BACK.jpg"_s;
+        QVERIFY(t.store().update(v).ok());
+
+        QStringList fields = kLine.split(u'^');
+        fields[15] = base64Png();
+        QVERIFY(ExchangeReader::importAll(t.store(), u"[VINYLCOLLECTION]\n"_s + fields.join(u'^')).ok());
+        const Vinyl after = records(t.store()).value(0);
+        QVERIFY(!after.frontImagePath.has_value());
+        QCOMPARE(after.backImagePath, v.backImagePath); // the back cover did not change
+        QCOMPARE(after.frontImage->toBase64(), fields[15].toLatin1());
+    }
+
+    void textThatIsNotUtf8IsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("error"); // empty: read
+        QTest::newRow("plain") << QByteArray("[VINYLCOLLECTION]\n") << QString();
+        QTest::newRow("accents") << QByteArray("a\nCaf\xc3\xa9 \xe2\x82\xac \xf0\x9f\x8e\xb5") << QString();
+        QTest::newRow("byte-order mark") << QByteArray("\xef\xbb\xbf[VINYLCOLLECTION]") << QString();
+        QTest::newRow("Windows-1252") << QByteArray("[VINYLCOLLECTION]\nx\nCaf\xe9\n") << u"Line 3 "_s;
+        QTest::newRow("overlong") << QByteArray("\xc0\xaf") << u"Line 1 "_s;
+        QTest::newRow("surrogate") << QByteArray("a\n\xed\xa0\x80") << u"Line 2 "_s;
+        QTest::newRow("cut short") << QByteArray("a\xc3") << u"Line 1 "_s;
+    }
+
+    void textThatIsNotUtf8IsRefused()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, error);
+        const auto text = TextFile::decodeUtf8(bytes);
+        QCOMPARE(text.ok(), error.isEmpty());
+        if (!error.isEmpty())
+            QVERIFY2(text.errorMessage().startsWith(error), qPrintable(text.errorMessage()));
+        else
+            QVERIFY(text->startsWith(u'[') || text->startsWith(u'a'));
     }
 
     void trackIsUpdatedByVinylIdAndSong()

@@ -1,10 +1,13 @@
 #include "exchangewriter.h"
 #include "exportviewcontroller.h"
+#include "importexportviewcontroller.h"
 #include "importviewcontroller.h"
 #include "store.h"
 #include "testsupport.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QImage>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -84,17 +87,89 @@ private slots:
         QTRY_COMPARE(controller.lastAlertMessage(), ExportViewController::kDone);
     }
 
-    void largeTextShowsItsBeginning()
+    // A file too large to show whole is shown as a labelled summary of its first lines, with
+    // each picture shortened to its size, never as the bare first marker line.
+    void largeTextShowsALabelledSummary()
     {
         TestApp t;
+        Vinyl withCover = t.addVinyl(u"With a cover"_s, u"Artist"_s, u"Label"_s, 1000);
+        QImage picture(300, 300, QImage::Format_RGB32);
+        for (int y = 0; y < 300; ++y)
+            for (int x = 0; x < 300; ++x)
+                picture.setPixel(x, y, qRgb(x * 7 % 256, y * 13 % 256, (x * y) % 256));
+        QByteArray jpeg;
+        QBuffer buffer(&jpeg);
+        buffer.open(QIODevice::WriteOnly);
+        picture.save(&buffer, "JPEG", 95);
+        withCover.frontImage = jpeg;
+        QVERIFY(t.store().update(withCover).ok());
         for (int i = 0; i < 700; ++i)
             t.addVinyl(u"A long enough album name to fill the line %1"_s.arg(i), u"Artist"_s, u"Label"_s, qint16(i));
         ExportViewController controller(&t.app());
         QVERIFY(build(controller));
+        const QString shown = controller.exportText();
         QVERIFY(controller.dataString().size() > ExportViewController::kPreviewCharacters);
-        QVERIFY(controller.exportText().size() < ExportViewController::kPreviewCharacters + 100);
-        QVERIFY(controller.exportText().startsWith(u"[VINYLCOLLECTION]\n"_s));
-        QVERIFY(controller.exportText().endsWith(u" more lines in the file)"_s));
+        QVERIFY(shown.size() < ExportViewController::kPreviewCharacters + 1000);
+        QVERIFY(shown.startsWith(u"This file is too large to show whole: "_s));
+        QVERIFY(shown.contains(u"\n\n[VINYLCOLLECTION]\n"_s));
+        QVERIFY(shown.contains(u"^With a cover^"_s));
+        QVERIFY(shown.contains(u"[picture: "_s));
+        QVERIFY(shown.endsWith(u" more lines in the file)"_s));
+    }
+
+    // Back up, restore over a changed collection, then undo the restore: each step asks or
+    // tells the collector what happens, and the collection ends as it was before the restore.
+    void backUpRestoreAndUndoFromTheScreen()
+    {
+        TestApp t;
+        addRecord(t, u"Kept"_s, 1);
+        QTemporaryDir dir;
+        const QUrl file = QUrl::fromLocalFile(dir.filePath(u"mine.platterbox"_s));
+        ImportExportViewController controller(&t.app());
+        QVERIFY(!controller.undoButtonEnabled());
+
+        controller.backUpTo(file);
+        QTRY_VERIFY(!controller.busy());
+        QCOMPARE(controller.lastAlertMessage(), u"1 record and 0 cover files were backed up to \"mine.platterbox\"."_s);
+
+        addRecord(t, u"Added later"_s, 2);
+        controller.restoreFrom(file);
+        QTRY_VERIFY(!controller.busy());
+        QVERIFY2(controller.lastAlertMessage().startsWith(u"Replace the whole collection with the backup \"mine.platterbox\" of "_s),
+                 qPrintable(controller.lastAlertMessage()));
+        controller.answerAlert(0);
+        QTRY_VERIFY(!controller.busy());
+        QCOMPARE(controller.lastAlertMessage(), u"The collection was restored from \"mine.platterbox\"."_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
+        QVERIFY(controller.undoButtonEnabled());
+
+        controller.UndoLastImportButtonTapped();
+        QVERIFY2(controller.lastAlertMessage().startsWith(
+                     u"Put the collection back as it was before the restore of \"mine.platterbox\" on "_s),
+                 qPrintable(controller.lastAlertMessage()));
+        controller.answerAlert(0);
+        QTRY_VERIFY(!controller.busy());
+        QCOMPARE(controller.lastAlertMessage(), u"The collection is back as it was."_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 2);
+        QVERIFY(!controller.undoButtonEnabled());
+    }
+
+    void restoringWhatIsNotABackupChangesNothing()
+    {
+        TestApp t;
+        addRecord(t, u"Kept"_s, 1);
+        QTemporaryDir dir;
+        QFile file(dir.filePath(u"collection.csv"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[VINYLCOLLECTION]\n");
+        file.close();
+        ImportExportViewController controller(&t.app());
+        controller.restoreFrom(QUrl::fromLocalFile(file.fileName()));
+        QTRY_VERIFY(!controller.busy());
+        QCOMPARE(controller.lastAlertTitle(), u"Restore"_s);
+        QCOMPARE(controller.lastAlertMessage(), u"collection.csv is not a Platterbox backup.\nNothing was changed."_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
+        QVERIFY(!controller.undoButtonEnabled());
     }
 
     void saveToFilesWritesAndSharesTheFile()

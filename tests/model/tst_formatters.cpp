@@ -63,25 +63,66 @@ private slots:
         }
     }
 
-    void decimalsReadBack_data()
+    // Numbers are read as the locale writes them; grouping in the wrong place does not read.
+    void numbersReadInTheLocale_data()
     {
+        QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<double>("expected");
-        QTest::newRow("plain") << u"12.5"_s << true << 12.5;
-        QTest::newRow("grouped") << u"1,234.5"_s << true << 1234.5;
-        QTest::newRow("two points") << u"1.2.3"_s << false << 0.0;
-        QTest::newRow("letters") << u"12abc"_s << false << 0.0;
+        QTest::addColumn<std::optional<double>>("number");
+        QTest::addColumn<std::optional<double>>("amount");
+        const std::optional<double> none;
+        QTest::newRow("en plain") << u"en_US"_s << u"12.5"_s << std::optional(12.5) << std::optional(12.5);
+        QTest::newRow("en grouped") << u"en_US"_s << u"1,234.5"_s << std::optional(1234.5) << std::optional(1234.5);
+        QTest::newRow("en pasted dollars") << u"en_US"_s << u"$12.50"_s << none << std::optional(12.5);
+        QTest::newRow("en two points") << u"en_US"_s << u"1.2.3"_s << none << none;
+        QTest::newRow("en comma as a point") << u"en_US"_s << u"12,50"_s << none << none;
+        QTest::newRow("en letters") << u"en_US"_s << u"12abc"_s << none << none;
+        QTest::newRow("en exponent") << u"en_US"_s << u"1e-05"_s << std::optional(0.00001) << std::optional(0.00001);
+        QTest::newRow("de grouped") << u"de_DE"_s << u"1.234,50"_s << std::optional(1234.5) << std::optional(1234.5);
+        QTest::newRow("de plain") << u"de_DE"_s << u"12,5"_s << std::optional(12.5) << std::optional(12.5);
+        QTest::newRow("de euros") << u"de_DE"_s << u"12,50\u00A0\u20AC"_s << none << std::optional(12.5);
+        QTest::newRow("de point is no decimal point") << u"de_DE"_s << u"12.5"_s << none << none;
+        QTest::newRow("fr narrow no-break space") << u"fr_FR"_s << u"12\u202F345,50"_s << std::optional(12345.5)
+                                                  << std::optional(12345.5);
+        QTest::newRow("fr no-break space") << u"fr_FR"_s << u"12\u00A0345,5"_s << std::optional(12345.5)
+                                           << std::optional(12345.5);
+        QTest::newRow("fr typed space") << u"fr_FR"_s << u"12 345,50"_s << std::optional(12345.5)
+                                        << std::optional(12345.5);
+        QTest::newRow("fr short group") << u"fr_FR"_s << u"12 34,5"_s << none << none;
     }
-    void decimalsReadBack()
+    void numbersReadInTheLocale()
     {
+        QFETCH(QString, locale);
         QFETCH(QString, text);
-        QFETCH(bool, ok);
-        QFETCH(double, expected);
-        const auto parsed = Formatters::parseDecimal(text);
-        QCOMPARE(parsed.has_value(), ok);
-        if (ok)
-            QCOMPARE(*parsed, expected);
+        QFETCH(std::optional<double>, number);
+        QFETCH(std::optional<double>, amount);
+        ScopedLocale scoped(locale);
+        QCOMPARE(Formatters::parseDecimal(text), number);
+        QCOMPARE(Formatters::parseAmount(text), amount);
+    }
+
+    // What the formatters write reads back to the same number.
+    void writtenNumbersReadBack_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("length");
+        QTest::newRow("en_US") << u"en_US"_s << u"45.5"_s;
+        QTest::newRow("de_DE") << u"de_DE"_s << u"45,5"_s;
+        QTest::newRow("fr_FR") << u"fr_FR"_s << u"45,5"_s;
+        QTest::newRow("hi_IN") << u"hi_IN"_s << u"45.5"_s;
+        QTest::newRow("ar_EG") << u"ar_EG"_s << u"45\u066B5"_s;
+    }
+    void writtenNumbersReadBack()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, length);
+        ScopedLocale scoped(locale);
+        QCOMPARE(Formatters::shortestInLocale(45.5), length);
+        QCOMPARE(Formatters::parseDecimal(length), std::optional(45.5));
+        for (const double amount : {-1234567.5, 0.1, 12345.5}) {
+            QCOMPARE(Formatters::parseDecimal(Formatters::twoDecimals(amount)), std::optional(amount));
+            QCOMPARE(Formatters::parseAmount(Formatters::currency(amount)), std::optional(amount));
+        }
     }
 
     void shortestDoubleText_data()

@@ -33,6 +33,16 @@ void useTestLocale()
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 }
 
+ScopedLocale::ScopedLocale(const QString &name)
+{
+    QLocale::setDefault(QLocale(name));
+}
+
+ScopedLocale::~ScopedLocale()
+{
+    useTestLocale();
+}
+
 namespace {
 QMutex s_mutex;
 QStringList s_lines;

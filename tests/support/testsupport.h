@@ -35,6 +35,16 @@ private:
 // Sets the en_US locale; the time zone comes from TZ, which CTest sets to America/New_York.
 void useTestLocale();
 
+// Another locale ("de_DE") while it lives; en_US again afterwards.
+class ScopedLocale
+{
+public:
+    explicit ScopedLocale(const QString &name);
+    ~ScopedLocale();
+    ScopedLocale(const ScopedLocale &) = delete;
+    ScopedLocale &operator=(const ScopedLocale &) = delete;
+};
+
 // Captures the console lines written while it lives.
 class ConsoleCapture
 {

@@ -38,6 +38,10 @@ private slots:
         QTest::newRow("curly apostrophe removed") << u"Kid"_s << u"Don\u2019t Stop"_s
                                                   << u"what+is+a+Kid+Dont+Stop+vinyl+record+album+worth"_s;
         QTest::newRow("no artist picked") << QString() << u"Blue"_s << u"what+is+a+Blue+vinyl+record+album+worth"_s;
+        QTest::newRow("quotes and percent encoded") << u"X"_s << u"12\" 100% Live"_s
+                                                    << u"what+is+a+X+12%22+100%25+Live+vinyl+record+album+worth"_s;
+        QTest::newRow("plus and accents encoded") << u"Bj\u00f6rk"_s << u"A+B"_s
+                                                  << u"what+is+a+Bj%C3%B6rk+A%2BB+vinyl+record+album+worth"_s;
     }
     void searchAddress()
     {
@@ -48,24 +52,50 @@ private slots:
         QVERIFY(address.endsWith(u"?q="_s + query));
     }
 
-    void newValueText_data()
+    // A new value is read as the locale writes amounts and stored in every matching record;
+    // one that does not read is refused and kept for correcting.
+    void newValueReadsTheLocale_data()
     {
+        QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("typeable");
-        QTest::addColumn<std::optional<float>>("parsed");
-        QTest::newRow("plain") << u"12.50"_s << true << std::optional<float>(12.5f);
-        QTest::newRow("pasted with a dollar sign") << u"$12.50"_s << false << std::optional<float>(12.5f);
-        QTest::newRow("two points") << u"1.2.3"_s << true << std::optional<float>();
-        QTest::newRow("letters") << u"12a"_s << false << std::optional<float>();
-        QTest::newRow("only a dollar sign") << u"$"_s << false << std::optional<float>();
+        QTest::addColumn<std::optional<float>>("stored");
+        QTest::newRow("en plain") << u"en_US"_s << u"12.50"_s << true << std::optional<float>(12.5f);
+        QTest::newRow("en pasted dollars") << u"en_US"_s << u"$12.50"_s << false << std::optional<float>(12.5f);
+        QTest::newRow("en two points") << u"en_US"_s << u"1.2.3"_s << true << std::optional<float>();
+        QTest::newRow("en letters") << u"en_US"_s << u"12a"_s << false << std::optional<float>();
+        QTest::newRow("de grouped") << u"de_DE"_s << u"1.234,50"_s << true << std::optional<float>(1234.5f);
+        QTest::newRow("de point") << u"de_DE"_s << u"12.5"_s << true << std::optional<float>();
+        QTest::newRow("fr grouped") << u"fr_FR"_s << u"12 345,50"_s << true << std::optional<float>(12345.5f);
     }
-    void newValueText()
+    void newValueReadsTheLocale()
     {
+        QFETCH(QString, locale);
         QFETCH(QString, text);
         QFETCH(bool, typeable);
-        QFETCH(std::optional<float>, parsed);
+        QFETCH(std::optional<float>, stored);
+        ScopedLocale scoped(locale);
         QCOMPARE(ValuationViewController::typedValuePattern().match(text).capturedLength() == text.size(), typeable);
-        QCOMPARE(Valuation::parseNewValue(text), parsed);
+
+        TestApp t;
+        addValued(t, u"Zero"_s, u"Ann"_s, u"Label"_s, 0, 7.0f);
+        ValuationViewController screen(&t.app());
+        screen.rowSelected(0);
+        screen.setNewValueText(text);
+        screen.SaveNewCardButtonClicked();
+        const Vinyl v = t.store().fetchVinyl(FetchRequest()).valueOr({}).value(0);
+        if (stored) {
+            QCOMPARE(screen.lastAlertTitle(), QString());
+            QCOMPARE(v.value, stored);
+            QCOMPARE(number(v.quantity), qint16(1)); // a valued record counts at least once
+            QCOMPARE(screen.newValueText(), QString());
+        } else {
+            QCOMPARE(screen.lastAlertTitle(), u"Record not Saved!"_s);
+            QCOMPARE(screen.lastAlertMessage(), u"New Value \"%1\" is not an amount."_s.arg(text));
+            QCOMPARE(v.value, std::optional<float>(7.0f));
+            QCOMPARE(number(v.quantity), qint16(0));
+            QCOMPARE(screen.newValueText(), text);
+        }
     }
 
     void emptyCollection()
@@ -142,19 +172,6 @@ private slots:
         QCOMPARE(screen.totalValueText(), u"$55.00"_s); // 4 x 12.50 + 1 x 5
     }
 
-    void unreadableValueStillCountsTheRecord()
-    {
-        TestApp t;
-        addValued(t, u"Zero"_s, u"Ann"_s, u"Label"_s, 0, 7.0f);
-        ValuationViewController screen(&t.app());
-        screen.rowSelected(0);
-        screen.setNewValueText(u"1.2.3"_s);
-        screen.SaveNewCardButtonClicked();
-        const Vinyl v = t.store().fetchVinyl(FetchRequest()).valueOr({}).value(0);
-        QCOMPARE(number(v.value), 7.0f);
-        QCOMPARE(number(v.quantity), qint16(1));
-    }
-
     void alertsLeaveTheStoreAlone_data()
     {
         QTest::addColumn<bool>("search");
@@ -186,16 +203,34 @@ private slots:
     void lookUpsOpenPages()
     {
         TestApp t;
-        addValued(t, u"Rock & Roll"_s, u"X"_s, u"Label"_s, 1, 3.0f);
+        addValued(t, u"Rock & Roll 12\" 100%"_s, u"X"_s, u"Label"_s, 1, 3.0f);
         ValuationViewController screen(&t.app());
         screen.rowSelected(0);
         screen.FindValueOnWeb();
         screen.PopsikePriceGuide();
         screen.ValueYourMusicPriceGuide();
+        QCOMPARE(screen.lastAlertTitle(), QString());
         QCOMPARE(t.platform().openedUrls.size(), 3);
-        QVERIFY(t.platform().openedUrls.at(0).toString().endsWith(u"what+is+a+X+Rock+and+Roll+vinyl+record+album+worth"_s));
+        QVERIFY(t.platform().openedUrls.at(0).toEncoded().endsWith(
+            "what+is+a+X+Rock+and+Roll+12%22+100%25+vinyl+record+album+worth"));
         QVERIFY(!t.platform().openedUrls.at(1).toString().contains(u"Rock"_s));
         QVERIFY(!t.platform().openedUrls.at(2).toString().contains(u"Rock"_s));
+    }
+
+    void sharesTheTotalsWhereTextCanBeSent()
+    {
+        TestApp t;
+        addValued(t, u"Kept"_s, u"Ann"_s, u"Label"_s, 2, 3.0f);
+        ValuationViewController screen(&t.app());
+        screen.shareButtonClicked();
+        QCOMPARE(t.platform().shared.size(), 1);
+        QCOMPARE(t.platform().shared.first().texts, QStringList{u"Records held: 2\nTotal value: $6.00\n"_s});
+
+        t.platform().canSendTextAnswer = false;
+        screen.shareButtonClicked();
+        QCOMPARE(screen.lastAlertTitle(), u"Can't Send Text Message"_s);
+        QCOMPARE(screen.lastAlertMessage(), u"Your device is not able to send text messages."_s);
+        QCOMPARE(t.platform().shared.size(), 1);
     }
 };
 

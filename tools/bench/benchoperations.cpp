@@ -5,6 +5,7 @@
 #include "bench.h"
 #include "breakdowntableviewcontroller.h"
 #include "exchangeformat.h"
+#include "textfile.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
 #include "coverpictures.h"
@@ -209,7 +210,7 @@ QByteArray measureExport(BenchReport &report, BenchCollection &c, bool images, c
 // Reads the exchange file and merges it, as the import screen does.
 bool importFile(Store &store, const QString &file)
 {
-    auto text = Exchange::readFile(file);
+    auto text = TextFile::readUtf8(file);
     return text && ExchangeReader::importAll(store, *text).ok();
 }
 

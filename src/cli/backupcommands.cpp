@@ -1,0 +1,78 @@
+// `backup`, `restore` and `undo-import`: the lossless copies of the collection from the command
+// line, through the same logic as the import/export screen.
+#include "appdelegate.h"
+#include "cli.h"
+#include "formatters.h"
+#include "snapshots.h"
+
+#include <QFileInfo>
+
+namespace {
+
+bool oneFileArgument(CliContext &context, const char *usage)
+{
+    if (context.arguments.size() == 1 && !context.arguments.first().startsWith(u'-'))
+        return true;
+    context.err << "usage: platterbox [--data-dir DIR] " << usage << "\n";
+    return false;
+}
+
+} // namespace
+
+int backupCommand(CliContext &context)
+{
+    if (!oneFileArgument(context, "backup FILE"))
+        return CliBadUsage;
+    Backup::Info info;
+    info.kind = QStringLiteral("backup");
+    auto written = Backup::write(context.app.backupPaths(), context.arguments.first(), info, true);
+    if (!written) {
+        context.err << "platterbox: " << written.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.out << "Backed up " << written->records << " records and " << written->coverFiles << " cover files to "
+                << context.arguments.first() << "\n";
+    return CliOk;
+}
+
+int restoreCommand(CliContext &context)
+{
+    if (!oneFileArgument(context, "restore FILE"))
+        return CliBadUsage;
+    const QString path = context.arguments.first();
+    const auto info = Backup::inspect(path);
+    if (!info) {
+        context.err << "platterbox: " << info.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    const auto kept = context.app.snapshots().take(Snapshots::kKindRestore, QFileInfo(path).fileName());
+    if (!kept) {
+        context.err << "platterbox: the collection could not be kept before the restore: " << kept.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (auto restored = Backup::restore(path, context.app.backupPaths()); !restored) {
+        context.err << "platterbox: " << restored.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.app.collectionReplaced();
+    context.out << "Restored " << info->records << " records from " << path
+                << "; 'platterbox undo-import' puts back the collection it replaced\n";
+    return CliOk;
+}
+
+int undoImportCommand(CliContext &context)
+{
+    if (!context.arguments.isEmpty()) {
+        context.err << "usage: platterbox [--data-dir DIR] undo-import\n";
+        return CliBadUsage;
+    }
+    const auto undone = context.app.snapshots().undoLatest();
+    if (!undone) {
+        context.err << "platterbox: " << undone.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.app.collectionReplaced();
+    context.out << "The collection is back as it was before the " << undone->kind << " of " << undone->source << " on "
+                << Formatters::mediumDate(undone->created) << " " << undone->created.toString(u"HH:mm") << "\n";
+    return CliOk;
+}
