@@ -50,6 +50,9 @@ ScreenPage {
             objectName: "NotesTextView"
             wrapMode: TextEdit.Wrap
             font.pixelSize: 17
+            // Text keeps clear of the border drawn around it.
+            leftPadding: 10
+            rightPadding: 10
             background: Rectangle {
                 radius: 5
                 border.width: 1

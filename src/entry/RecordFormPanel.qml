@@ -375,6 +375,9 @@ Item {
                 Layout.preferredHeight: Math.max(96, implicitHeight)
                 wrapMode: TextEdit.Wrap
                 font.pixelSize: 16
+                // Text keeps clear of the border drawn around it.
+                leftPadding: 10
+                rightPadding: 10
                 background: Rectangle {
                     radius: 5
                     border.width: 1
