@@ -1,4 +1,5 @@
-pragma ComponentBehavior: Bound
+// Not a bound component file: the view creates its highlight in the context of the screen that
+// uses it, which a bound component refuses.
 import QtQuick
 import QtQuick.Controls
 import Platterbox

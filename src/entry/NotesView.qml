@@ -38,6 +38,7 @@ ScreenPage {
     }
 
     ScrollView {
+        id: notesScroller
         width: heading.width
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: heading.bottom
@@ -48,6 +49,7 @@ ScreenPage {
         TextArea {
             id: notes
             objectName: "NotesTextView"
+            WheelScroller { view: notesScroller.contentItem }
             wrapMode: TextEdit.Wrap
             font.pixelSize: 17
             // Text keeps clear of the border drawn around it.

@@ -80,10 +80,12 @@ ScreenPage {
             clip: true
 
             ScrollView {
+                id: exportScroller
                 anchors.fill: parent
                 anchors.margins: 4
                 TextArea {
                     objectName: "ExportTextView"
+                    WheelScroller { view: exportScroller.contentItem }
                     text: controller.exportText
                     readOnly: true
                     wrapMode: TextEdit.WrapAnywhere

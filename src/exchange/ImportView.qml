@@ -81,10 +81,12 @@ ScreenPage {
             clip: true
 
             ScrollView {
+                id: importScroller
                 anchors.fill: parent
                 anchors.margins: 4
                 TextArea {
                     objectName: "ImportTextView"
+                    WheelScroller { view: importScroller.contentItem }
                     text: controller.importText
                     readOnly: true
                     wrapMode: TextEdit.WrapAnywhere

@@ -50,6 +50,7 @@ ScreenPage {
                 TextArea {
                     id: fileTextView
                     objectName: "FileTextView"
+                    WheelScroller { view: scroller.contentItem }
                     readOnly: true
                     textFormat: TextEdit.RichText
                     wrapMode: TextEdit.Wrap

@@ -2,6 +2,7 @@
 // the real window with a sample collection, driven by keys and wheel notches.
 #include "addvinylviewcontroller.h"
 #include "appshell.h"
+#include "appstate.h"
 #include "samplecollection.h"
 #include "testsupport.h"
 
@@ -262,6 +263,10 @@ private slots:
         key(Qt::Key_Down);
         const int picked = 1 + grid->property("columns").toInt();
         QCOMPARE(grid->property("currentIndex").toInt(), picked);
+        // The selected card is outlined.
+        auto *outline = grid->property("highlightItem").value<QQuickItem *>();
+        QVERIFY(outline && outline->isVisible());
+        QCOMPARE(outline->position(), grid->property("currentItem").value<QQuickItem *>()->position());
 
         // Delete offers the card's delete, as a swipe does, and deletes nothing yet.
         const int count = grid->property("count").toInt();
@@ -277,21 +282,38 @@ private slots:
         QVERIFY2(name.startsWith(u"Album: "_s + m_app->app().state()->currentRecordName() + u"  "_s), qPrintable(name));
     }
 
+    void aWheelNotchScrollsThreeLinesAtOnce_data()
+    {
+        QTest::addColumn<QString>("screen");
+        QTest::addColumn<QString>("view");
+        QTest::newRow("collection list") << u"ListVinylTableView"_s << u"VinylList"_s;
+        QTest::newRow("report preview") << u"PrintVinylView"_s << u"FileTextView"_s;
+    }
+
     void aWheelNotchScrollsThreeLinesAtOnce()
     {
-        open(u"ListVinylTableView"_s, kDesktop);
-        QQuickItem *grid = item(u"VinylList"_s);
-        QVERIFY(grid);
-        QTRY_VERIFY(grid->property("count").toInt() > 30);
-        const QPointF at = grid->mapToScene(QPointF(grid->width() / 2, grid->height() / 2));
+        QFETCH(QString, screen);
+        QFETCH(QString, view);
+        // The report preview shows the whole collection.
+        m_app->app().state()->setOriginScreen(OriginScreens::List);
+        open(screen, kDesktop);
+        QQuickItem *target = item(view);
+        QVERIFY(target);
+        // A text scrolls in the flickable around it.
+        QQuickItem *flickable = target;
+        while (flickable && !flickable->inherits("QQuickFlickable"))
+            flickable = flickable->parentItem();
+        QVERIFY(flickable);
+        const qreal step = QGuiApplication::styleHints()->wheelScrollLines() * 40.0;
+        QTRY_VERIFY(flickable->property("contentHeight").toReal() > flickable->height() + 2 * step);
+        const QPointF at = target->mapToScene(QPointF(target->width() / 2, flickable->height() / 2));
         QWheelEvent notch(at, m_window->mapToGlobal(at), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false, Qt::MouseEventNotSynthesized, QPointingDevice::primaryPointingDevice());
         QCoreApplication::sendEvent(m_window, &notch);
-        const qreal step = QGuiApplication::styleHints()->wheelScrollLines() * 40.0;
-        QCOMPARE(grid->property("contentY").toReal(), step);
+        QCOMPARE(flickable->property("contentY").toReal(), step);
         // No fling runs on after it.
         QTest::qWait(300);
-        QCOMPARE(grid->property("contentY").toReal(), step);
+        QCOMPARE(flickable->property("contentY").toReal(), step);
     }
 };
 
