@@ -17,9 +17,13 @@ SwipeDelegate {
     // A recycled row starts closed.
     GridView.onPooled: swipe.close()
 
-    TapHandler {
+    // Takes the right button before the row does: the row would count a right-click as a click
+    // and open what it shows.
+    MouseArea {
+        anchors.fill: parent
+        z: 1
         acceptedButtons: Qt.RightButton
-        onTapped: root.swipe.open(SwipeDelegate.Right)
+        onClicked: root.swipe.open(SwipeDelegate.Right)
     }
 
     swipe.right: Rectangle {
@@ -37,11 +41,11 @@ SwipeDelegate {
             color: "white"
             font.pixelSize: 16
         }
-        TapHandler {
-            onTapped: {
-                root.swipe.close()
-                root.deleteRequested()
-            }
+        // The row filters the presses on its swipe items (to drag them back); it reports a
+        // click on one through this attached signal.
+        SwipeDelegate.onClicked: {
+            root.swipe.close()
+            root.deleteRequested()
         }
     }
 }

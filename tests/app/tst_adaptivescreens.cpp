@@ -268,18 +268,56 @@ private slots:
         QVERIFY(outline && outline->isVisible());
         QCOMPARE(outline->position(), grid->property("currentItem").value<QQuickItem *>()->position());
 
-        // Delete offers the card's delete, as a swipe does, and deletes nothing yet.
-        const int count = grid->property("count").toInt();
-        key(Qt::Key_Delete);
         auto *card = grid->property("currentItem").value<QQuickItem *>();
         QVERIFY(card);
-        QTRY_COMPARE(card->property("swipe").value<QObject *>()->property("position").toReal(), -1.0);
-        QCOMPARE(grid->property("count").toInt(), count);
-
         const QString name = card->property("nameLabel").toString();
         key(Qt::Key_Return);
         QTRY_COMPARE(topName(), u"EditVinylView"_s);
         QVERIFY2(name.startsWith(u"Album: "_s + m_app->app().state()->currentRecordName() + u"  "_s), qPrintable(name));
+    }
+
+    void aRowOffersItsDeleteAsASwipeDoes_data()
+    {
+        QTest::addColumn<QString>("screen");
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("record card, Delete key") << u"ListVinylTableView"_s << u"VinylList"_s << true;
+        QTest::newRow("record card, right-click") << u"ListVinylTableView"_s << u"VinylList"_s << false;
+        QTest::newRow("grade, Delete key") << u"VinylConditionTableView"_s << u"ConditionList"_s << true;
+        QTest::newRow("grade, right-click") << u"VinylConditionTableView"_s << u"ConditionList"_s << false;
+    }
+
+    void aRowOffersItsDeleteAsASwipeDoes()
+    {
+        QFETCH(QString, screen);
+        QFETCH(QString, list);
+        QFETCH(bool, byKey);
+        open(screen, kDesktop);
+        QQuickItem *grid = item(list);
+        QVERIFY(grid);
+        QTRY_VERIFY(grid->property("count").toInt() > 1);
+        const int count = grid->property("count").toInt();
+        QQuickItem *row = nullptr;
+        QMetaObject::invokeMethod(grid, "itemAtIndex", Q_RETURN_ARG(QQuickItem *, row), Q_ARG(int, 1));
+        QVERIFY(row);
+        if (byKey) {
+            grid->forceActiveFocus();
+            grid->setProperty("currentIndex", 1);
+            key(Qt::Key_Delete);
+        } else {
+            QTest::mouseClick(m_window, Qt::RightButton, {}, row->mapToScene(QPointF(row->width() / 2, row->height() / 2)).toPoint());
+        }
+        // The row's delete button shows; nothing is deleted or opened yet.
+        auto *swipe = row->property("swipe").value<QObject *>();
+        QTRY_VERIFY(swipe->property("complete").toBool());
+        QCOMPARE(swipe->property("position").toReal(), -1.0);
+        QCOMPARE(grid->property("count").toInt(), count);
+        QCOMPARE(topName(), screen);
+
+        auto *button = swipe->property("rightItem").value<QQuickItem *>();
+        QVERIFY(button && button->isVisible());
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, button->mapToScene(QPointF(button->width() / 2, button->height() / 2)).toPoint());
+        QTRY_COMPARE(grid->property("count").toInt(), count - 1);
     }
 
     void aWheelNotchScrollsThreeLinesAtOnce_data()
