@@ -1,14 +1,12 @@
 // The screens at phone, tablet and desktop widths, and the keyboard and mouse wheel on them:
 // the real window with a sample collection, driven by keys and wheel notches.
 #include "addvinylviewcontroller.h"
-#include "appshell.h"
 #include "appstate.h"
 #include "samplecollection.h"
 #include "testsupport.h"
 
 #include <QGuiApplication>
 #include <QPointingDevice>
-#include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSignalSpy>
@@ -28,35 +26,9 @@ class TestAdaptiveScreens : public QObject
     Q_OBJECT
 
 private:
-    QQuickItem *topScreen() const
-    {
-        QObject *stack = m_window->property("stack").value<QObject *>();
-        return stack ? stack->property("currentItem").value<QQuickItem *>() : nullptr;
-    }
-
-    // An item of the screen shown by objectName, also among the items a Repeater made.
-    QQuickItem *item(const QString &objectName, QQuickItem *under = nullptr) const
-    {
-        if (!under)
-            under = topScreen();
-        if (!under)
-            return nullptr;
-        if (auto *found = under->findChild<QQuickItem *>(objectName))
-            return found;
-        for (QQuickItem *child : under->childItems()) {
-            if (child->objectName() == objectName)
-                return child;
-            if (QQuickItem *found = item(objectName, child))
-                return found;
-        }
-        return nullptr;
-    }
-
-    QString topName() const
-    {
-        QQuickItem *screen = topScreen();
-        return screen ? screen->objectName() : QString();
-    }
+    QQuickItem *topScreen() const { return m_view->topScreen(); }
+    QString topName() const { return m_view->topName(); }
+    QQuickItem *item(const QString &objectName) const { return m_view->item(objectName); }
 
     void open(const QString &screen, const QSize &size)
     {
@@ -72,7 +44,7 @@ private:
     }
 
     std::unique_ptr<TestApp> m_app;
-    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    std::unique_ptr<TestWindow> m_view;
     QQuickWindow *m_window = nullptr;
 
 private slots:
@@ -86,11 +58,8 @@ private slots:
         sample.tracksPerRecord = 3;
         sample.covers = false;
         QVERIFY(addSampleCollection(m_app->store(), sample).ok());
-        m_engine = std::make_unique<QQmlApplicationEngine>();
-        AppShell::prepareEngine(*m_engine, m_app->app());
-        m_engine->load(AppShell::mainQmlUrl());
-        QVERIFY(!m_engine->rootObjects().isEmpty());
-        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().first());
+        m_view = std::make_unique<TestWindow>(m_app->app());
+        m_window = m_view->window();
         QVERIFY(m_window);
         m_window->requestActivate();
         QVERIFY(QTest::qWaitForWindowActive(m_window));
