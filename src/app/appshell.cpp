@@ -3,6 +3,7 @@
 #include "appdelegate.h"
 #include "coverimageprovider.h"
 #include "filteredlistpdf.h"
+#include "reportpageprovider.h"
 
 #include <QQmlEngine>
 #include <QQuickStyle>
@@ -24,6 +25,7 @@ void prepareEngine(QQmlEngine &engine, AppDelegate &app)
     engine.addImportPath(u"qrc:/qt/qml"_s);
     engine.addImageProvider(CoverImageProvider::kProviderId,
                             new CoverImageProvider(app.persistentContainer().filePath()));
+    engine.addImageProvider(ReportPageProvider::kProviderId, new ReportPageProvider);
 }
 
 QUrl mainQmlUrl()

@@ -18,4 +18,5 @@ list(APPEND PB_QML
     app/SearchField.qml
     app/WheelScroller.qml
     app/DatePickerPanel.qml
+    app/ProgressPanel.qml
 )

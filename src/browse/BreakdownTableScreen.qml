@@ -30,7 +30,7 @@ ScreenPage {
         ToolbarButton {
             objectName: "PrintButton"
             text: root.controller.shareButtonTitle
-            enabled: root.controller.canSharePdf
+            enabled: root.controller.canSharePdf && !root.controller.sharing
             onClicked: root.shareClicked()
         },
         ToolbarButton {
@@ -72,6 +72,16 @@ ScreenPage {
             Layout.fillHeight: true
             onActivated: (index) => root.controller.rowSelected(index)
             onDeleteRequested: (index) => root.controller.deleteRow(index)
+        }
+        ProgressPanel {
+            objectName: "ShareProgress"
+            visible: root.controller.sharing
+            title: "Writing the PDF document"
+            countText: root.controller.shareProgressText
+            value: root.controller.shareProgress
+            Layout.fillWidth: true
+            Layout.margins: 10
+            onCancelClicked: root.controller.CancelShareButtonTapped()
         }
         Label {
             objectName: "FooterLabel"

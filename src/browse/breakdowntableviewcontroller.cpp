@@ -27,6 +27,8 @@ BreakdownTableViewController::BreakdownTableViewController(const BreakdownKind &
 {
     m_headerText = CollectionList::headerText(0, 0);
     m_footerText = Breakdown::footerText(m_kind, 0, 0, false);
+    connect(&m_share, &BackgroundJob::progressChanged, this, &BreakdownTableViewController::shareProgressChanged);
+    connect(&m_share, &BackgroundJob::finished, this, &BreakdownTableViewController::shareWritten);
 }
 
 void BreakdownTableViewController::setPdfWriter(BreakdownPdfWriter writer)
@@ -183,7 +185,7 @@ QList<Vinyl> BreakdownTableViewController::shownRecords() const
 
 void BreakdownTableViewController::ShareButtonClicked()
 {
-    if (!app() || !canSharePdf())
+    if (!app() || !canSharePdf() || sharing())
         return;
     if (!app()->platform().canSendText()) {
         showAlert(BrowseTexts::kCantSendTextTitle, BrowseTexts::kCantSendTextMessage);
@@ -193,14 +195,31 @@ void BreakdownTableViewController::ShareButtonClicked()
         showAlert(BrowseTexts::kEmptyDataSetTitle, BrowseTexts::kEmptyDataSetMessage);
         return;
     }
-    const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(), app()};
-    if (auto written = pdfWriter()(request); !written) {
+    const BreakdownPdfRequest request{m_kind, shownRecords(), outputFilePath(),
+                                     app()->persistentContainer().filePath()};
+    m_shareFile = request.outputFilePath;
+    m_share.start([request, writer = pdfWriter()](const BackgroundJob::Progress &progress) {
+        return writer(request, progress);
+    });
+}
+
+void BreakdownTableViewController::shareWritten(const Result<void> &written)
+{
+    emit shareFinished();
+    if (m_share.cancelled() || !app())
+        return;
+    if (!written) {
         showAlert(BrowseTexts::kPdfNotWrittenTitle, written.errorMessage());
         return;
     }
     ShareItems items;
-    items.filePaths.append(request.outputFilePath);
+    items.filePaths.append(m_shareFile);
     app()->platform().share(items);
+}
+
+void BreakdownTableViewController::CancelShareButtonTapped()
+{
+    m_share.cancel();
 }
 
 void BreakdownTableViewController::reloadTable()

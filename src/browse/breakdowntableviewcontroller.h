@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundjob.h"
 #include "breakdown.h"
 #include "recordcardmodel.h"
 #include "result.h"
@@ -8,16 +9,18 @@
 #include <functional>
 #include <optional>
 
-// What the PDF writer of a breakdown list is handed: the records shown (in the order shown)
-// and the file to write.
+// What the PDF writer of a breakdown list is handed: the records shown (in the order shown,
+// without their covers), the file to write and the store to read the covers from.
 struct BreakdownPdfRequest
 {
     const BreakdownKind &kind;
     QList<Vinyl> records;
     QString outputFilePath;
-    AppDelegate *app = nullptr;
+    QString storeFilePath;
 };
-using BreakdownPdfWriter = std::function<Result<void>(const BreakdownPdfRequest &)>;
+// Runs off the UI thread; it counts the records written and stops when cancelled, leaving
+// no file.
+using BreakdownPdfWriter = std::function<Result<void>(const BreakdownPdfRequest &, const BackgroundJob::Progress &)>;
 
 // The records of one group picked in a group list: a name search, an order toggle over four
 // sort keys, swipe to delete, a header counting the records and a footer giving their value.
@@ -36,6 +39,10 @@ class BreakdownTableViewController : public ScreenController
     Q_PROPERTY(bool canSharePdf READ canSharePdf NOTIFY loaded)
     Q_PROPERTY(QString sortButtonTitle READ sortButtonTitle CONSTANT)
     Q_PROPERTY(QString shareButtonTitle READ shareButtonTitle CONSTANT)
+    // While the PDF document is written: a progress bar with a count and a Cancel button.
+    Q_PROPERTY(bool sharing READ sharing NOTIFY shareProgressChanged)
+    Q_PROPERTY(QString shareProgressText READ shareProgressText NOTIFY shareProgressChanged)
+    Q_PROPERTY(double shareProgress READ shareProgress NOTIFY shareProgressChanged)
 
 public:
     [[nodiscard]] QString title() const;
@@ -47,6 +54,10 @@ public:
     [[nodiscard]] QString shareButtonTitle() const;
     [[nodiscard]] bool searching() const { return !m_searchText.isEmpty(); }
     [[nodiscard]] const BreakdownKind &kind() const { return m_kind; }
+    [[nodiscard]] bool sharing() const { return m_share.running(); }
+    // "12,400 of 32,767" records written.
+    [[nodiscard]] QString shareProgressText() const { return m_share.progressText(); }
+    [[nodiscard]] double shareProgress() const { return m_share.progress(); }
 
     // The records shown, in the order shown (without covers).
     [[nodiscard]] QList<Vinyl> shownRecords() const;
@@ -65,20 +76,27 @@ public:
     Q_INVOKABLE void rowSelected(int row);
     // The editor came back by this list's named return.
     Q_INVOKABLE void unwound(const QString &segue);
-    // The share / print button: the shown records as a PDF document, shared.
+    // The share / print button: the shown records as a PDF document, written off the UI
+    // thread and then shared.
     Q_INVOKABLE void ShareButtonClicked();
+    // Stops writing the document; nothing is shared and no file is left.
+    Q_INVOKABLE void CancelShareButtonTapped();
 
     // Fetches the group's records again.
     void load();
 
 signals:
     void listChanged();
+    void shareProgressChanged();
+    // Writing the document has finished, whether shared, cancelled or failed.
+    void shareFinished();
 
 protected:
     BreakdownTableViewController(const BreakdownKind &kind, AppDelegate *app, QObject *parent);
     void viewDidLoad() override;
 
 private:
+    void shareWritten(const Result<void> &written);
     void reloadTable();
     [[nodiscard]] const RecordCard &cardOf(int record, bool searching);
     [[nodiscard]] const QList<int> &shownList() const { return searching() ? m_filteredList : m_vinylList; }
@@ -98,6 +116,8 @@ private:
     // Header and footer change when the list is reloaded, not when a row is deleted.
     QString m_headerText;
     QString m_footerText;
+    BackgroundJob m_share;
+    QString m_shareFile;
 };
 
 class ArtistBreakdownTableViewController : public BreakdownTableViewController

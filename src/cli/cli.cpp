@@ -20,8 +20,8 @@ const QList<Command> &commands()
     static const QList<Command> list = {
         {u"demo"_s, u"demo N                 add N sample records (made-up albums with tracks and covers)"_s, demoCommand},
         {u"stats"_s, u"stats                  print the number of records, copies and their total value"_s, statsCommand},
-        {u"export"_s, u"export FILE [--no-images]   write the collection to an exchange file"_s, exportCommand},
-        {u"import"_s, u"import FILE            merge an exchange file into the collection"_s, importCommand},
+        {u"export"_s, u"export FILE [--no-images | --csv [--one-file]]   write the collection to an exchange file or CSV files"_s, exportCommand},
+        {u"import"_s, u"import FILE [--dry-run]   merge an exchange, Discogs or CSV file into the collection"_s, importCommand},
         {u"report"_s, u"report --pdf OUT [...]  write the printed collection report as a PDF file"_s, reportCommand},
         {u"backup"_s, u"backup FILE            copy the whole collection, cover files included, into FILE"_s, backupCommand},
         {u"restore"_s, u"restore FILE           replace the collection with a backup (undo-import puts it back)"_s, restoreCommand},

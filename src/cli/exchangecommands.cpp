@@ -1,71 +1,121 @@
-// `export` and `import`: the exchange file from the command line, through the same writer and
-// reader as the export and import screens.
+// `export` and `import`: the exchange file and CSV files from the command line, through the same
+// writers, readers and merge as the export and import screens.
 #include "appdelegate.h"
 #include "cli.h"
+#include "collectioncsv.h"
 #include "exchangeformat.h"
-#include "textfile.h"
-#include "exchangereader.h"
 #include "exchangewriter.h"
+#include "importfile.h"
+#include "importmerge.h"
 #include "importviewcontroller.h"
 #include "snapshots.h"
+#include "textfile.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool writeFile(CliContext &context, const QString &path, const QByteArray &data)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
+        context.err << "platterbox: cannot write " << path << ": " << file.errorString() << "\n";
+        return false;
+    }
+    context.out << "Wrote " << path << "\n";
+    return true;
+}
+
+int exportCsv(CliContext &context, const QString &path, bool oneFile)
+{
+    auto files = CollectionCsv::write(context.app.persistentContainer(), oneFile);
+    if (!files) {
+        context.err << "platterbox: " << files.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (!writeFile(context, path, files->records))
+        return CliBadInput;
+    if (!oneFile && !writeFile(context, CollectionCsv::tracksPath(path), files->tracks))
+        return CliBadInput;
+    return CliOk;
+}
+
+} // namespace
+
 int exportCommand(CliContext &context)
 {
     QStringList arguments = context.arguments;
-    const bool images = !arguments.removeOne(QStringLiteral("--no-images"));
-    if (arguments.size() != 1 || arguments.first().startsWith(u'-')) {
-        context.err << "usage: platterbox [--data-dir DIR] export FILE [--no-images]\n";
+    const bool images = !arguments.removeOne(u"--no-images"_s);
+    const bool csv = arguments.removeOne(u"--csv"_s);
+    const bool oneFile = arguments.removeOne(u"--one-file"_s);
+    if (arguments.size() != 1 || arguments.first().startsWith(u'-') || (oneFile && !csv)) {
+        context.err << "usage: platterbox [--data-dir DIR] export FILE [--no-images]\n"
+                       "       platterbox [--data-dir DIR] export FILE --csv [--one-file]\n";
         return CliBadUsage;
     }
     const QString path = arguments.first();
+    if (csv)
+        return exportCsv(context, path, oneFile);
     int unreadable = 0;
     auto text = ExchangeWriter::build(context.app.persistentContainer(), images, &unreadable);
     if (!text) {
         context.err << "platterbox: " << text.errorMessage() << "\n";
         return CliBadInput;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(*text) != text->size() || !file.commit()) {
-        context.err << "platterbox: cannot write " << path << ": " << file.errorString() << "\n";
+    if (!writeFile(context, path, *text))
         return CliBadInput;
-    }
     if (unreadable > 0)
         context.err << "platterbox: " << unreadable << " cover pictures could not be read and were left out\n";
-    context.out << "Wrote " << path << "\n";
     return CliOk;
 }
 
 int importCommand(CliContext &context)
 {
-    if (context.arguments.size() != 1 || context.arguments.first().startsWith(u'-')) {
-        context.err << "usage: platterbox [--data-dir DIR] import FILE\n";
+    QStringList arguments = context.arguments;
+    const bool dryRun = arguments.removeOne(u"--dry-run"_s);
+    if (arguments.size() != 1 || arguments.first().startsWith(u'-')) {
+        context.err << "usage: platterbox [--data-dir DIR] import FILE [--dry-run]\n";
         return CliBadUsage;
     }
-    auto text = TextFile::readUtf8(context.arguments.first());
+    const QString path = arguments.first();
+    auto text = TextFile::readUtf8(path);
     if (!text) {
         context.err << "platterbox: " << text.errorMessage() << "\n";
         return CliBadInput;
     }
-    if (!Exchange::hasRecordSection(*text)) {
-        context.err << "no " << Exchange::kRecordMarker << " section in " << context.arguments.first() << "\n";
+    const ImportFile file = ImportFiles::read(std::move(*text));
+    if (file.format == ImportFormat::Unknown
+        || (file.format == ImportFormat::Exchange && !Exchange::hasRecordSection(file.text))) {
+        context.err << "platterbox: no " << Exchange::kRecordMarker << " section in " << path
+                    << ", and no CSV header line that names record attributes\n";
         return CliBadInput;
     }
-    if (auto kept = context.app.snapshots().take(Snapshots::kKindImport, QFileInfo(context.arguments.first()).fileName());
-        !kept) {
-        context.err << "platterbox: the collection could not be kept before the import: " << kept.errorMessage() << "\n";
-        return CliBadInput;
+    context.out << ImportFiles::summary(file) << "\n";
+    if (!file.ignoredColumns.isEmpty())
+        context.out << "Not read: " << file.ignoredColumns.join(u", "_s) << "\n";
+
+    Store &store = context.app.persistentContainer();
+    Result<ImportCounts> counts = Error{};
+    if (dryRun) {
+        auto preview = ImportMerge::preview(store, file);
+        counts = preview ? Result<ImportCounts>(preview->counts) : Result<ImportCounts>(preview.error());
+    } else {
+        Snapshots snapshots = context.app.snapshots();
+        counts = ImportMerge::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
     }
-    auto counts = ExchangeReader::importAll(context.app.persistentContainer(), *text);
     if (!counts) {
         context.err << "Unresolved error " << counts.errorMessage() << "\n";
         return CliBadInput;
     }
+    context.out << ImportMerge::countsText(*counts) << "\n";
+    for (const ImportProblem &problem : std::as_const(counts->problems))
+        context.out << ImportMerge::problemText(problem) << "\n";
     if (counts->unreadableImages > 0)
         context.err << "platterbox: " << counts->unreadableImages
                     << " cover pictures could not be read and were left out\n";
-    context.out << ImportViewController::kCompleted << "\n";
+    context.out << (dryRun ? u"Dry run: nothing was changed."_s : ImportViewController::kCompleted) << "\n";
     return CliOk;
 }

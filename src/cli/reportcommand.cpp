@@ -5,10 +5,11 @@
 #include "cli.h"
 #include "coverpictures.h"
 #include "reportbuilder.h"
+#include "reportpdf.h"
 #include "reporttexts.h"
+#include "store.h"
 
 #include <QDate>
-#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -110,20 +111,19 @@ int reportCommand(CliContext &context)
         context.err << "platterbox: " << records.errorMessage() << "\n";
         return CliBadInput;
     }
-    if (records->isEmpty()) {
-        context.err << "platterbox: " << ReportTexts::kEmptyMessage << "\n";
+    const qsizetype count = records->size();
+    auto content = ReportContent::printedReport(origin, std::move(records).value());
+    if (!content) {
+        context.err << "platterbox: " << content.errorMessage() << "\n";
         return CliBadInput;
     }
-    CoverPictures covers(store, ReportBuilder::kViewWidth / 6);
-    QTextDocument document;
-    auto written = ReportBuilder::buildReport(document, origin, *records, covers);
-    if (written) {
-        written = ReportBuilder::writePdf(document, output);
-    }
+    // The covers are read a page at a time, so a report of any length runs in little memory.
+    CoverReader covers(store.filePath());
+    const auto written = ReportPdf::write(*content, output, &covers);
     if (!written) {
         context.err << "platterbox: " << written.errorMessage() << "\n";
         return CliBadInput;
     }
-    context.out << "Wrote " << records->size() << " records to " << output << "\n";
+    context.out << "Wrote " << count << " records to " << output << "\n";
     return CliOk;
 }

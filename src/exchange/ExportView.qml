@@ -3,7 +3,7 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Platterbox
 
-// Builds the exchange file, shows it, and saves or mails it.
+// Builds the exchange file (or the CSV files for a spreadsheet), shows it, and saves or mails it.
 ScreenPage {
     id: root
 
@@ -41,6 +41,27 @@ ScreenPage {
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 onClicked: controller.CreateUpdateFileWithoutImages()
+            }
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 10
+            StyledButton {
+                objectName: "ExportCsvButton"
+                text: "Export CSV"
+                enabled: controller.exportButtonEnabled
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.CreateCsvFile()
+            }
+            CheckBox {
+                objectName: "TracksInRecordsFileBox"
+                text: "Tracks in the same file"
+                checked: controller.tracksInRecordsFile
+                enabled: controller.exportButtonEnabled
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onToggled: controller.tracksInRecordsFile = checked
             }
         }
         RowLayout {

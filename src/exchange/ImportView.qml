@@ -1,10 +1,11 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Dialogs
 import QtQuick.Layouts
 import Platterbox
 
-// Loads an exchange file, shows it, and merges it into the collection.
+// Loads an exchange, Discogs or CSV file, shows what importing it would change, and imports it.
 ScreenPage {
     id: root
 
@@ -19,9 +20,9 @@ ScreenPage {
 
     FileDialog {
         id: picker
-        title: "Choose the exchange file"
+        title: "Choose the file to import"
         fileMode: FileDialog.OpenFile
-        nameFilters: ["Exchange files (*.csv *.txt)", "All files (*)"]
+        nameFilters: ["Collection files (*.csv *.txt)", "All files (*)"]
         onAccepted: controller.documentPicked(selectedFile)
         onRejected: controller.documentPickerWasCancelled()
     }
@@ -53,6 +54,14 @@ ScreenPage {
                 Layout.preferredWidth: 1
                 onClicked: controller.ImportTextFile()
             }
+            StyledButton {
+                objectName: "CancelButton"
+                text: "Cancel"
+                visible: controller.busy
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                onClicked: controller.CancelButtonTapped()
+            }
         }
 
         Label {
@@ -64,46 +73,130 @@ ScreenPage {
             color: "#555555"
             Layout.fillWidth: true
         }
-
-        ProgressBar {
-            objectName: "ImportProgress"
-            value: controller.progress
-            visible: controller.importing || controller.progress > 0
+        Label {
+            objectName: "FormatLabel"
+            text: controller.formatLabel
+            visible: text.length > 0
+            elide: Text.ElideRight
+            font.pixelSize: 14
+            color: "#555555"
             Layout.fillWidth: true
         }
 
-        Rectangle {
+        RowLayout {
+            visible: controller.busy
+            spacing: 10
+            Layout.fillWidth: true
+            ProgressBar {
+                objectName: "ImportProgress"
+                value: controller.progress
+                Layout.fillWidth: true
+            }
+            Label {
+                text: controller.importing ? "Importing " + controller.progressText : "Reading " + controller.progressText
+                font.pixelSize: 13
+            }
+        }
+
+        Label {
+            objectName: "CountsLabel"
+            text: controller.countsLabel
+            visible: text.length > 0
+            font.pixelSize: 16
+            font.bold: true
+            wrapMode: Text.Wrap
+            Layout.fillWidth: true
+        }
+
+        Label {
+            objectName: "RemarksLabel"
+            text: controller.remarksLabel
+            visible: text.length > 0
+            font.pixelSize: 12
+            color: "#555555"
+            wrapMode: Text.Wrap
+            maximumLineCount: 4
+            elide: Text.ElideRight
+            Layout.fillWidth: true
+        }
+
+        TabBar {
+            id: pages
+            objectName: "PreviewTabs"
+            Layout.fillWidth: true
+            TabButton { text: "Preview" }
+            TabButton { text: "File" }
+        }
+
+        // Which kind of line the preview shows.
+        RowLayout {
+            visible: pages.currentIndex === 0 && controller.countsLabel.length > 0
+            spacing: 8
+            Layout.fillWidth: true
+            Label { text: "Show"; font.pixelSize: 14 }
+            ComboBox {
+                objectName: "ShownKindBox"
+                // Index 0 is every line; the others are the kinds 0 to 3.
+                model: ["All lines", "New", "Updated", "Unchanged", "Problems"]
+                currentIndex: controller.shownKind + 1
+                font.pixelSize: 14
+                Layout.fillWidth: true
+                onActivated: (index) => controller.ShowLines(index - 1)
+            }
+        }
+
+        StackLayout {
+            currentIndex: pages.currentIndex
             Layout.fillWidth: true
             Layout.fillHeight: true
-            radius: 5
-            border.width: 1
-            border.color: "black"
-            clip: true
 
-            ScrollView {
-                id: importScroller
-                anchors.fill: parent
-                anchors.margins: 4
-                TextArea {
-                    objectName: "ImportTextView"
-                    WheelScroller { view: importScroller.contentItem }
-                    text: controller.importText
-                    readOnly: true
-                    wrapMode: TextEdit.WrapAnywhere
-                    font.family: "monospace"
-                    font.pixelSize: 12
-                    background: null
+            ListView {
+                id: previewList
+                objectName: "PreviewList"
+                clip: true
+                model: controller.previewLines
+                reuseItems: true
+                spacing: 0
+                delegate: ImportPreviewTableViewCell {
+                    width: ListView.view.width
+                }
+                ScrollBar.vertical: ScrollBar {}
+                WheelScroller { view: previewList }
+
+                BusyIndicator {
+                    anchors.centerIn: parent
+                    running: controller.busy
+                    visible: running
                 }
             }
 
-            BusyIndicator {
-                anchors.centerIn: parent
-                running: controller.importing
-                visible: running
+            Rectangle {
+                radius: 5
+                border.width: 1
+                border.color: "black"
+                clip: true
+
+                ScrollView {
+                    id: importScroller
+                    anchors.fill: parent
+                    anchors.margins: 4
+                    TextArea {
+                        objectName: "ImportTextView"
+                        WheelScroller { view: importScroller.contentItem }
+                        text: controller.importText
+                        readOnly: true
+                        wrapMode: TextEdit.WrapAnywhere
+                        font.family: "monospace"
+                        font.pixelSize: 12
+                        background: null
+                    }
+                }
             }
         }
 
+        // The help is for choosing a file; a preview takes its room.
         Rectangle {
+            visible: controller.countsLabel.length === 0
             Layout.fillWidth: true
             Layout.preferredHeight: helpText.implicitHeight + 16
             radius: 5

@@ -9,11 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace Exchange {
 
-bool hasRecordSection(QStringView text)
+bool hasLine(QStringView text, QStringView line)
 {
     const auto endsLine = [](QChar c) { return c == u'\n' || c == u'\r'; };
-    for (qsizetype at = text.indexOf(kRecordMarker); at >= 0; at = text.indexOf(kRecordMarker, at + 1)) {
-        const qsizetype end = at + kRecordMarker.size();
+    for (qsizetype at = text.indexOf(line); at >= 0; at = text.indexOf(line, at + 1)) {
+        const qsizetype end = at + line.size();
         if ((at == 0 || endsLine(text[at - 1])) && (end == text.size() || endsLine(text[end])))
             return true;
     }
@@ -33,27 +33,53 @@ QString shortenedLine(QStringView line)
     return fields.join(kSeparator);
 }
 
+namespace {
+QString textOf(QByteArrayView utf8) { return QString::fromUtf8(utf8); }
+QString textOf(QStringView text) { return text.toString(); }
+
 // A long text is shown as a labelled summary: its size, then its first lines with the pictures'
 // long base64 fields shortened, so the collector sees what the file holds.
-QString preview(QByteArrayView data, qsizetype maxCharacters)
+qsizetype utf8Size(QStringView text)
 {
+    qsizetype size = 0;
+    for (const QChar c : text)
+        size += c.unicode() < 0x80 ? 1 : c.unicode() < 0x800 || c.isSurrogate() ? 2 : 3;
+    return size;
+}
+
+template <typename View>
+QString previewOf(View data, qsizetype dataSize, qsizetype maxCharacters)
+{
+    const auto newline = typename View::value_type(u'\n');
     if (data.size() <= maxCharacters)
-        return QString::fromUtf8(data);
+        return textOf(data);
     const QLocale locale;
     QString shown;
     qsizetype linesShown = 0;
     for (qsizetype start = 0; start < data.size() && shown.size() < maxCharacters; ++linesShown) {
-        qsizetype end = data.indexOf('\n', start);
+        qsizetype end = data.indexOf(newline, start);
         if (end < 0)
             end = data.size();
-        shown += shortenedLine(QString::fromUtf8(data.constData() + start, end - start)) + u'\n';
+        shown += shortenedLine(textOf(data.sliced(start, end - start))) + u'\n';
         start = end + 1;
     }
-    const qsizetype lines = data.count('\n');
+    const qsizetype lines = data.count(newline);
     return u"This file is too large to show whole: %1 in %2 lines. Its first %3 lines follow, with each "
            "picture shortened to its size.\n\n"_s
-               .arg(locale.formattedDataSize(data.size()), locale.toString(lines), locale.toString(linesShown))
+               .arg(locale.formattedDataSize(dataSize), locale.toString(lines), locale.toString(linesShown))
            + shown + (lines > linesShown ? u"\u2026\n(%1 more lines in the file)"_s.arg(locale.toString(lines - linesShown)) : QString());
+}
+} // namespace
+
+QString preview(QByteArrayView utf8, qsizetype maxCharacters)
+{
+    return previewOf(utf8, utf8.size(), maxCharacters);
+}
+
+QString preview(QStringView text, qsizetype maxCharacters)
+{
+    // The size shown is the file's, which is UTF-8.
+    return previewOf(text, utf8Size(text), maxCharacters);
 }
 
 QString cleanNotes(const QString &notes)

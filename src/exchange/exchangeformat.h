@@ -30,8 +30,10 @@ enum RecordField {
 // Field positions of a track line.
 enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 
+// Whether a line of the text (ended by LF, CR LF or CR) is `line`.
+[[nodiscard]] bool hasLine(QStringView text, QStringView line);
 // Whether a line of the text is "[VINYLCOLLECTION]".
-[[nodiscard]] bool hasRecordSection(QStringView text);
+[[nodiscard]] inline bool hasRecordSection(QStringView text) { return hasLine(text, kRecordMarker); }
 
 // A line as a person reads it: any field too long to read (a picture's base64) becomes
 // "[picture: 12,345 characters]".
@@ -39,6 +41,7 @@ enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 // The text for a screen: whole when it is short, otherwise a labelled summary (size, line
 // count) and its first lines shortened as above.
 [[nodiscard]] QString preview(QByteArrayView utf8, qsizetype maxCharacters);
+[[nodiscard]] QString preview(QStringView text, qsizetype maxCharacters);
 
 // Notes keep their line breaks as "~"; carets, apostrophes go and "&" becomes "and".
 [[nodiscard]] QString cleanNotes(const QString &notes);

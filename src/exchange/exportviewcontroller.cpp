@@ -4,6 +4,7 @@
 #include "exchangeformat.h"
 #include "exchangewriter.h"
 #include "platformservices.h"
+#include "store.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -30,6 +31,11 @@ QString unreadableNote(int count)
 
 ExportViewController::ExportViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
+    connect(&m_csvJob, &BackgroundJob::progressChanged, this, [this] {
+        m_progress = m_csvJob.progress();
+        emit changed();
+    });
+    connect(&m_csvJob, &BackgroundJob::finished, this, &ExportViewController::finishCsvBuild);
     loadIfReady();
 }
 
@@ -51,6 +57,51 @@ void ExportViewController::CreateUpdateFileWithoutImages()
 {
     m_exportImages = false;
     build();
+}
+
+void ExportViewController::setTracksInRecordsFile(bool on)
+{
+    if (m_tracksInRecordsFile == on)
+        return;
+    m_tracksInRecordsFile = on;
+    emit changed();
+}
+
+void ExportViewController::CreateCsvFile()
+{
+    if (!app() || m_building || !m_exportButtonEnabled)
+        return;
+    auto result = std::make_shared<CollectionCsv::Files>();
+    m_csvResult = result;
+    const QString storePath = app()->persistentContainer().filePath();
+    const bool tracksInRecordsFile = m_tracksInRecordsFile;
+    m_building = true;
+    m_exportButtonEnabled = false;
+    m_exportText.clear();
+    m_progress = 0.0;
+    emit changed();
+    m_csvJob.start([=](const BackgroundJob::Progress &progress) -> Result<void> {
+        auto store = Store::open(storePath);
+        if (!store)
+            return store.error();
+        auto files = CollectionCsv::write(**store, tracksInRecordsFile, progress);
+        if (!files)
+            return files.error();
+        *result = std::move(*files);
+        return {};
+    });
+}
+
+void ExportViewController::finishCsvBuild(const Result<void> &result)
+{
+    if (!result) {
+        failBuild(result.errorMessage());
+        return;
+    }
+    m_csvFiles = std::move(*m_csvResult);
+    m_csvResult.reset();
+    // The text view shows the records file without its byte-order mark.
+    finishBuild(m_csvFiles.records.mid(3), 0);
 }
 
 void ExportViewController::build()
@@ -84,18 +135,19 @@ void ExportViewController::buildStep()
     }
     m_progress = m_writer->fraction();
     emit changed();
-    if (m_writer->finished())
-        finishBuild();
+    if (m_writer->finished()) {
+        const int unreadable = m_writer->unreadableImages();
+        m_dataString = m_writer->data();
+        m_writer.reset();
+        finishBuild(m_dataString, unreadable);
+    }
     else
         QTimer::singleShot(0, this, &ExportViewController::buildStep);
 }
 
-void ExportViewController::finishBuild()
+void ExportViewController::finishBuild(const QByteArray &shown, int unreadable)
 {
-    const int unreadable = m_writer->unreadableImages();
-    m_dataString = m_writer->data();
-    m_writer.reset();
-    m_exportText = Exchange::preview(m_dataString, kPreviewCharacters);
+    m_exportText = Exchange::preview(shown, kPreviewCharacters);
     m_building = false;
     m_saveFileButtonEnabled = true;
     m_emailButtonEnabled = true;
@@ -118,24 +170,40 @@ void ExportViewController::failBuild(const QString &message)
     showAlert(kTitle, u"The collection could not be read: "_s + message);
 }
 
+QList<std::pair<QString, QByteArray>> ExportViewController::builtFiles() const
+{
+    if (!m_dataString.isEmpty())
+        return {{Exchange::kFileName, m_dataString}};
+    QList<std::pair<QString, QByteArray>> files;
+    if (!m_csvFiles.records.isEmpty())
+        files.append({kRecordsCsvName, m_csvFiles.records});
+    if (!m_csvFiles.tracks.isEmpty())
+        files.append({kTracksCsvName, m_csvFiles.tracks});
+    return files;
+}
+
 void ExportViewController::SaveFile()
 {
-    if (!app() || m_dataString.isEmpty())
+    const auto files = builtFiles();
+    if (!app() || files.isEmpty())
         return;
-    const QString path = QDir(app()->tempDir()).filePath(Exchange::kFileName);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(m_dataString) != m_dataString.size() || !file.commit()) {
-        showAlert(u"Save To Files"_s, u"The file could not be written: "_s + file.errorString());
-        return;
-    }
     ShareItems items;
-    items.filePaths << path;
+    for (const auto &[name, data] : files) {
+        const QString path = QDir(app()->tempDir()).filePath(name);
+        QSaveFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
+            showAlert(u"Save To Files"_s, u"The file could not be written: "_s + file.errorString());
+            return;
+        }
+        items.filePaths << path;
+    }
     app()->platform().share(items);
 }
 
 void ExportViewController::WriteTextFile()
 {
-    if (!app() || m_dataString.isEmpty())
+    const auto files = builtFiles();
+    if (!app() || files.isEmpty())
         return;
     if (!app()->platform().canSendMail()) {
         showAlert(kMailTitle, kMailUnavailable);
@@ -144,6 +212,8 @@ void ExportViewController::WriteTextFile()
     MailMessage mail;
     mail.subject = kMailSubject;
     mail.body = kMailBody;
-    mail.attachments.append(MailAttachment{m_dataString, kMailMimeType, Exchange::kFileName});
+    const QString mimeType = m_dataString.isEmpty() ? kCsvMimeType : kMailMimeType;
+    for (const auto &[name, data] : files)
+        mail.attachments.append(MailAttachment{data, mimeType, name});
     app()->platform().composeMail(mail);
 }

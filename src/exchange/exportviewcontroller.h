@@ -1,5 +1,7 @@
 #pragma once
 
+#include "backgroundjob.h"
+#include "collectioncsv.h"
 #include "screencontroller.h"
 
 #include <QByteArray>
@@ -9,10 +11,11 @@
 
 class ExchangeWriter;
 
-// The export screen: builds the exchange file of the whole collection, shows it, and hands it on
-// through the share facility ("Save To Files") or as a mail attachment ("Email File").
-// Building runs in short slices on the event loop, so the window stays live and the progress
-// bar moves while a large collection is written. One visit builds once.
+// The export screen: builds the exchange file of the whole collection, or its CSV files for a
+// spreadsheet, shows it, and hands it on through the share facility ("Save To Files") or as a
+// mail attachment ("Email File"). Building runs in short slices on the event loop (the CSV
+// files on a worker thread), so the window stays live and the progress bar moves while a large
+// collection is written. One visit builds once.
 class ExportViewController : public ScreenController
 {
     Q_OBJECT
@@ -26,6 +29,8 @@ class ExportViewController : public ScreenController
     // The activity indicator runs while this is true.
     Q_PROPERTY(bool building READ building NOTIFY changed)
     Q_PROPERTY(bool exportImages READ exportImages NOTIFY changed)
+    // CSV export: the tracks as a second section of the records file rather than a file of their own.
+    Q_PROPERTY(bool tracksInRecordsFile READ tracksInRecordsFile WRITE setTracksInRecordsFile NOTIFY changed)
     Q_PROPERTY(QString helpText READ helpText CONSTANT)
 
 public:
@@ -36,6 +41,9 @@ public:
     static inline const QString kMailSubject = QStringLiteral("Vinyl Collection Update Text File");
     static inline const QString kMailBody = QStringLiteral("Attachment: Vinyl Collection Text File");
     static inline const QString kMailMimeType = QStringLiteral("csv");
+    static inline const QString kCsvMimeType = QStringLiteral("text/csv");
+    static inline const QString kRecordsCsvName = QStringLiteral("VinylRecords.csv");
+    static inline const QString kTracksCsvName = QStringLiteral("VinylTracks.csv");
     // Texts longer than this show their first lines only; the file always holds everything.
     static constexpr int kPreviewCharacters = 60000;
 
@@ -49,15 +57,21 @@ public:
     [[nodiscard]] double progress() const { return m_progress; }
     [[nodiscard]] bool building() const { return m_building; }
     [[nodiscard]] bool exportImages() const { return m_exportImages; }
+    [[nodiscard]] bool tracksInRecordsFile() const { return m_tracksInRecordsFile; }
+    void setTracksInRecordsFile(bool on);
     [[nodiscard]] static QString helpText();
     // The whole exchange text (UTF-8); empty until a build has finished.
     [[nodiscard]] const QByteArray &dataString() const { return m_dataString; }
+    // The CSV files; empty until a CSV build has finished.
+    [[nodiscard]] const CollectionCsv::Files &csvFiles() const { return m_csvFiles; }
 
     // Builds with the current image setting.
     Q_INVOKABLE void CreateUpdateFile();
     // Leaves images out, for this build and every later one on this screen.
     Q_INVOKABLE void CreateUpdateFileWithoutImages();
-    // Writes "VinylCollection.csv" to the temporary folder and shares it.
+    // Builds the CSV files: records, and tracks in a second file or section.
+    Q_INVOKABLE void CreateCsvFile();
+    // Writes "VinylCollection.csv" (or the CSV files) to the temporary folder and shares it.
     Q_INVOKABLE void SaveFile();
     // Mails the file as an attachment.
     Q_INVOKABLE void WriteTextFile();
@@ -70,11 +84,18 @@ signals:
 private:
     void build();
     void buildStep();
-    void finishBuild();
+    void finishBuild(const QByteArray &shown, int unreadable);
     void failBuild(const QString &message);
+    void finishCsvBuild(const Result<void> &result);
+    // The built files by name: the exchange file or the CSV files.
+    [[nodiscard]] QList<std::pair<QString, QByteArray>> builtFiles() const;
 
     std::unique_ptr<ExchangeWriter> m_writer;
     QByteArray m_dataString;
+    BackgroundJob m_csvJob;
+    std::shared_ptr<CollectionCsv::Files> m_csvResult;
+    CollectionCsv::Files m_csvFiles;
+    bool m_tracksInRecordsFile = false;
     QString m_exportText;
     double m_progress = 0.0;
     bool m_building = false;

@@ -2,15 +2,26 @@
 
 #include "appdelegate.h"
 #include "exchangeformat.h"
-#include "textfile.h"
-#include "exchangereader.h"
 #include "logging.h"
 #include "snapshots.h"
+#include "store.h"
+#include "textfile.h"
 
 #include <QFileInfo>
-#include <QTimer>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
+
+// What a job is given and what it hands back; the worker writes the results before it ends.
+struct ImportViewController::Work
+{
+    QString path;
+    QString storePath;
+    std::shared_ptr<const ImportFile> file;
+    ImportMerge::Preview preview;
+    QString shownText;
+    ImportCounts applied;
+};
 
 namespace {
 QString unreadableNote(qint64 count)
@@ -20,125 +31,172 @@ QString unreadableNote(qint64 count)
     return u"\n\n"_s + (count == 1 ? u"1 cover picture could not be read and was left out."_s
                                    : u"%1 cover pictures could not be read and were left out."_s.arg(count));
 }
+
+QString remarks(const ImportFile &file)
+{
+    QStringList lines;
+    if (!file.ignoredColumns.isEmpty())
+        lines.append(u"Not read: "_s + file.ignoredColumns.join(u", "_s));
+    if (!file.remarks.isEmpty())
+        lines.append(u"Conditions: "_s + file.remarks.join(u"; "_s));
+    return lines.join(u'\n');
+}
 } // namespace
 
 ImportViewController::ImportViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
-    connect(&m_snapshotJob, &BackgroundJob::finished, this, [this](const Result<void> &kept) {
-        if (!kept) {
-            m_importing = false;
-            m_importButtonEnabled = true;
-            emit changed();
-            showAlert(kTitle, u"Nothing was imported: the collection could not be kept before the import, so it could "
-                              "not be undone.\n"_s + kept.errorMessage());
-            return;
-        }
-        startMerge();
+    connect(&m_job, &BackgroundJob::progressChanged, this, &ImportViewController::progressChanged);
+    connect(&m_job, &BackgroundJob::finished, this, [this](const Result<void> &result) {
+        if (m_importing)
+            importDone(result);
+        else
+            previewDone(result);
     });
     loadIfReady();
 }
 
-ImportViewController::~ImportViewController() = default;
+ImportViewController::~ImportViewController()
+{
+    // An import the user started runs to its end; a preview is only stopped.
+    disconnect(&m_job, nullptr, this, nullptr);
+    if (m_importing)
+        m_job.waitForFinished();
+}
 
 QString ImportViewController::helpText()
 {
-    return u"YOU CAN ONLY IMPORT THE FILE CREATED BY THIS APP.\n"_s
+    return u"YOU CAN IMPORT THE FILE CREATED BY THIS APP, A DISCOGS COLLECTION EXPORT OR A CSV FILE.\n"_s
            + u"1: Select the file you saved to your iCloud drive\n"_s + u"2: Import the file into your device"_s;
 }
 
 void ImportViewController::LoadFile()
 {
-    if (m_loadFileButtonEnabled)
+    if (loadFileButtonEnabled())
         emit openDocumentPicker();
 }
 
 void ImportViewController::documentPicked(const QUrl &url)
 {
-    const QString path = url.isLocalFile() ? url.toLocalFile() : url.toString();
-    auto text = TextFile::readUtf8(path);
-    if (!text) {
-        consoleLine(text.errorMessage());
-        showAlert(kTitle, u"The file could not be read.\n"_s + text.errorMessage());
+    if (!app() || busy())
+        return;
+    auto work = std::make_shared<Work>();
+    work->path = url.isLocalFile() ? url.toLocalFile() : url.toString();
+    work->storePath = app()->persistentContainer().filePath();
+    m_work = work;
+    m_filename = QFileInfo(work->path).fileName();
+    m_job.start([work](const BackgroundJob::Progress &progress) -> Result<void> {
+        auto text = TextFile::readUtf8(work->path);
+        if (!text)
+            return text.error();
+        auto file = std::make_shared<const ImportFile>(ImportFiles::read(std::move(*text)));
+        work->shownText = Exchange::preview(file->text, kPreviewCharacters);
+        auto store = Store::open(work->storePath);
+        if (!store)
+            return store.error();
+        auto preview = ImportMerge::preview(**store, *file, progress);
+        if (!preview)
+            return preview.error();
+        work->file = std::move(file);
+        work->preview = std::move(*preview);
+        return {};
+    });
+    emit changed();
+}
+
+void ImportViewController::previewDone(const Result<void> &result)
+{
+    const std::shared_ptr<Work> work = std::move(m_work);
+    if (!result || !work || !work->file) {
+        m_filename.clear();
+        emit changed();
+        emit previewFinished();
+        if (!m_job.cancelled()) {
+            consoleLine(result.errorMessage());
+            showAlert(kTitle, u"The file could not be read.\n"_s + result.errorMessage());
+        }
         return;
     }
-    m_filename = QFileInfo(path).fileName();
-    m_document = *text;
-    if (m_document.isNull())
-        m_document = u""_s;
-    m_importText = Exchange::preview(m_document.toUtf8(), kPreviewCharacters);
-    m_importButtonEnabled = true;
-    m_loadFileButtonEnabled = false;
+    m_file = work->file;
+    m_counts = work->preview.counts;
+    m_importText = work->shownText;
+    m_formatLabel = ImportFiles::summary(*m_file);
+    m_countsLabel = ImportMerge::countsText(m_counts);
+    m_remarksLabel = remarks(*m_file);
+    m_preview.setPreview(m_file, std::move(work->preview.outcomes));
     emit changed();
+    emit previewFinished();
     showAlert(kTitle, kLoaded);
 }
 
 void ImportViewController::ImportTextFile()
 {
-    if (!app() || m_document.isNull() || m_importing)
+    if (!app() || !importButtonEnabled())
         return;
-    m_importing = true;
-    m_importButtonEnabled = false;
-    m_progress = 0.0;
-    emit changed();
-    Snapshots snapshots = app()->snapshots();
+    auto work = std::make_shared<Work>();
+    work->storePath = app()->persistentContainer().filePath();
+    work->file = m_file;
     const QString source = m_filename;
-    m_snapshotJob.start([snapshots, source](const BackgroundJob::Progress &progress) mutable -> Result<void> {
-        auto kept = snapshots.take(Snapshots::kKindImport, source, progress);
-        return kept ? Result<void>() : Result<void>(kept.error());
+    m_work = work;
+    m_importing = true;
+    m_job.start([work, source, snapshots = app()->snapshots()](const BackgroundJob::Progress &progress) mutable
+                -> Result<void> {
+        auto store = Store::open(work->storePath);
+        if (!store)
+            return store.error();
+        auto counts = ImportMerge::applyAfterSnapshot(**store, *work->file, snapshots, source, progress);
+        if (!counts)
+            return counts.error();
+        work->applied = std::move(*counts);
+        return {};
     });
-}
-
-void ImportViewController::startMerge()
-{
-    m_reader = std::make_unique<ExchangeReader>(app()->persistentContainer(), m_document);
-    if (auto started = m_reader->start(); !started) {
-        failImport(started.errorMessage());
-        return;
-    }
-    QTimer::singleShot(0, this, &ImportViewController::importStep);
-}
-
-void ImportViewController::importStep()
-{
-    if (!m_reader)
-        return;
-    if (!m_reader->finished()) {
-        if (auto step = m_reader->importSome(kBatchLines); !step) {
-            failImport(step.errorMessage());
-            return;
-        }
-    }
-    m_progress = m_reader->fraction();
     emit changed();
-    if (m_reader->finished())
-        finishImport();
-    else
-        QTimer::singleShot(0, this, &ImportViewController::importStep);
 }
 
-void ImportViewController::finishImport()
+void ImportViewController::importDone(const Result<void> &result)
 {
-    const qint64 unreadable = m_reader->counts().unreadableImages;
-    m_reader.reset();
+    const std::shared_ptr<Work> work = std::move(m_work);
     m_importing = false;
-    m_importButtonEnabled = true;
-    m_progress = 1.0;
     emit changed();
     emit importFinished();
-    showAlert(kTitle, kCompleted + unreadableNote(unreadable), {u"OK"_s}, [this](int) {
+    if (m_job.cancelled()) {
+        showAlert(kCancelledTitle, ImportMessages::kCancelled);
+        return;
+    }
+    if (!result) {
+        showAlert(kTitle, kStoreErrorTitle + result.errorMessage()
+                              + u"\n\nNothing was imported; the collection is as it was."_s);
+        return;
+    }
+    m_counts = work->applied;
+    m_countsLabel = ImportMerge::countsText(m_counts);
+    emit changed();
+    showAlert(kTitle, completionMessage(), {u"OK"_s}, [this](int) {
         if (app())
             app()->navigator()->unwind(u"unwindToMenu"_s);
     });
 }
 
-void ImportViewController::failImport(const QString &message)
+QString ImportViewController::completionMessage() const
 {
-    const qint64 done = m_reader ? m_reader->linesDone() : 0;
-    m_reader.reset();
-    m_importing = false;
-    m_importButtonEnabled = true;
+    QString message = kCompleted + u"\n\n"_s + ImportMerge::countsText(m_counts);
+    const QList<ImportProblem> &problems = m_counts.problems;
+    if (!problems.isEmpty()) {
+        message += u"\n\nSkipped:"_s;
+        for (qsizetype i = 0; i < std::min<qsizetype>(problems.size(), kListedProblems); ++i)
+            message += u'\n' + ImportMerge::problemText(problems.at(i));
+        if (problems.size() > kListedProblems)
+            message += u"\nand %1 more"_s.arg(QLocale().toString(problems.size() - kListedProblems));
+    }
+    return message + unreadableNote(m_counts.unreadableImages);
+}
+
+void ImportViewController::CancelButtonTapped()
+{
+    m_job.cancel();
+}
+
+void ImportViewController::ShowLines(int kind)
+{
+    m_preview.showKind(kind);
     emit changed();
-    emit importFinished();
-    showAlert(kTitle, kStoreErrorTitle + message
-                          + u"\n\nThe import stopped; the %1 lines before it were imported."_s.arg(done));
 }

@@ -95,18 +95,17 @@ QImage DesktopPlatformServices::clipboardImage() const
     return qvariant_cast<QImage>(data->imageData());
 }
 
-bool DesktopPlatformServices::print(QTextDocument &document, const QString &jobName)
+std::unique_ptr<QPrinter> DesktopPlatformServices::choosePrinter(const QString &jobName)
 {
     if (!interactive())
-        return false;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(jobName);
-    QPrintDialog dialog(&printer);
+        return nullptr;
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(jobName);
+    QPrintDialog dialog(printer.get());
     dialog.setOption(QAbstractPrintDialog::PrintToFile, true);
     if (dialog.exec() != QDialog::Accepted)
-        return false;
-    document.print(&printer);
-    return true;
+        return nullptr;
+    return printer;
 }
 
 void DesktopPlatformServices::requestReviewPrompt()

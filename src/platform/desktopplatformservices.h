@@ -18,7 +18,7 @@ public:
     void openUrl(const QUrl &url) override;
     bool hasCamera() const override;
     QImage clipboardImage() const override;
-    bool print(QTextDocument &document, const QString &jobName) override;
+    std::unique_ptr<QPrinter> choosePrinter(const QString &jobName) override;
     void requestReviewPrompt() override;
 };
 

@@ -7,7 +7,9 @@
 #include <QStringList>
 #include <QUrl>
 
-class QTextDocument;
+#include <memory>
+
+class QPrinter;
 
 // What a share hands over: texts, images and files, in the order given.
 struct ShareItems
@@ -51,8 +53,9 @@ public:
     // The clipboard's image; a null image when it holds none.
     [[nodiscard]] virtual QImage clipboardImage() const = 0;
 
-    // Shows the print dialog for the document; true when it was printed.
-    virtual bool print(QTextDocument &document, const QString &jobName) = 0;
+    // Shows the print dialog; the printer set up as the user chose, or none when they
+    // cancelled. The caller draws the pages on it (from any one thread).
+    virtual std::unique_ptr<QPrinter> choosePrinter(const QString &jobName) = 0;
 
     // Asks for the app-review prompt (the caller decides how often).
     virtual void requestReviewPrompt() = 0;

@@ -1,10 +1,17 @@
 #include "recordingplatformservices.h"
 
-#include <QTextDocument>
+#include <QDir>
+#include <QPrinter>
 
-bool RecordingPlatformServices::print(QTextDocument &document, const QString &jobName)
+std::unique_ptr<QPrinter> RecordingPlatformServices::choosePrinter(const QString &jobName)
 {
     printedJobs.append(jobName);
-    printedTexts.append(document.toPlainText());
-    return printAnswer;
+    if (!printAnswer)
+        return nullptr;
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(jobName);
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printedFiles.append(QDir(m_printouts.path()).filePath(QStringLiteral("printout-%1.pdf").arg(printedFiles.size())));
+    printer->setOutputFileName(printedFiles.constLast());
+    return printer;
 }

@@ -3,6 +3,7 @@
 #include "platformservices.h"
 
 #include <QList>
+#include <QTemporaryDir>
 
 // A PlatformServices for tests: answers as configured and records every call.
 class RecordingPlatformServices : public PlatformServices
@@ -18,7 +19,8 @@ public:
     QList<MailMessage> mails;
     QList<QUrl> openedUrls;
     QStringList printedJobs;
-    QList<QString> printedTexts;
+    // The PDF file each printer handed out prints to.
+    QStringList printedFiles;
     int reviewPrompts = 0;
 
     bool canSendText() const override { return canSendTextAnswer; }
@@ -28,6 +30,10 @@ public:
     void openUrl(const QUrl &url) override { openedUrls.append(url); }
     bool hasCamera() const override { return hasCameraAnswer; }
     QImage clipboardImage() const override { return clipboard; }
-    bool print(QTextDocument &document, const QString &jobName) override;
+    // A printer that writes a PDF file (none when printAnswer is false).
+    std::unique_ptr<QPrinter> choosePrinter(const QString &jobName) override;
     void requestReviewPrompt() override { ++reviewPrompts; }
+
+private:
+    QTemporaryDir m_printouts;
 };

@@ -1,10 +1,11 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import Platterbox
 
-// The printed report: the records of the screen it was opened from, as rich text, with the
-// rebuild and print buttons.
+// The printed report: the records of the screen it was opened from, page by page as they
+// print, with the rebuild and print buttons. Pages appear while they are laid out.
 ScreenPage {
     id: root
 
@@ -14,14 +15,13 @@ ScreenPage {
         id: controller
     }
 
-    AlertDialog { controller: controller }
+    AlertDialog { objectName: "alert"; controller: controller }
 
     // A new report is read from its title.
     Connections {
         target: controller
         function onReportChanged() {
-            fileTextView.cursorPosition = 0
-            scroller.ScrollBar.vertical.position = 0
+            fileTextView.positionViewAtBeginning()
         }
     }
 
@@ -37,29 +37,61 @@ ScreenPage {
             radius: 5
             border.width: 1
             border.color: "#808080"
-            color: "white"
+            color: "#e6e6e6"
             clip: true
             Layout.fillWidth: true
             Layout.fillHeight: true
 
-            ScrollView {
-                id: scroller
+            ListView {
+                id: fileTextView
+                objectName: "FileTextView"
                 anchors.fill: parent
-                anchors.margins: 1
+                anchors.margins: 8
+                spacing: 8
+                model: controller.pages
+                ScrollIndicator.vertical: ScrollIndicator {}
+                WheelScroller { view: fileTextView }
 
-                TextArea {
-                    id: fileTextView
-                    objectName: "FileTextView"
-                    WheelScroller { view: scroller.contentItem }
-                    readOnly: true
-                    textFormat: TextEdit.RichText
-                    wrapMode: TextEdit.Wrap
-                    color: "black"
-                    background: null
-                    padding: 8
-                    Component.onCompleted: controller.setFileTextView(fileTextView.textDocument)
+                delegate: Rectangle {
+                    id: page
+                    required property string pageSource
+                    required property int pageNumber
+
+                    width: ListView.view.width
+                    // An A4 page: 595.2 by 841.8 points.
+                    height: Math.round(width * 841.8 / 595.2)
+                    color: "white"
+                    border.width: 1
+                    border.color: "#b0b0b0"
+
+                    Image {
+                        anchors.fill: parent
+                        anchors.margins: 1
+                        source: page.pageSource
+                        sourceSize.width: Math.round(width * Screen.devicePixelRatio)
+                        asynchronous: true
+                        // Pages are drawn again when scrolled back to; none is kept.
+                        cache: false
+                    }
+                    Label {
+                        anchors.right: parent.right
+                        anchors.bottom: parent.bottom
+                        anchors.margins: 6
+                        text: page.pageNumber
+                        font.pixelSize: 11
+                        color: "#808080"
+                    }
                 }
             }
+        }
+        ProgressPanel {
+            objectName: "ReportProgress"
+            visible: controller.busy
+            title: controller.progressTitle
+            countText: controller.progressText
+            value: controller.progress
+            Layout.fillWidth: true
+            onCancelClicked: controller.CancelButtonTapped()
         }
         RowLayout {
             spacing: 12
@@ -76,6 +108,7 @@ ScreenPage {
                 text: "Print"
                 shortcut: StandardKey.Print
                 visible: controller.printButtonVisible
+                enabled: !controller.busy
                 Layout.fillWidth: true
                 onClicked: controller.EmailFileClick()
             }

@@ -1,25 +1,22 @@
 #include "filteredlistpdf.h"
 
-#include "appdelegate.h"
 #include "coverpictures.h"
 #include "reportbuilder.h"
+#include "reportpdf.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTextDocument>
 
 namespace FilteredListPdf {
 
-Result<void> write(const BreakdownPdfRequest &request)
+Result<void> write(const BreakdownPdfRequest &request, const BackgroundJob::Progress &progress)
 {
-    if (!request.app)
-        return Error{QStringLiteral("No collection is open.")};
-    CoverPictures covers(request.app->persistentContainer(), ReportBuilder::kViewWidth / 6);
-    QTextDocument document;
-    if (auto built = ReportBuilder::buildFilteredList(document, request.kind, request.records, covers); !built)
-        return built;
+    auto content = ReportContent::filteredList(request.kind, request.records);
+    if (!content)
+        return content.error();
+    CoverReader covers(request.storeFilePath);
     QDir().mkpath(QFileInfo(request.outputFilePath).absolutePath());
-    return ReportBuilder::writePdf(document, request.outputFilePath);
+    return ReportPdf::write(*content, request.outputFilePath, &covers, progress);
 }
 
 void install()

@@ -6,7 +6,9 @@
 // documents folder.
 namespace FilteredListPdf {
 
-Result<void> write(const BreakdownPdfRequest &request);
+// Writes the document a page at a time (run it off the UI thread): progress counts the
+// records written; a cancel leaves no file.
+Result<void> write(const BreakdownPdfRequest &request, const BackgroundJob::Progress &progress);
 // Gives the breakdown lists this writer; every executable that shows screens calls it once.
 void install();
 

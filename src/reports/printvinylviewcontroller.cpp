@@ -1,49 +1,84 @@
 #include "printvinylviewcontroller.h"
 
 #include "appdelegate.h"
+#include "coverpictures.h"
 #include "logging.h"
 #include "platformservices.h"
 #include "reportbuilder.h"
+#include "reportpageprovider.h"
+#include "reportpages.h"
+#include "reportpdf.h"
 #include "reporttexts.h"
+#include "store.h"
 
-#include <QQuickTextDocument>
+#include <QPrinter>
+
+int ReportPageModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_pageCount;
+}
+
+QVariant ReportPageModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    switch (role) {
+    case PageSourceRole: return ReportPageProvider::source(m_reportKey, index.row());
+    case PageNumberRole: return index.row() + 1;
+    default: return {};
+    }
+}
+
+QHash<int, QByteArray> ReportPageModel::roleNames() const
+{
+    return {{PageSourceRole, "pageSource"}, {PageNumberRole, "pageNumber"}};
+}
+
+void ReportPageModel::reset(const QString &reportKey)
+{
+    beginResetModel();
+    m_reportKey = reportKey;
+    m_pageCount = 0;
+    endResetModel();
+}
+
+void ReportPageModel::setPageCount(int count)
+{
+    if (count <= m_pageCount)
+        return;
+    beginInsertRows({}, m_pageCount, count - 1);
+    m_pageCount = count;
+    endInsertRows();
+}
 
 PrintVinylViewController::PrintVinylViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
+    connect(&m_task, &BackgroundJob::progressChanged, this, &PrintVinylViewController::showProgress);
+    connect(&m_task, &BackgroundJob::finished, this, &PrintVinylViewController::taskDone);
     loadIfReady();
 }
 
-PrintVinylViewController::~PrintVinylViewController() = default;
+PrintVinylViewController::~PrintVinylViewController()
+{
+    disconnect(&m_task, nullptr, this, nullptr);
+    stopTask();
+    ReportPageProvider::withdraw(m_reportKey);
+}
 
 QString PrintVinylViewController::title() const
 {
     return ReportTexts::kReportTitle;
 }
 
-QTextDocument &PrintVinylViewController::fileText()
-{
-    if (m_view && m_view->textDocument())
-        return *m_view->textDocument();
-    return m_document;
-}
-
 void PrintVinylViewController::viewDidLoad()
 {
-    m_covers = std::make_unique<CoverPictures>(app()->persistentContainer(), ReportBuilder::kViewWidth / 6);
     fetch();
-}
-
-void PrintVinylViewController::setFileTextView(QQuickTextDocument *document)
-{
-    m_view = document;
-    if (!m_vinylList.isEmpty())
-        buildReport(false);
 }
 
 void PrintVinylViewController::fetch()
 {
     m_vinylList.clear();
-    fileText().clear();
+    clearReport();
     const AppState &state = *app()->state();
     if (!ReportBuilder::reportRequest(state.originScreen(), state.currentRecord(), state.sortAscending())) {
         // Another origin selects nothing: the list stays empty until the rebuild button reports it.
@@ -60,22 +95,73 @@ void PrintVinylViewController::fetch()
     buildReport(true);
 }
 
+void PrintVinylViewController::stopTask()
+{
+    m_task.cancel();
+    m_task.waitForFinished();
+}
+
+void PrintVinylViewController::clearReport()
+{
+    stopTask();
+    ReportPageProvider::withdraw(m_reportKey);
+    m_reportKey.clear();
+    m_report.reset();
+    m_pages.reset({});
+}
+
 void PrintVinylViewController::buildReport(bool alertWhenEmpty)
 {
-    if (!app() || !m_covers)
+    if (!app())
         return;
+    clearReport();
     if (m_vinylList.isEmpty()) {
         m_printButtonVisible = false;
-        fileText().clear();
         emit reportChanged();
         if (alertWhenEmpty)
             showAlert(ReportTexts::kEmptyTitle, ReportTexts::kEmptyMessage);
         return;
     }
-    auto built = ReportBuilder::buildReport(fileText(), app()->state()->originScreen(), m_vinylList, *m_covers);
+    auto content = ReportContent::printedReport(app()->state()->originScreen(), m_vinylList);
+    if (!content) {
+        emit reportChanged();
+        showAlert(ReportTexts::kNotBuiltTitle, content.errorMessage());
+        return;
+    }
+    m_printButtonVisible = true;
+    m_report = std::make_shared<PagedReport>(std::move(content).value(), app()->persistentContainer().filePath());
+    m_reportKey = ReportPageProvider::publish(m_report);
+    m_pages.reset(m_reportKey);
     emit reportChanged();
-    if (!built)
-        showAlert(ReportTexts::kNotBuiltTitle, built.errorMessage());
+
+    m_taskTitle = ReportTexts::kLayingOut;
+    m_taskKind = Task::Layout;
+    m_task.start([report = m_report](const BackgroundJob::Progress &progress) { return report->paginate(progress); });
+}
+
+void PrintVinylViewController::taskDone(const Result<void> &result)
+{
+    showProgress();
+    emit taskFinished();
+    const bool cancelled = m_task.cancelled();
+    if (m_taskKind == Task::Layout) {
+        if (!result && !cancelled)
+            showAlert(ReportTexts::kNotBuiltTitle, result.errorMessage());
+        return;
+    }
+    if (cancelled)
+        consoleLine(ReportTexts::kPrintCancelled);
+    else if (result)
+        consoleLine(ReportTexts::kPrinted);
+    else
+        showAlert(ReportTexts::kNotPrintedTitle, result.errorMessage());
+}
+
+void PrintVinylViewController::showProgress()
+{
+    if (m_report)
+        m_pages.setPageCount(m_report->pageCount());
+    emit progressChanged();
 }
 
 void PrintVinylViewController::CreateFileClick()
@@ -85,8 +171,23 @@ void PrintVinylViewController::CreateFileClick()
 
 void PrintVinylViewController::EmailFileClick()
 {
-    if (!app() || m_vinylList.isEmpty())
+    if (!app() || m_vinylList.isEmpty() || !m_report || busy())
         return;
-    const bool printed = app()->platform().print(fileText(), ReportTexts::kPrintJob);
-    consoleLine(printed ? ReportTexts::kPrinted : ReportTexts::kPrintCancelled);
+    std::shared_ptr<QPrinter> printer = app()->platform().choosePrinter(ReportTexts::kPrintJob);
+    if (!printer) {
+        consoleLine(ReportTexts::kPrintCancelled);
+        return;
+    }
+    m_taskTitle = ReportTexts::kPrinting;
+    m_taskKind = Task::Printing;
+    m_task.start([report = m_report, printer, store = app()->persistentContainer().filePath()](
+                     const BackgroundJob::Progress &progress) {
+        CoverReader covers(store);
+        return ReportPdf::print(report->content(), *printer, &covers, progress);
+    });
+}
+
+void PrintVinylViewController::CancelButtonTapped()
+{
+    m_task.cancel();
 }

@@ -9,6 +9,7 @@ using namespace Qt::StringLiterals;
 inline const QString kEmptyTitle = u"Empty Data Set!"_s;
 inline const QString kEmptyMessage = u"No Vinyl's to Print!"_s;
 inline const QString kNotBuiltTitle = u"Report not Created"_s;
+inline const QString kNotPrintedTitle = u"Report not Printed"_s;
 inline const QString kPdfWritten = u"wrote PDF file with multiple pages to: "_s;
 inline const QString kPdfNotWritten = u"Could not create PDF file: "_s;
 inline const QString kPrinted = u"Image is Printed"_s;
@@ -18,6 +19,11 @@ inline const QString kUnreadableAmount = u"The %1 of \"%2\" cannot be read as a 
 inline const QString kReportTitle = u"Print Vinyl"_s;
 inline const QString kOverviewTitle = u"Vinyl Collection Overview"_s;
 inline const QString kPrintJob = u"Vinyl Collection"_s;
+inline const QString kCancelled = u"Cancelled."_s;
+
+// What the progress bar of a report says it is doing.
+inline const QString kLayingOut = u"Laying out pages"_s;
+inline const QString kPrinting = u"Printing"_s;
 
 // Title lines of the printed report.
 inline const QString kCompleteList = u"Complete List of Vinyl"_s;

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QFile>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -346,7 +347,8 @@ void TestBreakdownLists::sharing()
     QVERIFY(app.platform().shared.isEmpty());
 
     QList<QStringList> requested;
-    BreakdownTableViewController::setPdfWriter([&requested](const BreakdownPdfRequest &request) -> Result<void> {
+    BreakdownTableViewController::setPdfWriter([&requested](const BreakdownPdfRequest &request,
+                                                            const BackgroundJob::Progress &) -> Result<void> {
         QStringList names;
         for (const Vinyl &v : request.records)
             names.append(text(v.name));
@@ -369,6 +371,8 @@ void TestBreakdownLists::sharing()
     app.platform().canSendTextAnswer = true;
     list.updateSearchResults(u"the"_s);
     list.ShareArtistButtonClicked();
+    QSignalSpy finished(&list, &BreakdownTableViewController::shareFinished);
+    QVERIFY(finished.wait());
     QCOMPARE(requested, QList<QStringList>{QStringList({u"Other Side"_s, u"The Wall"_s})});
     QCOMPARE(app.platform().shared.size(), 1);
     QCOMPARE(app.platform().shared.first().filePaths, QStringList{list.outputFilePath()});

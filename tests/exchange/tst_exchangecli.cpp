@@ -51,6 +51,9 @@ private slots:
         QTest::newRow("import a missing file") << QStringList{u"import"_s, u"DIR/missing.csv"_s} << int(CliBadInput)
                                                << u"Cannot read"_s;
         QTest::newRow("import a folder") << QStringList{u"import"_s, u"DIR"_s} << int(CliBadInput) << u"is a folder"_s;
+        QTest::newRow("CSV export") << QStringList{u"export"_s, u"FILE"_s, u"--csv"_s} << int(CliOk) << QString();
+        QTest::newRow("one file without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--one-file"_s} << int(CliBadUsage)
+                                                << u"usage:"_s;
         QTest::newRow("import two files") << QStringList{u"import"_s, u"a"_s, u"b"_s} << int(CliBadUsage) << u"usage:"_s;
     }
 
@@ -133,7 +136,8 @@ private slots:
 
         const Run imported = run({u"--data-dir"_s, target.path(), u"import"_s, file});
         QCOMPARE(imported.code, int(CliOk));
-        QCOMPARE(imported.out, u"Data File Import Completed\n"_s);
+        QVERIFY2(imported.out.startsWith(u"Platterbox exchange file: 5 records, "_s), qPrintable(imported.out));
+        QVERIFY2(imported.out.endsWith(u" unchanged, 0 problems\nData File Import Completed\n"_s), qPrintable(imported.out));
         const Run stats = run({u"--data-dir"_s, target.path(), u"stats"_s});
         QVERIFY2(stats.out.startsWith(u"Records: 5\n"_s), qPrintable(stats.out));
 
@@ -142,6 +146,52 @@ private slots:
         QCOMPARE(run({u"--data-dir"_s, target.path(), u"export"_s, again, u"--no-images"_s}).code, int(CliOk));
         const auto records = [](const QByteArray &data) { return data.left(data.indexOf("[TRACKCOLLECTION]")); };
         QCOMPARE(records(readAll(again)), records(readAll(file)));
+    }
+
+    // The dry run prints what the import would do and changes nothing; the import prints what it did.
+    void dryRunThenImport()
+    {
+        QTemporaryDir dir;
+        const QString file = QStringLiteral(PB_TEST_DATA "/discogs-collection.csv");
+        const QString head = u"Discogs collection export: 12 records\nNot read: Rating, CollectionFolder, Date Added, Shelf\n"_s;
+        const Run dry = run({u"--data-dir"_s, dir.path(), u"import"_s, file, u"--dry-run"_s});
+        QCOMPARE(dry.code, int(CliOk));
+        QCOMPARE(dry.out, head + u"12 new, 0 updated, 0 unchanged, 0 problems\nDry run: nothing was changed.\n"_s);
+        QVERIFY(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out.startsWith(u"Records: 0\n"_s));
+
+        const Run imported = run({u"--data-dir"_s, dir.path(), u"import"_s, file});
+        QCOMPARE(imported.out, head + u"12 new, 0 updated, 0 unchanged, 0 problems\nData File Import Completed\n"_s);
+        QVERIFY(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out.startsWith(u"Records: 12\n"_s));
+        const Run again = run({u"--data-dir"_s, dir.path(), u"import"_s, file, u"--dry-run"_s});
+        QVERIFY2(again.out.contains(u"\n0 new, 0 updated, 12 unchanged, 0 problems\n"_s), qPrintable(again.out));
+    }
+
+    void csvExportWritesTracksBesideOrInside_data()
+    {
+        QTest::addColumn<bool>("oneFile");
+        QTest::newRow("second file") << false;
+        QTest::newRow("second section") << true;
+    }
+
+    void csvExportWritesTracksBesideOrInside()
+    {
+        QFETCH(bool, oneFile);
+        QTemporaryDir dir;
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"2"_s}).code, int(CliOk));
+        const QString file = dir.filePath(u"collection.csv"_s);
+        QStringList arguments{u"--data-dir"_s, dir.path(), u"export"_s, file, u"--csv"_s};
+        if (oneFile)
+            arguments << u"--one-file"_s;
+        const Run r = run(arguments);
+        QCOMPARE(r.code, int(CliOk));
+        const QString tracksFile = dir.filePath(u"collection-tracks.csv"_s);
+        QCOMPARE(r.out, u"Wrote "_s + file + u"\n"_s + (oneFile ? QString() : u"Wrote "_s + tracksFile + u"\n"_s));
+        QCOMPARE(QFile::exists(tracksFile), !oneFile);
+        const QByteArray tracksHeader = "vinylID,trackNumber,song,duration,writtenBy\r\n";
+        const QByteArray section = "\r\n\r\n" + tracksHeader, ownFile = "\xEF\xBB\xBF" + tracksHeader;
+        QCOMPARE(readAll(file).contains(section), oneFile);
+        if (!oneFile)
+            QVERIFY(readAll(tracksFile).startsWith(ownFile));
     }
 };
 

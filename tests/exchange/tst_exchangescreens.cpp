@@ -2,6 +2,7 @@
 #include "exportviewcontroller.h"
 #include "importexportviewcontroller.h"
 #include "importviewcontroller.h"
+#include "snapshots.h"
 #include "store.h"
 #include "testsupport.h"
 
@@ -9,6 +10,7 @@
 #include <QDir>
 #include <QImage>
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -22,6 +24,30 @@ void addRecord(TestApp &t, const QString &name, qint16 id)
     v.releaseDate = QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6));
     v.frontImage = QByteArray("not a picture");
     QVERIFY(t.store().update(v).ok());
+}
+
+QString writeFile(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
+{
+    const QString path = dir.filePath(name);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(bytes);
+    return path;
+}
+
+// Picks the file and waits for its preview.
+bool pick(ImportViewController &controller, const QString &path)
+{
+    QSignalSpy finished(&controller, &ImportViewController::previewFinished);
+    controller.documentPicked(QUrl::fromLocalFile(path));
+    return finished.wait(10000);
+}
+
+bool import(ImportViewController &controller)
+{
+    QSignalSpy finished(&controller, &ImportViewController::importFinished);
+    controller.ImportTextFile();
+    return finished.wait(10000);
 }
 
 bool build(ExportViewController &controller, bool withImages = true)
@@ -220,57 +246,130 @@ private slots:
         QCOMPARE(mail.attachments.first().data, QByteArray("[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n"));
     }
 
-    void importScreenLoadsAndImportsAFile()
+    void csvExportSharesItsFiles_data()
+    {
+        QTest::addColumn<bool>("tracksInRecordsFile");
+        QTest::addColumn<QStringList>("names");
+        QTest::newRow("tracks in their own file") << false << QStringList{u"VinylRecords.csv"_s, u"VinylTracks.csv"_s};
+        QTest::newRow("tracks in the records file") << true << QStringList{u"VinylRecords.csv"_s};
+    }
+
+    void csvExportSharesItsFiles()
+    {
+        QFETCH(bool, tracksInRecordsFile);
+        QFETCH(QStringList, names);
+        TestApp t;
+        addRecord(t, u"One"_s, 1);
+        ExportViewController controller(&t.app());
+        controller.setTracksInRecordsFile(tracksInRecordsFile);
+        QSignalSpy finished(&controller, &ExportViewController::buildFinished);
+        controller.CreateCsvFile();
+        QVERIFY(finished.wait(5000));
+        QVERIFY(!controller.exportButtonEnabled());
+        QVERIFY(controller.exportText().startsWith(u"id,name,artist,releaseDate,"_s));
+        QVERIFY(controller.exportText().contains(u"1,One,Artist,2001-02-03,Label,"_s));
+        QTRY_COMPARE(controller.lastAlertMessage(), ExportViewController::kDone);
+
+        controller.SaveFile();
+        QCOMPARE(t.platform().shared.size(), 1);
+        QStringList shared;
+        for (const QString &path : t.platform().shared.first().filePaths)
+            shared << QFileInfo(path).fileName();
+        QCOMPARE(shared, names);
+        controller.WriteTextFile();
+        QCOMPARE(t.platform().mails.value(0).attachments.size(), names.size());
+        QCOMPARE(t.platform().mails.value(0).attachments.value(0).mimeType, u"text/csv"_s);
+    }
+
+    void importScreenPreviewsAndImportsAFile()
     {
         TestApp t;
         QTemporaryDir dir;
-        const QString path = dir.filePath(u"picked.csv"_s);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[VINYLCOLLECTION]\r\n1.0^Artist^2.0^^^5^Album^^^1^^^^3.0^^^\r\n[TRACKCOLLECTION]\r\n1.5^Song^1^5^\r\n");
-        file.close();
-
+        const QString path = writeFile(dir, u"picked.csv"_s,
+                                       "[VINYLCOLLECTION]\r\n1.0^Artist^2.0^^^5^Album^^^1^^^^3.0^^^\r\n[TRACKCOLLECTION]\r\n1.5^Song^1^5^\r\n");
         ImportViewController controller(&t.app());
         QVERIFY(!controller.importButtonEnabled());
         QVERIFY(controller.loadFileButtonEnabled());
-        QCOMPARE(controller.helpText(), u"YOU CAN ONLY IMPORT THE FILE CREATED BY THIS APP.\n1: Select the file you saved "
-                                        "to your iCloud drive\n2: Import the file into your device"_s);
+        QCOMPARE(controller.helpText(), u"YOU CAN IMPORT THE FILE CREATED BY THIS APP, A DISCOGS COLLECTION EXPORT OR A CSV "
+                                        "FILE.\n1: Select the file you saved to your iCloud drive\n2: Import the file into "
+                                        "your device"_s);
         QSignalSpy picker(&controller, &ImportViewController::openDocumentPicker);
         controller.LoadFile();
         QCOMPARE(picker.size(), 1);
 
-        controller.documentPicked(QUrl::fromLocalFile(path));
+        QVERIFY(pick(controller, path));
         QCOMPARE(controller.lastAlertTitle(), u"Data Import File"_s);
         QCOMPARE(controller.lastAlertMessage(), u"File Loaded and Ready to Import"_s);
         QCOMPARE(controller.filename(), u"picked.csv"_s);
+        QCOMPARE(controller.formatLabel(), u"Platterbox exchange file: 1 record, 1 track"_s);
+        QCOMPARE(controller.countsLabel(), u"2 new, 0 updated, 0 unchanged, 0 problems"_s);
+        QCOMPARE(controller.previewLines()->rowCount(), 2);
         QVERIFY(controller.importText().startsWith(u"[VINYLCOLLECTION]"_s));
         QVERIFY(controller.importButtonEnabled());
         QVERIFY(!controller.loadFileButtonEnabled());
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 0); // the preview changed nothing
 
-        QSignalSpy finished(&controller, &ImportViewController::importFinished);
-        controller.ImportTextFile();
-        QVERIFY(finished.wait(5000));
-        QCOMPARE(controller.lastAlertMessage(), u"Data File Import Completed"_s);
+        QVERIFY(import(controller));
+        QCOMPARE(controller.lastAlertMessage(), u"Data File Import Completed\n\n2 new, 0 updated, 0 unchanged, 0 problems"_s);
         QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
         QCOMPARE(t.store().count(FetchRequest(Entity::Tracks)).valueOr(0), 1);
+        // The store before the import was kept, so that the import can be undone.
+        const auto snapshot = Snapshots(t.dataDir(), {t.store().filePath(), t.app().documentsDir()}).latest();
+        QVERIFY(snapshot.has_value());
+        QCOMPARE(snapshot->info.kind, u"import"_s);
+        QCOMPARE(snapshot->info.source, u"picked.csv"_s);
+        QCOMPARE(snapshot->info.records, qint64(0));
         controller.answerAlert(0);
         QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToMenu"_s);
+    }
+
+    void completionListsTheSkippedLines()
+    {
+        TestApp t;
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, u"export.csv"_s, "Artist,Title,Label,Format,Released,release_id\n"
+                                                            "A,One,L,LP,1975,1\nB,,L,LP,1976,2\nC,Three,L,LP,1977-13,3\n");
+        ImportViewController controller(&t.app());
+        QVERIFY(pick(controller, path));
+        QCOMPARE(controller.formatLabel(), u"Discogs collection export: 3 records"_s);
+        QCOMPARE(controller.countsLabel(), u"1 new, 0 updated, 0 unchanged, 2 problems"_s);
+        controller.ShowLines(ImportOutcome::Problem);
+        QCOMPARE(controller.previewLines()->rowCount(), 2);
+        QVERIFY(import(controller));
+        QCOMPARE(controller.lastAlertMessage(), u"Data File Import Completed\n\n1 new, 0 updated, 0 unchanged, 2 problems\n\n"
+                                                "Skipped:\nLine 3: no name (the Title is empty)\n"
+                                                "Line 4: Released \"1977-13\" is not a date"_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
+    }
+
+    void cancelledImportChangesNothing()
+    {
+        TestApp t;
+        QTemporaryDir dir;
+        QByteArray csv("name,artist\n");
+        for (int i = 0; i < 2000; ++i)
+            csv += "Album " + QByteArray::number(i) + ",A\n";
+        ImportViewController controller(&t.app());
+        QVERIFY(pick(controller, writeFile(dir, u"many.csv"_s, csv)));
+        QSignalSpy finished(&controller, &ImportViewController::importFinished);
+        controller.ImportTextFile();
+        QVERIFY(controller.busy());
+        controller.CancelButtonTapped();
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(controller.lastAlertTitle(), u"Import Cancelled"_s);
+        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 0);
+        QVERIFY(controller.importButtonEnabled()); // it can be started again
     }
 
     void fileWithoutMarkerStillCompletes()
     {
         TestApp t;
         QTemporaryDir dir;
-        QFile file(dir.filePath(u"notes.txt"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("just some text\n");
-        file.close();
         ImportViewController controller(&t.app());
-        controller.documentPicked(QUrl::fromLocalFile(file.fileName()));
-        QSignalSpy finished(&controller, &ImportViewController::importFinished);
-        controller.ImportTextFile();
-        QVERIFY(finished.wait(5000));
-        QCOMPARE(controller.lastAlertMessage(), u"Data File Import Completed"_s);
+        QVERIFY(pick(controller, writeFile(dir, u"notes.txt"_s, "just some text\n")));
+        QCOMPARE(controller.formatLabel(), u"Not a file Platterbox can read"_s);
+        QVERIFY(import(controller));
+        QVERIFY(controller.lastAlertMessage().startsWith(u"Data File Import Completed"_s));
         QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 0);
     }
 
@@ -280,13 +379,13 @@ private slots:
         QTemporaryDir dir;
         ImportViewController controller(&t.app());
         ConsoleCapture console;
-        controller.documentPicked(QUrl::fromLocalFile(dir.filePath(u"missing.csv"_s)));
+        QVERIFY(pick(controller, dir.filePath(u"missing.csv"_s)));
         QCOMPARE(controller.lastAlertTitle(), u"Data Import File"_s);
         QVERIFY(controller.lastAlertMessage().startsWith(u"The file could not be read."_s));
         QCOMPARE(console.lines().size(), 1);
         QVERIFY(!controller.importButtonEnabled());
         QVERIFY(controller.loadFileButtonEnabled());
-        QVERIFY(controller.document().isNull());
+        QVERIFY(controller.filename().isEmpty());
     }
 };
 

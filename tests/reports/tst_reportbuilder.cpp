@@ -1,13 +1,26 @@
 #include "breakdown.h"
 #include "coverpictures.h"
 #include "reportbuilder.h"
+#include "reportpages.h"
+#include "reportpdf.h"
 #include "reporttexts.h"
+#include "samplecollection.h"
+#include "store.h"
 #include "testsupport.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QFile>
+#include <QPageLayout>
+#include <QPdfWriter>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +29,7 @@ Q_DECLARE_METATYPE(Vinyl)
 namespace {
 const QDateTime kMarch5 = QDateTime(QDate(1975, 3, 5), QTime(0, 0));
 const QString kPicture = QString(QChar::ObjectReplacementCharacter);
+constexpr double kCoverWidth = 65;
 
 QByteArray pngBytes(int width, int height)
 {
@@ -57,9 +71,117 @@ Vinyl full()
     return v;
 }
 
-QStringList lines(const QTextDocument &document)
+// The text of each page, as the pages are laid out one after the other.
+QStringList pageTexts(const ReportContent &content)
 {
-    return document.toPlainText().split(u'\n');
+    CoverPictures covers(nullptr, kCoverWidth);
+    ReportPages pages(content, covers, true);
+    QStringList texts;
+    const auto laidOut = pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
+        texts.append(ReportPages::text(piece, page));
+        return true;
+    });
+    return laidOut ? texts : QStringList{laidOut.errorMessage()};
+}
+
+QStringList lines(const ReportContent &content)
+{
+    return pageTexts(content).join(u'\n').split(u'\n');
+}
+
+// Each line of a page with its distance from the top of the page: "18.00 Artist: ABBA".
+QString placedLines(QTextDocument &document, int page)
+{
+    // Pages lie one under the other at the layout's own measure of a page height.
+    const qreal pageHeight = std::round(ReportBuilder::kPageHeight * 64) / 64;
+    QStringList lines;
+    document.documentLayout()->documentSize();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QTextLayout *layout = block.layout();
+        for (int i = 0; i < layout->lineCount(); ++i) {
+            const QTextLine line = layout->lineAt(i);
+            const qreal y = layout->position().y() + line.y();
+            if (int(y / ReportBuilder::kPageHeight) == page)
+                lines.append(QString::number(y - page * pageHeight, 'f', 2) + u' '
+                             + block.text().mid(line.textStart(), line.textLength()));
+        }
+    }
+    return lines.join(u'\n');
+}
+
+// Where each page's lines are, as the pages are laid out one after the other.
+QStringList placedPages(const ReportContent &content, bool decodePictures)
+{
+    CoverPictures covers(nullptr, kCoverWidth);
+    ReportPages pages(content, covers, decodePictures);
+    QStringList texts;
+    const auto laidOut = pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
+        texts.append(placedLines(piece, page));
+        return true;
+    });
+    return laidOut ? texts : QStringList{laidOut.errorMessage()};
+}
+
+// The whole report as one long document, written the way a report was made before it was
+// laid out in pieces: what the pieces must add up to, page for page.
+QStringList pagesOfOneDocument(const ReportContent &content)
+{
+    QBuffer sink;
+    QPdfWriter device(&sink);
+    device.setResolution(72);
+    device.setPageLayout(QPageLayout(QPageSize(QSizeF(ReportBuilder::kPageWidth, ReportBuilder::kPageHeight),
+                                               QPageSize::Point),
+                                     QPageLayout::Portrait, QMarginsF()));
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    QTextCharFormat body;
+    QFont bodyFont(u"sans-serif"_s);
+    bodyFont.setStyleHint(QFont::SansSerif);
+    bodyFont.setPointSizeF(12);
+    body.setFont(bodyFont);
+    body.setForeground(Qt::black);
+    QTextCharFormat title;
+    QFont titleFont(u"Arial"_s);
+    titleFont.setStyleHint(QFont::SansSerif);
+    titleFont.setPointSizeF(content.titlePointSize());
+    title.setFont(titleFont);
+    title.setForeground(Qt::black);
+    QTextBlockFormat centred;
+    centred.setAlignment(Qt::AlignHCenter);
+    QTextBlockFormat left;
+    left.setAlignment(Qt::AlignLeft);
+
+    cursor.setBlockFormat(centred);
+    cursor.insertText(content.title() + u"\n\n"_s, title);
+    cursor.setBlockFormat(left);
+    CoverPictures covers(nullptr, kCoverWidth);
+    int pictures = 0;
+    for (int i = 0; i < content.recordCount(); ++i) {
+        for (const QString &line : content.lines(i).valueOr({}))
+            cursor.insertText(line + u'\n', body);
+        for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
+            const CoverPicture picture = covers.cover(content.record(i), side);
+            if (!picture.exists())
+                continue;
+            const QString name = u"cover:%1"_s.arg(pictures++);
+            document.addResource(QTextDocument::ImageResource, QUrl(name), picture.image);
+            QTextImageFormat format;
+            format.setName(name);
+            format.setWidth(kCoverWidth);
+            format.setHeight(kCoverWidth * picture.size.height() / picture.size.width());
+            cursor.insertImage(format);
+            if (side == CoverSide::Front || content.blanksAfterBackCover())
+                cursor.insertText(u"   "_s, body);
+        }
+        cursor.insertText(u"\n\n"_s, body);
+    }
+    document.documentLayout()->setPaintDevice(&device);
+    document.setDocumentMargin(ReportBuilder::kTextInset);
+    document.setPageSize(QSizeF(ReportBuilder::kPageWidth, ReportBuilder::kPageHeight));
+    QStringList texts;
+    for (int page = 0; page < document.pageCount(); ++page)
+        texts.append(placedLines(document, page));
+    return texts;
 }
 } // namespace
 
@@ -105,10 +227,9 @@ private slots:
     {
         QFETCH(Vinyl, vinyl);
         QFETCH(QStringList, expected);
-        CoverPictures covers(m_app.store(), 65);
-        QTextDocument document;
-        QVERIFY(ReportBuilder::buildFilteredList(document, BreakdownKinds::Artist, {vinyl}, covers));
-        QCOMPARE(lines(document), expected);
+        const auto content = ReportContent::filteredList(BreakdownKinds::Artist, {vinyl});
+        QVERIFY(content);
+        QCOMPARE(lines(*content), expected);
     }
 
     void filteredListTitles_data()
@@ -131,27 +252,34 @@ private slots:
         // Without the title attribute on the first record there is no document, and no crash.
         Vinyl bare;
         bare.name = u"Untitled"_s;
-        CoverPictures covers(m_app.store(), 65);
-        QTextDocument document;
-        const auto built = ReportBuilder::buildFilteredList(document, *kinds[group], {bare}, covers);
+        const auto built = ReportContent::filteredList(*kinds[group], {bare});
         QVERIFY(!built);
         QVERIFY(built.errorMessage().contains(u"has no"_s));
     }
 
     void titleBlockIsCentredArialAndLinesAreLeftSansSerif()
     {
-        CoverPictures covers(m_app.store(), 65);
-        QTextDocument document;
-        QVERIFY(ReportBuilder::buildFilteredList(document, BreakdownKinds::Year, {full()}, covers));
-        const QTextBlock title = document.begin();
-        QCOMPARE(title.blockFormat().alignment(), Qt::AlignHCenter);
-        QCOMPARE(title.begin().fragment().charFormat().font().family(), u"Arial"_s);
-        QCOMPARE(title.begin().fragment().charFormat().font().pointSizeF(), 21.0);
-        const QTextBlock line = title.next().next();
-        QCOMPARE(line.text(), u"Artist: ABBA"_s);
-        QVERIFY(!(line.blockFormat().alignment() & Qt::AlignHCenter));
-        QCOMPARE(line.begin().fragment().charFormat().font().pointSizeF(), 12.0);
-        QCOMPARE(line.begin().fragment().charFormat().foreground().color(), QColor(Qt::black));
+        const auto content = ReportContent::filteredList(BreakdownKinds::Year, {full()});
+        QVERIFY(content);
+        CoverPictures covers(nullptr, kCoverWidth);
+        ReportPages pages(*content, covers, true);
+        bool checked = false;
+        QVERIFY(pages.layOut([&](QTextDocument &piece, int, const PageStart &) {
+            const QTextBlock title = piece.begin();
+            [&] {
+                QCOMPARE(title.blockFormat().alignment(), Qt::AlignHCenter);
+                QCOMPARE(title.begin().fragment().charFormat().font().family(), u"Arial"_s);
+                QCOMPARE(title.begin().fragment().charFormat().font().pointSizeF(), 21.0);
+                const QTextBlock line = title.next().next();
+                QCOMPARE(line.text(), u"Artist: ABBA"_s);
+                QVERIFY(!(line.blockFormat().alignment() & Qt::AlignHCenter));
+                QCOMPARE(line.begin().fragment().charFormat().font().pointSizeF(), 12.0);
+                QCOMPARE(line.begin().fragment().charFormat().foreground().color(), QColor(Qt::black));
+                checked = true;
+            }();
+            return false;
+        }));
+        QVERIFY(checked);
     }
 
     void amountsLine_data()
@@ -213,31 +341,26 @@ private slots:
     {
         QFETCH(QString, origin);
         QFETCH(QStringList, expected);
-        CoverPictures covers(m_app.store(), 65);
-        QTextDocument document;
-        QVERIFY(ReportBuilder::buildReport(document, origin, {full()}, covers));
-        QCOMPARE(lines(document), expected);
-        QCOMPARE(document.begin().begin().fragment().charFormat().font().pointSizeF(), 17.0);
+        const auto content = ReportContent::printedReport(origin, {full()});
+        QVERIFY(content);
+        QCOMPARE(content->titlePointSize(), 17);
+        QCOMPARE(lines(*content), expected);
     }
 
     void reportOfSparseRecordKeepsOnlyWhatIsKnown()
     {
-        CoverPictures covers(m_app.store(), 65);
-        QTextDocument document;
-        QVERIFY(ReportBuilder::buildReport(document, u"List"_s, {sparse(), sparse()}, covers));
+        const auto content = ReportContent::printedReport(u"List"_s, {sparse(), sparse()});
+        QVERIFY(content);
         const QStringList record{u"Artist: ABBA"_s, u"Album Name: Arrival"_s,
                                  u"Qty: 0 - Cost: 0.0 - Total Value (Qty * Value): $0.00"_s, QString(), QString()};
         const QStringList expected = QStringList{u"Complete List of Vinyl"_s, QString()} + record + record + QStringList{QString()};
-        QCOMPARE(lines(document), expected);
+        QCOMPARE(lines(*content), expected);
     }
 
     void emptyListIsAnErrorNotACrash()
     {
-        CoverPictures covers(m_app.store(), 65);
-        QTextDocument document;
-        QCOMPARE(ReportBuilder::buildReport(document, u"List"_s, {}, covers).errorMessage(), ReportTexts::kEmptyMessage);
-        QCOMPARE(ReportBuilder::buildFilteredList(document, BreakdownKinds::Label, {}, covers).errorMessage(),
-                 ReportTexts::kEmptyMessage);
+        QCOMPARE(ReportContent::printedReport(u"List"_s, {}).errorMessage(), ReportTexts::kEmptyMessage);
+        QCOMPARE(ReportContent::filteredList(BreakdownKinds::Label, {}).errorMessage(), ReportTexts::kEmptyMessage);
     }
 
     void coversAreScaledToTheirPrintedWidth_data()
@@ -247,6 +370,7 @@ private slots:
         QTest::newRow("large square") << pngBytes(600, 600) << QSize(130, 130);
         QTest::newRow("wide") << pngBytes(400, 200) << QSize(130, 65);
         QTest::newRow("small is enlarged") << pngBytes(20, 40) << QSize(130, 260);
+        QTest::newRow("odd height rounds") << pngBytes(300, 199) << QSize(130, 86);
         QTest::newRow("not a picture") << QByteArray("garbage") << QSize();
         QTest::newRow("none") << QByteArray() << QSize();
     }
@@ -255,12 +379,116 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QSize, size);
-        CoverPictures covers(m_app.store(), 65);
+        CoverPictures covers(nullptr, kCoverWidth);
         Vinyl v;
         v.imagesLoaded = true;
         v.frontImage = bytes;
-        const QImage image = covers.cover(v, CoverSide::Front);
-        QCOMPARE(image.isNull() ? QSize() : image.size(), size);
+        const CoverPicture decoded = covers.cover(v, CoverSide::Front);
+        QCOMPARE(decoded.image.isNull() ? QSize() : decoded.image.size(), size);
+        // Reading only the header gives the same size, so pages break where they will print.
+        QCOMPARE(covers.cover(v, CoverSide::Front, false).size, size.isValid() ? size : QSize());
+    }
+
+    // Pieces restart at page tops; together they must be the long document, page for page,
+    // also where a long block runs over one or several page breaks.
+    void pagesBreakAsOneLongDocument_data()
+    {
+        QTest::addColumn<bool>("printed");
+        QTest::addColumn<int>("records");
+        QTest::addColumn<int>("notesLength");
+        QTest::newRow("printed report with covers") << true << 40 << 0;
+        QTest::newRow("filtered list, notes over page breaks") << false << 30 << 1500;
+        QTest::newRow("filtered list, notes longer than a page") << false << 4 << 9000;
+    }
+
+    void pagesBreakAsOneLongDocument()
+    {
+        QFETCH(bool, printed);
+        QFETCH(int, records);
+        QFETCH(int, notesLength);
+        QList<Vinyl> list;
+        for (int i = 0; i < records; ++i) {
+            Vinyl v = full();
+            v.name = u"Album %1"_s.arg(i);
+            if (i % 3 == 1)
+                v.backImage.reset();
+            v.notes = notesLength > 0 ? u"word "_s.repeated(notesLength / 5 + i) : u"First press"_s;
+            list.append(v);
+        }
+        const auto content = printed ? ReportContent::printedReport(u"List"_s, list)
+                                     : ReportContent::filteredList(BreakdownKinds::Artist, list);
+        QVERIFY(content);
+        const QStringList expected = pagesOfOneDocument(*content);
+        QVERIFY(expected.size() > 2);
+        QCOMPARE(placedPages(*content, true), expected);
+        // Reading only the covers' sizes breaks the pages at the same places.
+        QCOMPARE(placedPages(*content, false), expected);
+    }
+
+    // The screen draws each page again from where it starts; the page must come out as it
+    // did when the report was laid out.
+    void pagesDrawnAgainFromWhereTheyStart()
+    {
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {45, 0, true, 11}));
+        auto records = ReportBuilder::fetchReport(t.store(), u"List"_s, {}, true);
+        QVERIFY(records && records->size() == 45);
+        auto content = ReportContent::printedReport(u"List"_s, *records);
+        QVERIFY(content);
+        CoverReader reader(t.store().filePath());
+        CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
+        ReportPages pages(*content, covers, true);
+        QStringList texts;
+        QVERIFY(pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
+            texts.append(ReportPages::text(piece, page));
+            return true;
+        }));
+
+        PagedReport report(std::move(content).value(), t.store().filePath());
+        QList<qint64> counted;
+        QVERIFY(report.paginate([&counted](qint64 done, qint64 total) {
+            counted.append(done);
+            return total == 45;
+        }));
+        QCOMPARE(counted.constLast(), 45);
+        QVERIFY(std::is_sorted(counted.cbegin(), counted.cend()));
+        QCOMPARE(report.pageCount(), texts.size());
+        for (int page = texts.size() - 1; page >= 0; --page)
+            QCOMPARE(report.text(page), texts.at(page));
+        QVERIFY(report.text(0).startsWith(u"Complete List of Vinyl\n"_s));
+        QVERIFY(report.text(0).contains(u'\n' + kPicture + u"   "_s + kPicture + u'\n'));
+        QCOMPARE(report.render(1, 300).size(), QSize(300, 424));
+        QVERIFY(report.render(texts.size(), 300).isNull());
+    }
+
+    void cancelledWriteLeavesNoFile_data()
+    {
+        QTest::addColumn<QByteArray>("before"); // the file's content before; null: no file
+        QTest::newRow("no file appears") << QByteArray();
+        QTest::newRow("an older file stays as it was") << QByteArray("older document");
+    }
+
+    void cancelledWriteLeavesNoFile()
+    {
+        QFETCH(QByteArray, before);
+        const QString path = m_app.dataDir() + u"/cancelled.pdf"_s;
+        QFile::remove(path);
+        if (!before.isNull()) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(before);
+        }
+        const auto content = ReportContent::printedReport(u"List"_s, QList<Vinyl>(30, full()));
+        QVERIFY(content);
+        ConsoleCapture console;
+        QVERIFY(!ReportPdf::write(*content, path, nullptr, [](qint64, qint64) { return false; }));
+        QVERIFY(console.lines().isEmpty());
+        QFile file(path);
+        QCOMPARE(file.exists(), !before.isNull());
+        if (!before.isNull()) {
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), before);
+        }
     }
 
 private:

@@ -1,18 +1,22 @@
 #include "breakdowntableviewcontroller.h"
 #include "cli.h"
+#include "coverpictures.h"
 #include "filteredlistpdf.h"
 #include "overviewviewcontroller.h"
 #include "printvinylviewcontroller.h"
 #include "reportbuilder.h"
+#include "reportpages.h"
+#include "reportpdf.h"
 #include "reporttexts.h"
 #include "samplecollection.h"
 #include "testsupport.h"
 
+#include <QAbstractItemModelTester>
 #include <QDir>
 #include <QFile>
 #include <QPdfDocument>
+#include <QSignalSpy>
 #include <QTest>
-#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -32,15 +36,46 @@ void add(TestApp &t, const QString &name, const QString &artist, const QString &
     QVERIFY(t.store().insert(v));
 }
 
+// Waits until the screen has laid its report out (or printed it).
+bool settled(PrintVinylViewController &report)
+{
+    if (!report.busy())
+        return true;
+    QSignalSpy finished(&report, &PrintVinylViewController::taskFinished);
+    return finished.wait(60000);
+}
+
+// The report's text as its pages show it.
+QString reportText(PrintVinylViewController &report)
+{
+    if (!settled(report) || !report.report())
+        return {};
+    QStringList pages;
+    for (int page = 0; page < report.report()->pageCount(); ++page)
+        pages.append(report.report()->text(page));
+    return pages.join(u'\n');
+}
+
 // The album names of the report, in the order it lists them.
 QStringList albums(PrintVinylViewController &report)
 {
     QStringList names;
-    for (const QString &line : report.fileText().toPlainText().split(u'\n')) {
+    for (const QString &line : reportText(report).split(u'\n')) {
         if (line.startsWith(u"Album Name: "_s))
             names.append(line.mid(12));
     }
     return names;
+}
+
+QString pdfText(const QString &path)
+{
+    QPdfDocument pdf;
+    if (pdf.load(path) != QPdfDocument::Error::None)
+        return {};
+    QString text;
+    for (int page = 0; page < pdf.pageCount(); ++page)
+        text += pdf.getAllText(page).text() + u'\n';
+    return text;
 }
 
 QSizeF pointSize(QPdfDocument &pdf, int page)
@@ -131,11 +166,14 @@ private slots:
         t.app().state()->setOriginScreen(u"List"_s);
         t.platform().printAnswer = answer;
         PrintVinylViewController report(&t.app());
+        QVERIFY(settled(report));
         ConsoleCapture console;
         report.EmailFileClick();
-        QCOMPARE(t.platform().printedJobs.size(), 1);
-        QVERIFY(t.platform().printedTexts.value(0).contains(u"Album Name: Arrival"_s));
+        QVERIFY(settled(report));
+        QCOMPARE(t.platform().printedJobs, QStringList{u"Vinyl Collection"_s});
         QCOMPARE(console.lines(), QStringList{line});
+        if (answer)
+            QVERIFY(pdfText(t.platform().printedFiles.value(0)).contains(u"Album Name: Arrival"_s));
     }
 
     void breakdownShareWritesAndSharesTheDocument()
@@ -150,14 +188,39 @@ private slots:
         const QString path = QDir(t.app().documentsDir()).filePath(u"VinylFilteredByArtist.pdf"_s);
         for (int round = 0; round < 2; ++round) { // sharing again overwrites the same file
             ConsoleCapture console;
+            QSignalSpy finished(&list, &BreakdownTableViewController::shareFinished);
             list.ShareArtistButtonClicked();
+            QVERIFY(list.sharing());
+            QVERIFY(finished.wait());
             QCOMPARE(console.lines(), QStringList{u"wrote PDF file with multiple pages to: "_s + path});
+            QCOMPARE(list.shareProgressText(), u"2 of 2"_s);
         }
         QCOMPARE(t.platform().shared.size(), 2);
         QCOMPARE(t.platform().shared.last().filePaths, QStringList{path});
         QPdfDocument pdf;
         QCOMPARE(pdf.load(path), QPdfDocument::Error::None);
         QCOMPARE(pdf.pageCount(), 1);
+    }
+
+    void cancelledShareLeavesNoFileAndSharesNothing()
+    {
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {1000, 0, true, 5}));
+        FilteredListPdf::install();
+        t.app().state()->setCurrentRecord(t.store().fetchVinyl(FetchRequest(Entity::Vinyl).limitedTo(1))->first());
+        LabelBreakdownTableViewController list(&t.app());
+        QVERIFY(list.model()->rowCount() > 10);
+        QSignalSpy finished(&list, &BreakdownTableViewController::shareFinished);
+        ConsoleCapture console;
+        list.ShareLabelButtonClicked();
+        list.CancelShareButtonTapped();
+        QVERIFY(finished.wait());
+        QVERIFY(!list.sharing());
+        QVERIFY(t.platform().shared.isEmpty());
+        QVERIFY(list.lastAlertTitle().isEmpty());
+        QVERIFY(console.lines().isEmpty());
+        QVERIFY(!QFile::exists(list.outputFilePath()));
+        QVERIFY(QDir(t.app().documentsDir()).entryList(QDir::Files).isEmpty());
     }
 
     void breakdownShareOfNothingAlerts()
@@ -188,11 +251,18 @@ private slots:
         QVERIFY(addSampleCollection(t.store(), {records, 0, covers, 3}));
         t.app().state()->setOriginScreen(u"List"_s);
         PrintVinylViewController report(&t.app());
+        QAbstractItemModelTester tester(report.pages());
+        QVERIFY(settled(report));
+        QCOMPARE(report.progressText(), u"%1 of %1"_s.arg(records));
+        QCOMPARE(report.pages()->rowCount(), report.report()->pageCount());
         const QString path = t.dataDir() + u"/report.pdf"_s;
-        QVERIFY(ReportBuilder::writePdf(report.fileText(), path));
+        CoverReader reader(t.store().filePath());
+        QVERIFY(ReportPdf::write(report.report()->content(), path, &reader));
         QPdfDocument pdf;
         QCOMPARE(pdf.load(path), QPdfDocument::Error::None);
         QVERIFY2(pdf.pageCount() > records / 10, qPrintable(QString::number(pdf.pageCount())));
+        // The screen shows the pages the document has.
+        QCOMPARE(report.pages()->rowCount(), pdf.pageCount());
         for (int page : {0, pdf.pageCount() - 1}) {
             QCOMPARE(qRound(pointSize(pdf, page).width() * 10), 5952);
             QCOMPARE(qRound(pointSize(pdf, page).height() * 10), 8418);
@@ -204,9 +274,12 @@ private slots:
 
     void unwritableFileIsReported()
     {
-        QTextDocument document(u"text"_s);
+        Vinyl vinyl;
+        vinyl.artist = u"ABBA"_s;
+        const auto content = ReportContent::printedReport(u"List"_s, {vinyl});
+        QVERIFY(content);
         ConsoleCapture console;
-        const auto written = ReportBuilder::writePdf(document, u"/no/such/folder/x.pdf"_s);
+        const auto written = ReportPdf::write(*content, u"/no/such/folder/x.pdf"_s, nullptr);
         QVERIFY(!written);
         QCOMPARE(console.lines().size(), 1);
         QVERIFY(console.lines().constFirst().startsWith(u"Could not create PDF file: "_s));

@@ -26,10 +26,15 @@ double medianMs(int runs, const std::function<void()> &work, const std::function
 void BenchReport::add(Measurement m)
 {
     const auto ratio = m.floorMs && *m.floorMs > 0 ? QString::asprintf("%.2f", m.ms / *m.floorMs) : QStringLiteral("-");
-    std::printf("%-44s %6d %10.2f %10s %7s %8s\n", qPrintable(m.name), m.records, m.ms,
+    QString peak;
+    if (m.peakRssMb)
+        peak = QString::asprintf(" peak %.0f MB", *m.peakRssMb)
+               + (m.targetPeakRssMb ? QString::asprintf(" (target %.0f)", *m.targetPeakRssMb) : QString());
+    std::printf("%-44s %6d %10.2f %10s %7s %8s%s\n", qPrintable(m.name), m.records, m.ms,
                 m.floorMs ? qPrintable(QString::asprintf("%.2f", *m.floorMs)) : "-", qPrintable(ratio),
                 m.targetMs ? qPrintable(QString::asprintf("%.0f", *m.targetMs))
-                           : (m.targetRatio ? qPrintable(QString::asprintf("x%.0f", *m.targetRatio)) : "-"));
+                           : (m.targetRatio ? qPrintable(QString::asprintf("x%.0f", *m.targetRatio)) : "-"),
+                qPrintable(peak));
     std::fflush(stdout);
     m_measurements.append(std::move(m));
 }
@@ -53,7 +58,9 @@ bool BenchReport::writeJson(const QString &path, double peakRss) const
                                       {QStringLiteral("floor_ms"), orNull(m.floorMs)},
                                       {QStringLiteral("ratio"), orNull(ratio)},
                                       {QStringLiteral("target_ms"), orNull(m.targetMs)},
-                                      {QStringLiteral("target_ratio"), orNull(m.targetRatio)}});
+                                      {QStringLiteral("target_ratio"), orNull(m.targetRatio)},
+                                      {QStringLiteral("peak_rss_mb"), orNull(m.peakRssMb)},
+                                      {QStringLiteral("target_peak_rss_mb"), orNull(m.targetPeakRssMb)}});
     }
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))

@@ -15,6 +15,9 @@ struct Measurement
     std::optional<double> floorMs;
     std::optional<double> targetMs;
     std::optional<double> targetRatio;
+    // Peak resident memory of an operation measured in a process of its own.
+    std::optional<double> peakRssMb;
+    std::optional<double> targetPeakRssMb;
 };
 
 // Runs `work` `runs` times (after `prepare` each time, untimed) and returns the median in ms.

@@ -4,27 +4,35 @@
 #include "appstate.h"
 #include "bench.h"
 #include "breakdowntableviewcontroller.h"
+#include "cli.h"
 #include "exchangeformat.h"
 #include "textfile.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
+#include "csv.h"
+#include "importfile.h"
+#include "importmerge.h"
 #include "coverpictures.h"
 #include "filteredlistpdf.h"
 #include "floors.h"
 #include "grouptableviewcontroller.h"
 #include "listvinyltableviewcontroller.h"
+#include "printvinylviewcontroller.h"
 #include "recordingplatformservices.h"
 #include "reportbuilder.h"
+#include "reportpages.h"
+#include "reportpdf.h"
 #include "samplecollection.h"
 #include "store.h"
 #include "valuationviewcontroller.h"
 
 #include <QAbstractItemModel>
 #include <QDir>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QSqlQuery>
-#include <QTextDocument>
 
 #include <cstdio>
 
@@ -58,7 +66,8 @@ void add(BenchReport &report, const BenchCollection &c, const QString &name, dou
 {
     // Targets are set for the collection's ceiling only.
     const bool ceiling = c.records() == 32767;
-    report.add({name, c.records(), ms, floorMs, ceiling ? targetMs : std::nullopt, ceiling ? targetRatio : std::nullopt});
+    report.add({name, c.records(), ms, floorMs, ceiling ? targetMs : std::nullopt, ceiling ? targetRatio : std::nullopt,
+                std::nullopt, std::nullopt});
 }
 
 void measureCollectionList(BenchReport &report, BenchCollection &c)
@@ -251,8 +260,59 @@ qint64 averageCoverBytes(Store &store)
     return query.value(0).toLongLong();
 }
 
+// A Discogs collection export of the collection's records, as a collector who keeps both has.
+QByteArray discogsExportOf(Store &store)
+{
+    QByteArray csv = "Catalog#,Artist,Title,Label,Format,Rating,Released,release_id,CollectionFolder,Date Added,"
+                     "Collection Media Condition,Collection Sleeve Condition,Collection Notes\r\n";
+    int release = 0;
+    for (const Vinyl &v : store.fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr({})) {
+        ++release;
+        const QString released = v.releaseDate ? v.releaseDate->date().toString(Qt::ISODate) : u"0"_s;
+        csv += Csv::line({u"CAT %1"_s.arg(release), text(v.artist), text(v.name), text(v.recordLabel), u"LP, Album"_s,
+                          u"4"_s, released, QString::number(release), u"Uncategorized"_s, u"2020-01-01 10:00:00"_s,
+                          u"Very Good Plus (VG+)"_s, u"Generic"_s, text(v.notes)})
+                   .toUtf8();
+    }
+    return csv;
+}
+
+// A Discogs export of every record: read and previewed against the collection (every line an
+// update), as the import screen does before its counts show; then imported into an empty store.
+void measureDiscogsImport(BenchReport &report, BenchCollection &c)
+{
+    const QString file = QDir(c.dataDir()).filePath(u"discogs.csv"_s);
+    QFile out(file);
+    if (!out.open(QIODevice::WriteOnly) || out.write(discogsExportOf(c.store())) < 0)
+        std::fprintf(stderr, "bench: cannot write the Discogs export\n");
+    out.close();
+    const auto read = [&file] { return ImportFiles::read(TextFile::readUtf8(file).valueOr(QString())); };
+    bool ok = true;
+    const double preview = medianMs(kRuns, [&] { ok = ok && ImportMerge::preview(c.store(), read()).ok(); });
+
+    QTemporaryDir scratch;
+    std::unique_ptr<AppDelegate> target;
+    int round = 0;
+    const auto freshStore = [&] {
+        target.reset();
+        auto app = AppDelegate::create(QDir(scratch.path()).filePath(QString::number(round++)), true,
+                                       std::make_unique<RecordingPlatformServices>());
+        target = app ? std::move(app).value() : nullptr;
+    };
+    const double apply = medianMs(
+        kRuns, [&] { ok = ok && target && ImportMerge::apply(target->persistentContainer(), read()).ok(); }, freshStore);
+    target.reset();
+    if (!ok)
+        std::fprintf(stderr, "bench: a Discogs preview or import failed\n");
+    const double readFloor = Floors::readFile(file, kRuns);
+    add(report, c, u"Discogs export: read and preview"_s, preview, readFloor, 5000, std::nullopt);
+    add(report, c, u"Discogs export: import into an empty store"_s, apply, readFloor, std::nullopt, std::nullopt);
+    QFile::remove(file);
+}
+
 void measureExchange(BenchReport &report, BenchCollection &c)
 {
+    measureDiscogsImport(report, c);
     const QString file = QDir(c.dataDir()).filePath(u"VinylCollection.csv"_s);
     measureExport(report, c, false, file);
     measureExport(report, c, true, file);
@@ -290,13 +350,14 @@ void measureReports(BenchReport &report, BenchCollection &c)
     const QString file = QDir(c.dataDir()).filePath(u"bench.pdf"_s);
     bool ok = true;
     const double filtered = medianMs(kRuns, [&] {
-        ok = ok && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, &c.app()}).ok();
+        ok = ok
+             && FilteredListPdf::write({BreakdownKinds::Artist, reportRecords(c.store()), file, c.store().filePath()}, {})
+                    .ok();
     });
     const double printed = medianMs(kRuns, [&] {
-        CoverPictures covers(c.store(), ReportBuilder::kViewWidth / 6);
-        QTextDocument document;
-        ok = ok && ReportBuilder::buildReport(document, OriginScreens::List, reportRecords(c.store()), covers).ok()
-             && ReportBuilder::writePdf(document, file).ok();
+        auto content = ReportContent::printedReport(OriginScreens::List, reportRecords(c.store()));
+        CoverReader covers(c.store().filePath());
+        ok = ok && content && ReportPdf::write(*content, file, &covers).ok();
     });
     if (!ok)
         std::fprintf(stderr, "bench: a PDF document failed\n");
@@ -315,7 +376,74 @@ void measureReports(BenchReport &report, BenchCollection &c)
     add(report, c, u"printed report of 1,000 records"_s, printed, floorMs, 3000, std::nullopt);
 }
 
+// The printed-report screen opened on the complete list: the time until its first page is
+// drawn, and until every page is laid out (off the UI thread, the window painting meanwhile).
+void measureReportScreen(BenchReport &report, BenchCollection &c)
+{
+    c.app().state()->setOriginScreen(OriginScreens::List);
+    double firstPage = 0;
+    double allPages = 0;
+    bool ok = true;
+    QElapsedTimer timer;
+    timer.start();
+    {
+        PrintVinylViewController screen(&c.app());
+        while (screen.pages()->rowCount() == 0 && screen.busy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        ok = screen.report() && !screen.report()->render(0, 600).isNull();
+        firstPage = double(timer.nsecsElapsed()) / 1e6;
+        while (screen.busy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        allPages = double(timer.nsecsElapsed()) / 1e6;
+    }
+    if (!ok)
+        std::fprintf(stderr, "bench: the report screen failed\n");
+    add(report, c, u"report screen: first page drawn"_s, firstPage, std::nullopt, 1000, std::nullopt);
+    add(report, c, u"report screen: every page laid out"_s, allPages, std::nullopt, std::nullopt, std::nullopt);
+}
+
+// The complete printed report with covers, in a process of its own so its peak resident
+// memory is its own: the report must not grow with the collection.
+void measureCompleteReport(BenchReport &report, BenchCollection &c)
+{
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {u"--complete-report"_s, c.dataDir()});
+    const bool finished = child.waitForFinished(30 * 60 * 1000);
+    const QStringList figures = QString::fromUtf8(child.readAllStandardOutput()).split(u' ', Qt::SkipEmptyParts);
+    bool msOk = false, mbOk = false;
+    const double ms = figures.value(0).toDouble(&msOk);
+    const double mb = figures.value(1).toDouble(&mbOk);
+    if (!finished || child.exitCode() != 0 || !msOk || !mbOk) {
+        std::fprintf(stderr, "bench: the complete report failed: %s\n", child.readAllStandardError().constData());
+        return;
+    }
+    const bool ceiling = c.records() == 32767;
+    Measurement m{u"complete printed report with covers"_s, c.records(), ms, std::nullopt,
+                  ceiling ? std::optional<double>(30000) : std::nullopt, std::nullopt, mb,
+                  ceiling ? std::optional<double>(300) : std::nullopt};
+    report.add(std::move(m));
+}
+
 } // namespace
+
+int runCompleteReport(const QString &dataDir)
+{
+    const QString pdf = QDir(dataDir).filePath(u"complete-report.pdf"_s);
+    QString said;
+    QTextStream out(&said), err(&said);
+    QElapsedTimer timer;
+    timer.start();
+    const int code = runCli({u"--data-dir"_s, dataDir, u"report"_s, u"--pdf"_s, pdf}, out, err);
+    const double ms = double(timer.nsecsElapsed()) / 1e6;
+    QFile::remove(pdf);
+    out.flush();
+    if (code != CliOk) {
+        std::fprintf(stderr, "%s\n", qPrintable(said));
+        return 1;
+    }
+    std::printf("%.1f %.1f\n", ms, peakRssMb());
+    return 0;
+}
 
 Store &BenchCollection::store()
 {
@@ -366,6 +494,8 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"exchange"_s, measureExchange},
         {u"valuation"_s, measureValuation},
         {u"reports"_s, measureReports},
+        {u"reports"_s, measureReportScreen},
+        {u"reports"_s, measureCompleteReport},
     };
     for (const auto &[name, measure] : groups) {
         if (only.isEmpty() || only.contains(name))

@@ -36,3 +36,7 @@ void measureAll(BenchReport &report, BenchCollection &collection);
 
 // Opens the store in dataDir and loads every list screen, as a collector browsing would.
 bool openEveryScreen(const QString &dataDir);
+
+// The complete printed report with covers of the collection in dataDir, written as
+// `platterbox report --pdf` writes it; prints "<ms> <peak resident MB>" for the parent.
+int runCompleteReport(const QString &dataDir);

@@ -2,7 +2,8 @@
 // logic and controllers, each against the same work done by bare SQLite or raw file I/O, and
 // writes results.json. Run with no arguments (or an output folder) for the whole table; the
 // "--resident DIR" form opens a collection's screens in a fresh process and prints its peak
-// resident memory, so the figure is not raised by the benchmark's own export and import.
+// resident memory, so the figure is not raised by the benchmark's own export and import; the
+// "--complete-report DIR" form writes the complete printed report the same way.
 #include "appdelegate.h"
 #include "bench.h"
 #include "benchoperations.h"
@@ -51,6 +52,8 @@ int main(int argc, char *argv[])
     const QStringList arguments = QGuiApplication::arguments();
     if (arguments.value(1) == u"--resident"_s)
         return runResident(arguments.value(2));
+    if (arguments.value(1) == u"--complete-report"_s)
+        return runCompleteReport(arguments.value(2));
 
     const QString outDir = arguments.value(1, u"build/bench"_s);
     QDir().mkpath(outDir);

@@ -128,7 +128,8 @@ int main(int argc, char *argv[])
         context.settle(600);
         for (const TourStep &step : steps) {
             step.prepare(context);
-            context.settle();
+            if (step.settleFirst)
+                context.settle();
             const QString path = dir.filePath(step.fileName);
             if (window->grabWindow().save(path)) {
                 ++written;

@@ -42,6 +42,8 @@ struct TourStep
 {
     QString fileName;
     std::function<void(TourContext &)> prepare;
+    // False for a picture of work in progress: taken as soon as prepare returns.
+    bool settleFirst = true;
 };
 
 // Each subsystem adds its screens in a file of its own.

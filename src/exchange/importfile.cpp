@@ -1,0 +1,60 @@
+#include "importfile.h"
+
+#include "collectioncsv.h"
+#include "csv.h"
+#include "discogscsv.h"
+#include "exchangeformat.h"
+#include "exchangereader.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace ImportFiles {
+
+QString formatName(ImportFormat format)
+{
+    switch (format) {
+    case ImportFormat::Exchange:
+        return u"Platterbox exchange file"_s;
+    case ImportFormat::Discogs:
+        return u"Discogs collection export"_s;
+    case ImportFormat::Spreadsheet:
+        return u"CSV file"_s;
+    case ImportFormat::Unknown:
+        break;
+    }
+    return u"Not a file Platterbox can read"_s;
+}
+
+QString summary(const ImportFile &file)
+{
+    if (file.format == ImportFormat::Unknown)
+        return formatName(file.format);
+    const QLocale locale;
+    const auto count = [&locale](qsizetype n, const QString &one, const QString &many) -> QString {
+        return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
+    };
+    QString text = formatName(file.format) + u": "_s + count(file.records.size(), u"record"_s, u"records"_s);
+    if (!file.tracks.isEmpty())
+        text += u", "_s + count(file.tracks.size(), u"track"_s, u"tracks"_s);
+    return text;
+}
+
+ImportFile read(QString text)
+{
+    if (Exchange::hasLine(text, Exchange::kRecordMarker) || Exchange::hasLine(text, Exchange::kTrackMarker))
+        return ExchangeReader::read(std::move(text));
+    ImportFile file;
+    const QList<Csv::Row> rows = Csv::parse(text);
+    if (!rows.isEmpty() && rows.first().error.isEmpty()) {
+        if (DiscogsCsv::recognises(rows.first().fields))
+            DiscogsCsv::read(rows, file);
+        else if (CollectionCsv::sectionOf(rows.first().fields) != CollectionCsv::Section::None)
+            CollectionCsv::read(rows, file);
+    }
+    file.text = std::move(text);
+    return file;
+}
+
+} // namespace ImportFiles

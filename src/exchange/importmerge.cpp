@@ -1,0 +1,337 @@
+#include "importmerge.h"
+
+#include "coverimageprovider.h"
+#include "exchangeformat.h"
+#include "fileattributes.h"
+#include "logging.h"
+#include "recordnumbers.h"
+#include "snapshots.h"
+#include "store.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QLocale>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Lines between two progress reports.
+constexpr qint64 kProgressEvery = 256;
+
+Error sqlError(const QString &what, const QSqlError &error)
+{
+    return Error{what + u": "_s + error.text()};
+}
+
+// The attributes that differ between before and after, in the form's order.
+template<typename Entity>
+QList<FieldChange> changes(const QList<FileAttribute<Entity>> &table, const Entity &before, const Entity &after,
+                           bool withTexts)
+{
+    QList<FieldChange> list;
+    for (const FileAttribute<Entity> &attribute : table) {
+        if (FileAttributes::same(attribute, before, after))
+            continue;
+        if (withTexts)
+            list.append({attribute.title, FileAttributes::shownText(attribute, before), FileAttributes::shownText(attribute, after)});
+        else
+            list.append(FieldChange{});
+    }
+    return list;
+}
+
+} // namespace
+
+ImportMerge::ImportMerge(Store &store, const ImportFile &file, Mode mode) : m_store(store), m_file(file), m_mode(mode) {}
+
+Result<ImportMerge::Preview> ImportMerge::preview(Store &store, const ImportFile &file, const Progress &progress)
+{
+    ImportMerge merge(store, file, Mode::Preview);
+    if (auto r = merge.run(progress); !r)
+        return r.error();
+    return Preview{std::move(merge.m_counts), std::move(merge.m_outcomes)};
+}
+
+Result<ImportCounts> ImportMerge::apply(Store &store, const ImportFile &file, const Progress &progress)
+{
+    ImportMerge merge(store, file, Mode::Apply);
+    if (auto r = store.transaction([&] { return merge.run(progress); }); !r)
+        return r.error();
+    return merge.m_counts;
+}
+
+Result<ImportCounts> ImportMerge::applyAfterSnapshot(Store &store, const ImportFile &file, Snapshots &snapshots,
+                                                    const QString &source, const Progress &progress)
+{
+    const auto keeping = [&](qint64, qint64) { return !progress || progress(0, file.lineCount()); };
+    if (auto kept = snapshots.take(Snapshots::kKindImport, source, keeping); !kept)
+        return Error{u"The collection could not be kept before the import, so nothing was imported. "_s
+                     + kept.errorMessage()};
+    return apply(store, file, progress);
+}
+
+Result<void> ImportMerge::run(const Progress &progress)
+{
+    if (auto r = buildLookups(); !r)
+        return r;
+    const qint64 total = m_file.lineCount();
+    if (m_mode == Mode::Preview)
+        m_outcomes.reserve(total);
+    const qint64 records = m_file.records.size();
+    for (qint64 next = 0; next < total; ++next) {
+        if (progress && next % kProgressEvery == 0 && !progress(next, total))
+            return Error{ImportMessages::kCancelled};
+        auto r = next < records ? mergeRecord(int(next)) : mergeTrack(int(next - records));
+        if (!r)
+            return r;
+    }
+    if (progress && !progress(total, total))
+        return Error{ImportMessages::kCancelled};
+    return {};
+}
+
+Result<void> ImportMerge::buildLookups()
+{
+    // Only what is present can match: a record without a name matches no line.
+    QSqlQuery q(m_store.database());
+    q.setForwardOnly(true);
+    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL AND artist IS NOT NULL ORDER BY rowid"_s))
+        return sqlError(u"Cannot read the records"_s, q.lastError());
+    m_records.reserve(m_file.records.size());
+    while (q.next()) {
+        StoredRecord stored{q.value(0).toLongLong(), std::nullopt};
+        if (!q.isNull(3))
+            stored.id = qint16(q.value(3).toLongLong());
+        m_records.insert(RecordKey{q.value(1).toString(), q.value(2).toString()}, stored);
+    }
+    // Records without a name or artist hold numbers too.
+    if (!q.exec(u"SELECT MAX(id) FROM Vinyl"_s) || !q.next())
+        return sqlError(u"Cannot read the records"_s, q.lastError());
+    int highestId = q.value(0).toInt();
+    for (const RecordLine &line : m_file.records)
+        highestId = std::max(highestId, int(number(line.values.id)));
+    m_nextId = highestId + 1;
+    if (m_file.tracks.isEmpty())
+        return {};
+    if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
+                "WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
+        return sqlError(u"Cannot read the tracks"_s, q.lastError());
+    while (q.next()) {
+        Track t;
+        t.rowId = q.value(0).toLongLong();
+        t.vinylID = qint16(q.value(1).toLongLong());
+        t.song = q.value(2).toString();
+        if (!q.isNull(3))
+            t.trackNumber = qint16(q.value(3).toLongLong());
+        if (!q.isNull(4))
+            t.writtenBy = q.value(4).toString();
+        if (!q.isNull(5))
+            t.duration = q.value(5).toDouble();
+        m_tracks.insert(TrackKey{*t.vinylID, *t.song}, t);
+    }
+    return {};
+}
+
+void ImportMerge::record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes)
+{
+    qint64 *const counts[2][3] = {
+        {&m_counts.recordsAdded, &m_counts.recordsUpdated, &m_counts.recordsUnchanged},
+        {&m_counts.tracksAdded, &m_counts.tracksUpdated, &m_counts.tracksUnchanged},
+    };
+    ++*counts[track][kind];
+    if (m_mode == Mode::Preview)
+        m_outcomes.append({kind, track, index, std::move(changes), {}});
+}
+
+void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem)
+{
+    m_counts.problems.append({line, problem});
+    if (m_mode == Mode::Preview)
+        m_outcomes.append({ImportOutcome::Problem, track, index, {}, problem});
+}
+
+qint64 ImportMerge::takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id)
+{
+    auto [first, last] = m_records.equal_range(RecordKey{name, artist});
+    if (first == last)
+        return 0;
+    // The oldest stored record, unless one has the line's id.
+    auto chosen = first;
+    for (auto it = first; it != last; ++it) {
+        if (id && it->id == id) {
+            chosen = it;
+            break;
+        }
+        if (it->rowId < chosen->rowId)
+            chosen = it;
+    }
+    const qint64 rowId = chosen->rowId;
+    m_records.erase(chosen);
+    return rowId;
+}
+
+std::optional<QByteArray> ImportMerge::decodeImage(TextSpan span, const QString &attribute, qint64 lineNumber)
+{
+    std::optional<QByteArray> decoded = Exchange::decodeBase64(m_file.span(span));
+    bool readable = decoded && !decoded->isEmpty();
+    // Covers are JPEG as we write them; only other pictures need the image readers' look.
+    static const QByteArray jpegStart("\xff\xd8\xff", 3);
+    if (readable && !decoded->startsWith(jpegStart)) {
+        QBuffer buffer(&*decoded);
+        buffer.open(QIODevice::ReadOnly);
+        readable = QImageReader(&buffer).canRead();
+    }
+    if (!readable) {
+        ++m_counts.unreadableImages;
+        consoleLine(ImportMessages::kUnreadableImage.arg(attribute).arg(lineNumber));
+        return std::nullopt;
+    }
+    return decoded;
+}
+
+Result<void> ImportMerge::mergeRecord(int index)
+{
+    const RecordLine &line = m_file.records.at(index);
+    if (!line.problem.isEmpty()) {
+        skip(false, index, line.line, line.problem);
+        return {};
+    }
+
+    Vinyl v;
+    const qint64 match = takeRecordMatch(text(line.values.name), text(line.values.artist), line.values.id);
+    if (match != 0) {
+        // Covers are left unread: a line replaces them or leaves them as they are.
+        auto stored = m_store.vinylByRowId(match, false);
+        if (!stored)
+            return stored.error();
+        if (*stored)
+            v = **stored;
+    }
+    const bool updating = v.rowId != 0;
+    const Vinyl before = v;
+    v.imagesLoaded = !updating;
+    for (const RecordAttribute &attribute : FileAttributes::records()) {
+        if (FileAttributes::has(attribute, line.values))
+            FileAttributes::copy(attribute, line.values, v);
+        else if (line.cleared.contains(attribute.name))
+            FileAttributes::clear(attribute, v);
+    }
+    for (const auto &[span, attribute, cover] : {std::tuple{line.frontImage, u"frontImage"_s, &v.frontImage},
+                                                 std::tuple{line.backImage, u"backImage"_s, &v.backImage}}) {
+        if (span.size > 0) {
+            if (auto bytes = decodeImage(span, attribute, line.line))
+                *cover = std::move(bytes);
+        }
+    }
+
+    if (!updating) {
+        if (!v.id && m_file.format != ImportFormat::Exchange) {
+            if (m_nextId > std::numeric_limits<qint16>::max()) {
+                skip(false, index, line.line, kNoRecordNumberLeft);
+                return {};
+            }
+            v.id = qint16(m_nextId++);
+        }
+        if (m_mode == Mode::Apply) {
+            if (auto r = m_store.insert(v); !r)
+                return r;
+        }
+        record(ImportOutcome::New, false, index);
+        return {};
+    }
+
+    const bool withTexts = m_mode == Mode::Preview;
+    QList<FieldChange> changed = changes(FileAttributes::records(), before, v, withTexts);
+    for (const auto &[side, cover, title] : {std::tuple{CoverSide::Front, &v.frontImage, u"Front Cover"_s},
+                                             std::tuple{CoverSide::Back, &v.backImage, u"Back Cover"_s}}) {
+        if (!*cover)
+            continue;
+        auto stored = m_store.coverImage(v.rowId, side);
+        if (!stored)
+            return stored.error();
+        if (*stored == **cover) {
+            cover->reset();
+            continue;
+        }
+        // The full-size file showed the old picture; the record keeps only the new one.
+        (side == CoverSide::Front ? v.frontImagePath : v.backImagePath).reset();
+        changed.append({title, stored->isEmpty() ? u"(none)"_s : u"a picture"_s, u"another picture"_s});
+    }
+    if (changed.isEmpty()) {
+        record(ImportOutcome::Unchanged, false, index);
+        return {};
+    }
+    if (m_mode == Mode::Apply) {
+        if (auto r = m_store.update(v); !r)
+            return r;
+        if (v.frontImage || v.backImage)
+            CoverImageProvider::forget(v.rowId);
+    }
+    record(ImportOutcome::Updated, false, index, withTexts ? changed : QList<FieldChange>());
+    return {};
+}
+
+Result<void> ImportMerge::mergeTrack(int index)
+{
+    const TrackLine &line = m_file.tracks.at(index);
+    if (!line.problem.isEmpty()) {
+        skip(true, index, line.line, line.problem);
+        return {};
+    }
+    const Track &given = line.values;
+    const auto match = given.vinylID ? m_tracks.find(TrackKey{*given.vinylID, text(given.song)}) : m_tracks.end();
+    if (match == m_tracks.end()) {
+        if (m_mode == Mode::Apply) {
+            Track t = given;
+            if (auto r = m_store.insert(t); !r)
+                return r;
+        }
+        record(ImportOutcome::New, true, index);
+        return {};
+    }
+
+    // Only the fields the line fills change; vinylID and song are what matched.
+    const Track stored = *match;
+    m_tracks.erase(match);
+    Track merged = stored;
+    Track update;
+    update.rowId = stored.rowId;
+    for (const TrackAttribute &attribute : FileAttributes::tracks()) {
+        if (FileAttributes::has(attribute, given) && attribute.name != u"vinylID" && attribute.name != u"song") {
+            FileAttributes::copy(attribute, given, merged);
+            FileAttributes::copy(attribute, given, update);
+        }
+    }
+    const bool withTexts = m_mode == Mode::Preview;
+    QList<FieldChange> changed = changes(FileAttributes::tracks(), stored, merged, withTexts);
+    if (changed.isEmpty()) {
+        record(ImportOutcome::Unchanged, true, index);
+        return {};
+    }
+    if (m_mode == Mode::Apply) {
+        if (auto r = m_store.updateGiven(update); !r)
+            return r;
+    }
+    record(ImportOutcome::Updated, true, index, withTexts ? changed : QList<FieldChange>());
+    return {};
+}
+
+QString ImportMerge::countsText(const ImportCounts &counts)
+{
+    const QLocale locale;
+    const qint64 problems = counts.problems.size();
+    return u"%1 new, %2 updated, %3 unchanged, %4 %5"_s.arg(locale.toString(counts.added()),
+                                                           locale.toString(counts.updated()),
+                                                           locale.toString(counts.unchanged()), locale.toString(problems),
+                                                           problems == 1 ? u"problem"_s : u"problems"_s);
+}
+
+QString ImportMerge::problemText(const ImportProblem &problem)
+{
+    return u"Line %1: %2"_s.arg(problem.line).arg(problem.reason);
+}
