@@ -81,12 +81,12 @@ int importCommand(CliContext &context)
         return CliBadUsage;
     }
     const QString path = arguments.first();
-    auto text = TextFile::readUtf8(path);
-    if (!text) {
-        context.err << "platterbox: " << text.errorMessage() << "\n";
+    auto bytes = TextFile::readUtf8(path);
+    if (!bytes) {
+        context.err << "platterbox: " << bytes.errorMessage() << "\n";
         return CliBadInput;
     }
-    const ImportFile file = ImportFiles::read(std::move(*text));
+    const ImportFile file = ImportFiles::read(std::move(*bytes));
     if (file.format == ImportFormat::Unknown
         || (file.format == ImportFormat::Exchange && !Exchange::hasRecordSection(file.text))) {
         context.err << "platterbox: no " << Exchange::kRecordMarker << " section in " << path

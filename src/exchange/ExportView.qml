@@ -85,11 +85,30 @@ ScreenPage {
             }
         }
 
-        ProgressBar {
-            objectName: "ProgressView"
-            value: controller.progress
+        RowLayout {
             Layout.fillWidth: true
-            Behavior on value { NumberAnimation { duration: 120 } }
+            spacing: 10
+            ProgressBar {
+                objectName: "ProgressView"
+                value: controller.progress
+                Layout.fillWidth: true
+                Behavior on value { NumberAnimation { duration: 120 } }
+            }
+            Label {
+                objectName: "ProgressCount"
+                text: controller.progressText
+                visible: controller.building
+                font.pixelSize: 15
+                font.bold: true
+            }
+            StyledButton {
+                objectName: "CancelButton"
+                text: "Cancel"
+                visible: controller.building
+                implicitHeight: 36
+                font.pixelSize: 15
+                onClicked: controller.CancelButtonTapped()
+            }
         }
 
         Rectangle {

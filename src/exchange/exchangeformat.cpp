@@ -9,9 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace Exchange {
 
-bool hasLine(QStringView text, QStringView line)
+bool hasLine(QByteArrayView text, QByteArrayView line)
 {
-    const auto endsLine = [](QChar c) { return c == u'\n' || c == u'\r'; };
+    const auto endsLine = [](char c) { return c == '\n' || c == '\r'; };
     for (qsizetype at = text.indexOf(line); at >= 0; at = text.indexOf(line, at + 1)) {
         const qsizetype end = at + line.size();
         if ((at == 0 || endsLine(text[at - 1])) && (end == text.size() || endsLine(text[end])))
@@ -20,66 +20,58 @@ bool hasLine(QStringView text, QStringView line)
     return false;
 }
 
-QString shortenedLine(QStringView line)
+bool hasRecordSection(QByteArrayView text)
+{
+    static const QByteArray marker = kRecordMarker.toUtf8();
+    return hasLine(text, marker);
+}
+
+bool hasTrackSection(QByteArrayView text)
+{
+    static const QByteArray marker = kTrackMarker.toUtf8();
+    return hasLine(text, marker);
+}
+
+QString shortenedLine(QByteArrayView line)
 {
     constexpr qsizetype kLongest = 200;
     if (line.size() <= kLongest)
-        return line.toString();
+        return QString::fromUtf8(line);
     QStringList fields;
-    for (QStringView field : line.split(kSeparator)) {
-        fields.append(field.size() <= kLongest ? field.toString()
+    for (qsizetype start = 0; start <= line.size();) {
+        qsizetype end = line.indexOf(char(kSeparator.unicode()), start);
+        if (end < 0)
+            end = line.size();
+        const QByteArrayView field = line.sliced(start, end - start);
+        // A picture's base64 is ASCII: its bytes are its characters.
+        fields.append(field.size() <= kLongest ? QString::fromUtf8(field)
                                                : u"[picture: %1 characters]"_s.arg(QLocale().toString(field.size())));
+        start = end + 1;
     }
     return fields.join(kSeparator);
 }
 
-namespace {
-QString textOf(QByteArrayView utf8) { return QString::fromUtf8(utf8); }
-QString textOf(QStringView text) { return text.toString(); }
-
-// A long text is shown as a labelled summary: its size, then its first lines with the pictures'
-// long base64 fields shortened, so the collector sees what the file holds.
-qsizetype utf8Size(QStringView text)
+QString preview(QByteArrayView utf8, qsizetype maxCharacters)
 {
-    qsizetype size = 0;
-    for (const QChar c : text)
-        size += c.unicode() < 0x80 ? 1 : c.unicode() < 0x800 || c.isSurrogate() ? 2 : 3;
-    return size;
-}
-
-template <typename View>
-QString previewOf(View data, qsizetype dataSize, qsizetype maxCharacters)
-{
-    const auto newline = typename View::value_type(u'\n');
-    if (data.size() <= maxCharacters)
-        return textOf(data);
+    if (utf8.size() <= maxCharacters)
+        return QString::fromUtf8(utf8);
+    // A long text is shown as a labelled summary: its size, then its first lines with the
+    // pictures' long base64 fields shortened, so the collector sees what the file holds.
     const QLocale locale;
     QString shown;
     qsizetype linesShown = 0;
-    for (qsizetype start = 0; start < data.size() && shown.size() < maxCharacters; ++linesShown) {
-        qsizetype end = data.indexOf(newline, start);
+    for (qsizetype start = 0; start < utf8.size() && shown.size() < maxCharacters; ++linesShown) {
+        qsizetype end = utf8.indexOf('\n', start);
         if (end < 0)
-            end = data.size();
-        shown += shortenedLine(textOf(data.sliced(start, end - start))) + u'\n';
+            end = utf8.size();
+        shown += shortenedLine(utf8.sliced(start, end - start)) + u'\n';
         start = end + 1;
     }
-    const qsizetype lines = data.count(newline);
+    const qsizetype lines = utf8.count('\n');
     return u"This file is too large to show whole: %1 in %2 lines. Its first %3 lines follow, with each "
            "picture shortened to its size.\n\n"_s
-               .arg(locale.formattedDataSize(dataSize), locale.toString(lines), locale.toString(linesShown))
+               .arg(locale.formattedDataSize(utf8.size()), locale.toString(lines), locale.toString(linesShown))
            + shown + (lines > linesShown ? u"\u2026\n(%1 more lines in the file)"_s.arg(locale.toString(lines - linesShown)) : QString());
-}
-} // namespace
-
-QString preview(QByteArrayView utf8, qsizetype maxCharacters)
-{
-    return previewOf(utf8, utf8.size(), maxCharacters);
-}
-
-QString preview(QStringView text, qsizetype maxCharacters)
-{
-    // The size shown is the file's, which is UTF-8.
-    return previewOf(text, utf8Size(text), maxCharacters);
 }
 
 QString cleanNotes(const QString &notes)
@@ -140,7 +132,7 @@ QString withoutLineBreakers(const QString &text)
 
 namespace Exchange {
 
-std::optional<QByteArray> decodeBase64(QStringView text)
+std::optional<QByteArray> decodeBase64(QByteArrayView text)
 {
     static constexpr auto kValues = [] {
         std::array<qint8, 128> values{};
@@ -155,8 +147,8 @@ std::optional<QByteArray> decodeBase64(QStringView text)
     if (size % 4 != 0)
         return std::nullopt;
     qsizetype padding = 0;
-    if (size > 0 && text[size - 1] == u'=')
-        padding = text[size - 2] == u'=' ? 2 : 1;
+    if (size > 0 && text[size - 1] == '=')
+        padding = text[size - 2] == '=' ? 2 : 1;
 
     QByteArray bytes(size / 4 * 3 - padding, Qt::Uninitialized);
     char *out = bytes.data();
@@ -164,7 +156,7 @@ std::optional<QByteArray> decodeBase64(QStringView text)
     for (qsizetype i = 0; i < size; i += 4) {
         quint32 bits = 0;
         for (qsizetype k = i; k < i + 4; ++k) {
-            const char16_t c = text[k].unicode();
+            const uchar c = uchar(text[k]);
             const int value = k >= size - padding ? 0 : (c < 128 ? kValues[c] : -1);
             if (value < 0)
                 return std::nullopt;

@@ -30,18 +30,19 @@ enum RecordField {
 // Field positions of a track line.
 enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 
-// Whether a line of the text (ended by LF, CR LF or CR) is `line`.
-[[nodiscard]] bool hasLine(QStringView text, QStringView line);
+// Whether a line of the UTF-8 text (ended by LF, CR LF or CR) is `line`.
+[[nodiscard]] bool hasLine(QByteArrayView text, QByteArrayView line);
 // Whether a line of the text is "[VINYLCOLLECTION]".
-[[nodiscard]] inline bool hasRecordSection(QStringView text) { return hasLine(text, kRecordMarker); }
+[[nodiscard]] bool hasRecordSection(QByteArrayView text);
+// Whether a line of the text is "[TRACKCOLLECTION]".
+[[nodiscard]] bool hasTrackSection(QByteArrayView text);
 
-// A line as a person reads it: any field too long to read (a picture's base64) becomes
+// A UTF-8 line as a person reads it: any field too long to read (a picture's base64) becomes
 // "[picture: 12,345 characters]".
-[[nodiscard]] QString shortenedLine(QStringView line);
+[[nodiscard]] QString shortenedLine(QByteArrayView line);
 // The text for a screen: whole when it is short, otherwise a labelled summary (size, line
 // count) and its first lines shortened as above.
 [[nodiscard]] QString preview(QByteArrayView utf8, qsizetype maxCharacters);
-[[nodiscard]] QString preview(QStringView text, qsizetype maxCharacters);
 
 // Notes keep their line breaks as "~"; carets, apostrophes go and "&" becomes "and".
 [[nodiscard]] QString cleanNotes(const QString &notes);
@@ -60,6 +61,6 @@ enum TrackField { Duration, Song, TrackNumber, VinylID, WrittenBy };
 // Standard base64 (RFC 4648 alphabet, "=" padding) read strictly: nullopt for any other
 // character, a length that is not a multiple of four, or padding before the end. Reads the
 // field in place; the covers of a whole collection pass through here.
-[[nodiscard]] std::optional<QByteArray> decodeBase64(QStringView text);
+[[nodiscard]] std::optional<QByteArray> decodeBase64(QByteArrayView text);
 
 } // namespace Exchange

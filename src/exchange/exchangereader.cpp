@@ -3,53 +3,86 @@
 #include "exchangeformat.h"
 #include "logging.h"
 
+#include <array>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The fields of one line; positions past the end read as empty.
+// The fields of one line, read in place; positions past the end read as empty. Only the
+// fields a line can hold are kept.
 class Fields
 {
 public:
-    explicit Fields(QStringView line) : m_fields(line.split(Exchange::kSeparator)) {}
-    [[nodiscard]] QString at(int i) const { return view(i).toString(); }
-    [[nodiscard]] QStringView view(int i) const { return i < m_fields.size() ? m_fields.at(i) : QStringView(); }
+    explicit Fields(QByteArrayView line)
+    {
+        constexpr char separator = char(Exchange::kSeparator.unicode());
+        for (qsizetype start = 0; m_count < kMaxFields;) {
+            const qsizetype end = line.indexOf(separator, start);
+            m_fields[m_count++] = line.sliced(start, (end < 0 ? line.size() : end) - start);
+            if (end < 0)
+                break;
+            start = end + 1;
+        }
+    }
+    [[nodiscard]] QString at(int i) const { return QString::fromUtf8(view(i)); }
+    [[nodiscard]] QByteArrayView view(int i) const { return i < m_count ? m_fields[i] : QByteArrayView(); }
 
 private:
-    QList<QStringView> m_fields;
+    static constexpr int kMaxFields = Exchange::kRecordFieldCount;
+    std::array<QByteArrayView, kMaxFields> m_fields;
+    int m_count = 0;
 };
 
-std::optional<double> toDouble(const QString &text)
+std::optional<double> toDouble(QByteArrayView text)
 {
     bool ok = false;
     const double d = text.toDouble(&ok);
     return ok && std::isfinite(d) ? std::optional<double>(d) : std::nullopt;
 }
 
-std::optional<float> toFloat(const QString &text)
+std::optional<float> toFloat(QByteArrayView text)
 {
     bool ok = false;
     const float f = text.toFloat(&ok);
     return ok && std::isfinite(f) ? std::optional<float>(f) : std::nullopt;
 }
 
-std::optional<qint16> toInt16(const QString &text)
+std::optional<qint16> toInt16(QByteArrayView text)
 {
     bool ok = false;
     const short n = text.toShort(&ok);
     return ok ? std::optional<qint16>(n) : std::nullopt;
 }
 
-RecordLine recordLine(const Fields &f, qint64 number, const QString &document)
+// Calls visit(line, number) for every line of the text; a LF, a CR LF or a lone CR ends a
+// line (and counts as one).
+template<typename Visit>
+void forEachLine(QByteArrayView text, Visit &&visit)
+{
+    qint64 number = 0;
+    qsizetype start = 0;
+    for (;;) {
+        qsizetype end = text.indexOf('\n', start);
+        const qsizetype stop = end < 0 ? text.size() : end;
+        if (const qsizetype cr = text.sliced(start, stop - start).indexOf('\r'); cr >= 0)
+            end = start + cr;
+        visit(text.sliced(start, (end < 0 ? text.size() : end) - start), ++number);
+        if (end < 0)
+            return;
+        start = end + 1 + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n');
+    }
+}
+
+RecordLine recordLine(const Fields &f, qint64 number, const QByteArray &document)
 {
     using namespace Exchange;
     RecordLine line;
     line.line = number;
     Vinyl &v = line.values;
     const auto apply = [&f](int field, auto &&set) {
-        const QString text = f.at(field);
+        const QByteArrayView text = f.view(field);
         if (!text.isEmpty())
             set(text);
     };
@@ -60,24 +93,24 @@ RecordLine recordLine(const Fields &f, qint64 number, const QString &document)
         else
             line.cleared.append(name);
     };
-    apply(AlbumDuration, [&](const QString &t) { v.albumDuration = toDouble(t); });
-    apply(Artist, [&](const QString &t) { v.artist = t; });
-    apply(Cost, [&](const QString &t) { numberOrClear(v.cost, toFloat(t), u"cost"_s); });
-    apply(CoverConditionField, [&](const QString &t) { v.coverCondition = t; });
-    apply(DoubleAlbum, [&](const QString &t) { v.doubleAlbum = t; });
-    apply(Id, [&](const QString &t) { numberOrClear(v.id, toInt16(t), u"id"_s); });
-    apply(Name, [&](const QString &t) { v.name = t; });
-    apply(Notes, [&](const QString &t) { v.notes = restoreNotes(t); });
-    apply(Producer, [&](const QString &t) { v.producer = t; });
-    apply(Quantity, [&](const QString &t) { v.quantity = toInt16(t); });
-    apply(RecordLabel, [&](const QString &t) { v.recordLabel = t; });
-    apply(RecordSpeed, [&](const QString &t) { v.recordSpeed = t; });
-    apply(ReleaseDate, [&](const QString &t) { v.releaseDate = parseDate(t); });
-    apply(Value, [&](const QString &t) { numberOrClear(v.value, toFloat(t), u"value"_s); });
-    apply(VinylConditionField, [&](const QString &t) { v.vinylCondition = t; });
+    apply(AlbumDuration, [&](QByteArrayView t) { v.albumDuration = toDouble(t); });
+    apply(Artist, [&](QByteArrayView t) { v.artist = QString::fromUtf8(t); });
+    apply(Cost, [&](QByteArrayView t) { numberOrClear(v.cost, toFloat(t), u"cost"_s); });
+    apply(CoverConditionField, [&](QByteArrayView t) { v.coverCondition = QString::fromUtf8(t); });
+    apply(DoubleAlbum, [&](QByteArrayView t) { v.doubleAlbum = QString::fromUtf8(t); });
+    apply(Id, [&](QByteArrayView t) { numberOrClear(v.id, toInt16(t), u"id"_s); });
+    apply(Name, [&](QByteArrayView t) { v.name = QString::fromUtf8(t); });
+    apply(Notes, [&](QByteArrayView t) { v.notes = restoreNotes(QString::fromUtf8(t)); });
+    apply(Producer, [&](QByteArrayView t) { v.producer = QString::fromUtf8(t); });
+    apply(Quantity, [&](QByteArrayView t) { v.quantity = toInt16(t); });
+    apply(RecordLabel, [&](QByteArrayView t) { v.recordLabel = QString::fromUtf8(t); });
+    apply(RecordSpeed, [&](QByteArrayView t) { v.recordSpeed = QString::fromUtf8(t); });
+    apply(ReleaseDate, [&](QByteArrayView t) { v.releaseDate = parseDate(QString::fromUtf8(t)); });
+    apply(Value, [&](QByteArrayView t) { numberOrClear(v.value, toFloat(t), u"value"_s); });
+    apply(VinylConditionField, [&](QByteArrayView t) { v.vinylCondition = QString::fromUtf8(t); });
     // Covers stay in the text until the line is merged: a whole collection's covers are large.
     const auto span = [&](int field) {
-        const QStringView view = f.view(field);
+        const QByteArrayView view = f.view(field);
         return view.isEmpty() ? TextSpan{} : TextSpan{view.data() - document.constData(), view.size()};
     };
     line.frontImage = span(FrontImage);
@@ -91,13 +124,13 @@ TrackLine trackLine(const Fields &f, qint64 number)
     TrackLine line;
     line.line = number;
     Track &t = line.values;
-    t.duration = toDouble(f.at(Duration));
-    t.trackNumber = toInt16(f.at(TrackNumber));
-    t.vinylID = toInt16(f.at(VinylID));
-    if (const QString song = f.at(Song); !song.isEmpty())
-        t.song = song;
-    if (const QString writtenBy = f.at(WrittenBy); !writtenBy.isEmpty())
-        t.writtenBy = writtenBy;
+    t.duration = toDouble(f.view(Duration));
+    t.trackNumber = toInt16(f.view(TrackNumber));
+    t.vinylID = toInt16(f.view(VinylID));
+    if (const QByteArrayView song = f.view(Song); !song.isEmpty())
+        t.song = QString::fromUtf8(song);
+    if (const QByteArrayView writtenBy = f.view(WrittenBy); !writtenBy.isEmpty())
+        t.writtenBy = QString::fromUtf8(writtenBy);
     return line;
 }
 
@@ -105,45 +138,56 @@ TrackLine trackLine(const Fields &f, qint64 number)
 
 namespace ExchangeReader {
 
-ImportFile read(QString document)
+ImportFile read(QByteArray utf8)
 {
     ImportFile file;
     file.format = ImportFormat::Exchange;
-    // A CR LF or a lone CR ends a line like a LF does (and counts as one line).
-    document.replace(u"\r\n"_s, u"\n"_s);
-    document.replace(u'\r', u'\n');
-    file.text = std::move(document);
+    file.text = std::move(utf8);
+    static const QByteArray recordMarker = Exchange::kRecordMarker.toUtf8();
+    static const QByteArray trackMarker = Exchange::kTrackMarker.toUtf8();
 
+    // Nearly every line of a large file is a track line: their list is made once, not grown.
+    file.trackStarts.reserve(file.text.count('\n') + 1);
     enum class Section { None, Records, Tracks } section = Section::None;
     bool seenRecords = false;
-    qint64 number = 0;
-    for (QStringView line : QStringView(file.text).split(u'\n')) {
-        ++number;
-        if (line == Exchange::kRecordMarker) {
+    forEachLine(file.text, [&](QByteArrayView line, qint64 number) {
+        if (line == recordMarker) {
             if (!seenRecords)
                 section = Section::Records;
             seenRecords = true;
-            continue;
+            return;
         }
-        if (line == Exchange::kTrackMarker) {
+        if (line == trackMarker) {
             if (section != Section::Tracks)
                 consoleLine(ImportMessages::kFoundTracks);
             section = Section::Tracks;
-            continue;
+            return;
         }
         if (line.isEmpty())
-            continue;
+            return;
         if (section == Section::Records)
             file.records.append(recordLine(Fields(line), number, file.text));
         else if (section == Section::Tracks)
-            file.tracks.append(trackLine(Fields(line), number));
-    }
+            file.trackStarts.append({line.data() - file.text.constData(), number});
+    });
     return file;
 }
 
-Result<ImportCounts> importAll(Store &store, const QString &document)
+TrackLine trackLineAt(QByteArrayView utf8, LineStart start)
 {
-    return ImportMerge::apply(store, read(document));
+    QByteArrayView line = utf8.sliced(start.offset);
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line[i] == '\n' || line[i] == '\r') {
+            line.truncate(i);
+            break;
+        }
+    }
+    return trackLine(Fields(line), start.number);
+}
+
+Result<ImportCounts> importAll(Store &store, QByteArray utf8)
+{
+    return ImportMerge::apply(store, read(std::move(utf8)));
 }
 
 } // namespace ExchangeReader

@@ -23,9 +23,13 @@ inline const QString kFoundTracks = QStringLiteral("Found [TRACKCOLLECTION]");
 // duplicates.
 namespace ExchangeReader {
 
-[[nodiscard]] ImportFile read(QString document);
+// Reads the UTF-8 bytes in place: only the fields' texts become strings, the covers stay bytes.
+[[nodiscard]] ImportFile read(QByteArray utf8);
 
-// Reads and merges the whole text in one transaction (command line, tests, benchmark).
-Result<ImportCounts> importAll(Store &store, const QString &document);
+// The track line that starts there in the bytes.
+[[nodiscard]] TrackLine trackLineAt(QByteArrayView utf8, LineStart start);
+
+// Reads and merges the whole file (command line, tests, benchmark).
+Result<ImportCounts> importAll(Store &store, QByteArray utf8);
 
 } // namespace ExchangeReader

@@ -53,30 +53,8 @@ QString numberField(const std::optional<T> &value, const QString &missingMessage
         return QString::number(number(value));
 }
 
-// JPEG at quality 20, base64; empty when the bytes are not an image.
-struct EncodedCover
-{
-    QByteArray base64;
-    bool unreadable = false;
-};
-
-EncodedCover encodeCover(const QByteArray &stored)
-{
-    EncodedCover result;
-    if (stored.isEmpty())
-        return result;
-    const QImage image = QImage::fromData(stored);
-    if (image.isNull()) {
-        result.unreadable = true;
-        return result;
-    }
-    QByteArray jpeg;
-    QBuffer buffer(&jpeg);
-    buffer.open(QIODevice::WriteOnly);
-    if (image.save(&buffer, "JPEG", 20))
-        result.base64 = jpeg.toBase64();
-    return result;
-}
+// Lines between two progress reports of build().
+constexpr int kLinesPerStep = 256;
 
 } // namespace
 
@@ -108,14 +86,6 @@ Result<void> ExchangeWriter::start()
     return {};
 }
 
-double ExchangeWriter::fraction() const
-{
-    if (m_finished)
-        return 1.0;
-    const qint64 total = totalLines();
-    return total > 0 ? double(m_linesWritten) / double(total) : 0.0;
-}
-
 Result<void> ExchangeWriter::writeSome(int maxLines)
 {
     int written = 0;
@@ -135,59 +105,98 @@ Result<void> ExchangeWriter::writeSome(int maxLines)
     return {};
 }
 
-Result<void> ExchangeWriter::loadCovers(int from, int to)
+QByteArray ExchangeWriter::exchangeEncoding(const QByteArray &cover)
 {
+    const QImage image = QImage::fromData(cover);
+    if (image.isNull())
+        return {};
+    QByteArray jpeg;
+    QBuffer buffer(&jpeg);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "JPEG", 20))
+        return {};
+    return jpeg;
+}
+
+Result<QList<ExchangeWriter::Encodings>> ExchangeWriter::encodingsOf(int from, int to)
+{
+    QList<Encodings> encodings(to - from);
+    struct Missing
+    {
+        int record;
+        int side;
+        QByteArray cover;
+    };
+    QList<Missing> missing;
     for (int i = from; i < to; ++i) {
-        Vinyl &v = m_records[i];
-        auto front = m_store.coverImage(v.rowId, CoverSide::Front);
-        if (!front)
-            return front.error();
-        auto back = m_store.coverImage(v.rowId, CoverSide::Back);
-        if (!back)
-            return back.error();
-        v.frontImage = *front;
-        v.backImage = *back;
+        auto stored = m_store.exchangeEncodings(m_records.at(i).rowId);
+        if (!stored)
+            return stored.error();
+        for (int side = 0; side < 2; ++side) {
+            ExchangeEncoding &encoding = (*stored)[side];
+            if (encoding.kept)
+                encodings[i - from][side] = std::move(*encoding.kept);
+            else if (!encoding.cover.isEmpty())
+                missing.append({i, side, std::move(encoding.cover)});
+        }
     }
-    return {};
+    if (missing.isEmpty())
+        return encodings;
+    // Encoding covers is the costly part of a first export: spread it over the cores.
+    const QList<QByteArray> made = QtConcurrent::blockingMapped<QList<QByteArray>>(
+        missing, [](const Missing &m) { return exchangeEncoding(m.cover); });
+    for (qsizetype k = 0; k < missing.size(); ++k)
+        encodings[missing.at(k).record - from][missing.at(k).side] = made.at(k);
+    if (m_keepEncodings) {
+        const auto kept = m_store.transaction([&]() -> Result<void> {
+            for (qsizetype k = 0; k < missing.size(); ++k) {
+                const Missing &m = missing.at(k);
+                const CoverSide side = m.side == 0 ? CoverSide::Front : CoverSide::Back;
+                if (auto r = m_store.keepExchangeEncoding(m_records.at(m.record).rowId, side, m.cover, made.at(k)); !r)
+                    return r;
+            }
+            return {};
+        });
+        // A store that cannot be written to (read-only, busy) still exports; it only encodes again.
+        if (!kept) {
+            consoleLine(Msg::kEncodingsNotKept.arg(kept.errorMessage()));
+            m_keepEncodings = false;
+        }
+    }
+    return encodings;
 }
 
 Result<void> ExchangeWriter::writeRecords(int maxLines, int *written)
 {
     const int from = m_nextRecord;
     const int to = int(std::min<qint64>(m_records.size(), qint64(from) + maxLines));
-    QList<std::pair<EncodedCover, EncodedCover>> covers;
+    QList<Encodings> covers;
     if (m_exportImages) {
-        if (auto r = loadCovers(from, to); !r)
-            return r;
-        // Re-encoding covers is the costly part of an export: spread it over the cores.
-        QList<int> rows;
-        for (int i = from; i < to; ++i)
-            rows << i;
-        covers = QtConcurrent::blockingMapped<QList<std::pair<EncodedCover, EncodedCover>>>(rows, [this](int i) {
-            const Vinyl &v = m_records.at(i);
-            return std::pair{encodeCover(v.frontImage.value_or(QByteArray())),
-                             encodeCover(v.backImage.value_or(QByteArray()))};
-        });
+        auto encodings = encodingsOf(from, to);
+        if (!encodings)
+            return encodings.error();
+        covers = std::move(*encodings);
     }
+    constexpr char separator = char(Exchange::kSeparator.unicode());
     for (int i = from; i < to; ++i) {
-        Vinyl &v = m_records[i];
-        QString line = recordLine(v);
+        const Vinyl &v = m_records.at(i);
+        m_data.append(recordLine(v).toUtf8());
         if (m_exportImages) {
-            const auto &[front, back] = covers.at(i - from);
-            for (const auto &[cover, attribute] : {std::pair{&front, u"frontImage"_s}, std::pair{&back, u"backImage"_s}}) {
-                if (cover->unreadable) {
+            for (int side = 0; side < 2; ++side) {
+                if (side == 1)
+                    m_data.append(separator);
+                const std::optional<QByteArray> &encoding = covers.at(i - from)[side];
+                if (encoding && encoding->isEmpty()) {
                     ++m_unreadableImages;
-                    consoleLine(Msg::kUnreadableImage.arg(attribute, text(v.name)));
+                    consoleLine(Msg::kUnreadableImage.arg(side == 0 ? u"frontImage"_s : u"backImage"_s, text(v.name)));
+                } else if (encoding) {
+                    m_data.append(encoding->toBase64());
                 }
             }
-            line += QString::fromLatin1(front.base64) + Exchange::kSeparator + QString::fromLatin1(back.base64);
         } else {
-            line += Exchange::kSeparator;
+            m_data.append(separator);
         }
-        m_data.append(line.toUtf8()).append('\n');
-        // The covers are not needed any more.
-        v.frontImage.reset();
-        v.backImage.reset();
+        m_data.append('\n');
     }
     m_nextRecord = to;
     m_linesWritten += to - from;
@@ -289,16 +298,21 @@ QString ExchangeWriter::trackLine(const Track &t)
     return fields.join(Exchange::kSeparator);
 }
 
-Result<QByteArray> ExchangeWriter::build(Store &store, bool exportImages, int *unreadableImages)
+Result<QByteArray> ExchangeWriter::build(Store &store, bool exportImages, int *unreadableImages,
+                                         const Progress &progress)
 {
     ExchangeWriter writer(store, exportImages);
     if (auto r = writer.start(); !r)
         return r.error();
     while (!writer.finished()) {
-        if (auto r = writer.writeSome(500); !r)
+        if (progress && !progress(writer.m_linesWritten, writer.totalLines()))
+            return Error{Msg::kCancelled};
+        if (auto r = writer.writeSome(kLinesPerStep); !r)
             return r.error();
     }
+    if (progress)
+        progress(writer.totalLines(), writer.totalLines());
     if (unreadableImages)
-        *unreadableImages = writer.unreadableImages();
+        *unreadableImages = writer.m_unreadableImages;
     return std::move(writer.m_data);
 }

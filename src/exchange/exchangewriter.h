@@ -6,6 +6,9 @@
 #include <QByteArray>
 #include <QList>
 
+#include <array>
+#include <functional>
+
 class Store;
 
 // Console lines of the writer. The user never sees them.
@@ -33,49 +36,50 @@ inline const QString kWrittenBy = QStringLiteral("Written By is missing or empty
 // "%1" is the attribute name.
 inline const QString kLineBreakerRemoved = QStringLiteral("A caret or line break was removed from %1.");
 inline const QString kUnreadableImage = QStringLiteral("%1 of \"%2\" is not a readable image; left out.");
+inline const QString kEncodingsNotKept = QStringLiteral("The covers' exchange encodings could not be kept: %1");
+inline const QString kCancelled = QStringLiteral("The export was cancelled.");
 } // namespace ExportMessages
 
 // Builds the exchange text of the whole store: records sorted by name, artist and release date,
-// then tracks sorted by vinylID and trackNumber. It works in steps so that a screen can build a
-// large collection without freezing: start(), then writeSome() until finished(). build() does
-// it all at once.
+// then tracks sorted by vinylID and trackNumber, reporting progress as it goes.
 //
 // Absent numbers are written as the 0 they read as; a release date is written in local time;
-// covers are re-encoded as JPEG at quality 20 and written as base64.
+// covers are re-encoded as JPEG at quality 20 and written as base64. The re-encoding is kept
+// beside each cover in the store, so only covers new since the last export are encoded again.
 class ExchangeWriter
 {
 public:
+    // Called with the lines written and the lines in all; returning false cancels.
+    using Progress = std::function<bool(qint64 done, qint64 total)>;
+
     ExchangeWriter(Store &store, bool exportImages);
 
-    // Fetches the record list and counts the tracks; writes the first marker line.
-    Result<void> start();
-    // Appends up to maxLines record or track lines.
-    Result<void> writeSome(int maxLines);
-    [[nodiscard]] bool finished() const { return m_finished; }
-
-    [[nodiscard]] qint64 linesWritten() const { return m_linesWritten; }
-    [[nodiscard]] qint64 totalLines() const { return m_records.size() + m_trackTotal; }
-    // Fraction done, 0 to 1.
-    [[nodiscard]] double fraction() const;
-    // Covers left out because their bytes are not a readable image.
-    [[nodiscard]] int unreadableImages() const { return m_unreadableImages; }
-
-    // The text built so far, UTF-8.
-    [[nodiscard]] const QByteArray &data() const { return m_data; }
-
-    // The whole text at once (command line, tests).
-    static Result<QByteArray> build(Store &store, bool exportImages, int *unreadableImages = nullptr);
+    // The whole text at once; a cancel returns ExportMessages::kCancelled.
+    static Result<QByteArray> build(Store &store, bool exportImages, int *unreadableImages = nullptr,
+                                    const Progress &progress = {});
+    // A cover as the exchange file carries it: JPEG at quality 20; empty when the bytes are not
+    // a picture.
+    [[nodiscard]] static QByteArray exchangeEncoding(const QByteArray &cover);
 
     // One line each, without the final line feed (exposed for tests of single fields).
     [[nodiscard]] QString recordLine(const Vinyl &vinyl);
     [[nodiscard]] static QString trackLine(const Track &track);
 
 private:
+    // Fetches the record list and counts the tracks; writes the first marker line.
+    Result<void> start();
+    // Appends up to maxLines record or track lines.
+    Result<void> writeSome(int maxLines);
+    [[nodiscard]] bool finished() const { return m_finished; }
+    [[nodiscard]] qint64 totalLines() const { return m_records.size() + m_trackTotal; }
+
     Result<void> writeRecords(int maxLines, int *written);
     Result<void> writeTracks(int maxLines, int *written);
     Result<bool> fetchNextTrackBlock();
-    Result<void> loadCovers(int from, int to);
-    QString imageField(const std::optional<QByteArray> &image, const QString &attribute, const Vinyl &vinyl);
+    // Front and back: absent without a cover, empty for a cover that is not a picture.
+    using Encodings = std::array<std::optional<QByteArray>, 2>;
+    // The encodings of the covers of records [from, to), made and kept where the store has none.
+    Result<QList<Encodings>> encodingsOf(int from, int to);
 
     Store &m_store;
     bool m_exportImages;
@@ -90,4 +94,5 @@ private:
     bool m_finished = false;
     qint64 m_linesWritten = 0;
     int m_unreadableImages = 0;
+    bool m_keepEncodings = true;
 };

@@ -7,16 +7,12 @@
 #include "store.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QSaveFile>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-// One slice of building: short enough that the window keeps drawing.
-constexpr int kSliceMilliseconds = 30;
-constexpr int kLinesPerStep = 16;
 constexpr int kCompletionDelayMilliseconds = 1000;
 
 QString unreadableNote(int count)
@@ -29,17 +25,32 @@ QString unreadableNote(int count)
 
 } // namespace
 
+// What the worker hands back: the exchange text or the CSV files.
+struct ExportViewController::Built
+{
+    QByteArray exchange;
+    CollectionCsv::Files csv;
+    int unreadable = 0;
+};
+
 ExportViewController::ExportViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
-    connect(&m_csvJob, &BackgroundJob::progressChanged, this, [this] {
-        m_progress = m_csvJob.progress();
+    connect(&m_job, &BackgroundJob::progressChanged, this, [this] {
+        if (!m_building)
+            return;
+        m_progress = m_job.progress();
         emit changed();
     });
-    connect(&m_csvJob, &BackgroundJob::finished, this, &ExportViewController::finishCsvBuild);
+    connect(&m_job, &BackgroundJob::finished, this, &ExportViewController::buildDone);
     loadIfReady();
 }
 
-ExportViewController::~ExportViewController() = default;
+ExportViewController::~ExportViewController()
+{
+    // Nothing is kept of a build the user leaves.
+    disconnect(&m_job, nullptr, this, nullptr);
+    m_job.cancel();
+}
 
 QString ExportViewController::helpText()
 {
@@ -50,13 +61,20 @@ QString ExportViewController::helpText()
 
 void ExportViewController::CreateUpdateFile()
 {
-    build();
+    const bool images = m_exportImages;
+    startBuild([images](Store &store, Built &built, const BackgroundJob::Progress &progress) -> Result<void> {
+        auto text = ExchangeWriter::build(store, images, &built.unreadable, progress);
+        if (!text)
+            return text.error();
+        built.exchange = std::move(*text);
+        return {};
+    });
 }
 
 void ExportViewController::CreateUpdateFileWithoutImages()
 {
     m_exportImages = false;
-    build();
+    CreateUpdateFile();
 }
 
 void ExportViewController::setTracksInRecordsFile(bool on)
@@ -69,84 +87,60 @@ void ExportViewController::setTracksInRecordsFile(bool on)
 
 void ExportViewController::CreateCsvFile()
 {
-    if (!app() || m_building || !m_exportButtonEnabled)
+    if (!m_exportButtonEnabled)
         return;
-    auto result = std::make_shared<CollectionCsv::Files>();
-    m_csvResult = result;
-    const QString storePath = app()->persistentContainer().filePath();
     const bool tracksInRecordsFile = m_tracksInRecordsFile;
-    m_building = true;
-    m_exportButtonEnabled = false;
-    m_exportText.clear();
-    m_progress = 0.0;
-    emit changed();
-    m_csvJob.start([=](const BackgroundJob::Progress &progress) -> Result<void> {
-        auto store = Store::open(storePath);
-        if (!store)
-            return store.error();
-        auto files = CollectionCsv::write(**store, tracksInRecordsFile, progress);
+    startBuild([tracksInRecordsFile](Store &store, Built &built, const BackgroundJob::Progress &progress) -> Result<void> {
+        auto files = CollectionCsv::write(store, tracksInRecordsFile, progress);
         if (!files)
             return files.error();
-        *result = std::move(*files);
+        built.csv = std::move(*files);
         return {};
     });
 }
 
-void ExportViewController::finishCsvBuild(const Result<void> &result)
-{
-    if (!result) {
-        failBuild(result.errorMessage());
-        return;
-    }
-    m_csvFiles = std::move(*m_csvResult);
-    m_csvResult.reset();
-    // The text view shows the records file without its byte-order mark.
-    finishBuild(m_csvFiles.records.mid(3), 0);
-}
-
-void ExportViewController::build()
+void ExportViewController::startBuild(std::function<Result<void>(Store &, Built &, const BackgroundJob::Progress &)> work)
 {
     if (!app() || m_building)
         return;
-    m_writer = std::make_unique<ExchangeWriter>(app()->persistentContainer(), m_exportImages);
+    auto built = std::make_shared<Built>();
+    m_built = built;
     m_building = true;
     m_exportButtonEnabled = false;
     m_exportText.clear();
     m_progress = 0.0;
     emit changed();
-    if (auto started = m_writer->start(); !started) {
-        failBuild(started.errorMessage());
-        return;
-    }
-    QTimer::singleShot(0, this, &ExportViewController::buildStep);
+    // The worker reads the store over a connection of its own.
+    m_job.start([built, work = std::move(work), storePath = app()->persistentContainer().filePath()](
+                    const BackgroundJob::Progress &progress) -> Result<void> {
+        auto store = Store::open(storePath);
+        if (!store)
+            return store.error();
+        return work(**store, *built, progress);
+    });
 }
 
-void ExportViewController::buildStep()
+void ExportViewController::buildDone(const Result<void> &result)
 {
-    if (!m_writer)
+    const std::shared_ptr<Built> built = std::move(m_built);
+    if (m_job.cancelled()) {
+        m_building = false;
+        m_exportButtonEnabled = true;
+        m_progress = 0.0;
+        emit changed();
+        emit buildFinished();
         return;
-    QElapsedTimer slice;
-    slice.start();
-    while (!m_writer->finished() && slice.elapsed() < kSliceMilliseconds) {
-        if (auto step = m_writer->writeSome(kLinesPerStep); !step) {
-            failBuild(step.errorMessage());
-            return;
-        }
     }
-    m_progress = m_writer->fraction();
-    emit changed();
-    if (m_writer->finished()) {
-        const int unreadable = m_writer->unreadableImages();
-        m_dataString = m_writer->data();
-        m_writer.reset();
-        finishBuild(m_dataString, unreadable);
+    if (!result || !built) {
+        failBuild(result.errorMessage());
+        return;
     }
-    else
-        QTimer::singleShot(0, this, &ExportViewController::buildStep);
-}
-
-void ExportViewController::finishBuild(const QByteArray &shown, int unreadable)
-{
+    m_dataString = std::move(built->exchange);
+    m_csvFiles = std::move(built->csv);
+    // The text view shows the records file without its byte-order mark.
+    QByteArrayView shown = m_dataString.isEmpty() ? QByteArrayView(m_csvFiles.records) : QByteArrayView(m_dataString);
+    if (m_dataString.isEmpty() && shown.startsWith("\xEF\xBB\xBF"))
+        shown = shown.sliced(3);
     m_exportText = Exchange::preview(shown, kPreviewCharacters);
     m_building = false;
     m_saveFileButtonEnabled = true;
@@ -155,19 +149,24 @@ void ExportViewController::finishBuild(const QByteArray &shown, int unreadable)
     m_progress = 1.0;
     emit changed();
     emit buildFinished();
-    QTimer::singleShot(kCompletionDelayMilliseconds, this,
-                       [this, unreadable]() { showAlert(kTitle, kDone + unreadableNote(unreadable)); });
+    QTimer::singleShot(kCompletionDelayMilliseconds, this, [this, unreadable = built->unreadable]() {
+        showAlert(kTitle, kDone + unreadableNote(unreadable));
+    });
 }
 
 void ExportViewController::failBuild(const QString &message)
 {
-    m_writer.reset();
     m_building = false;
     m_exportButtonEnabled = true;
     m_progress = 0.0;
     emit changed();
     emit buildFinished();
     showAlert(kTitle, u"The collection could not be read: "_s + message);
+}
+
+void ExportViewController::CancelButtonTapped()
+{
+    m_job.cancel();
 }
 
 QList<std::pair<QString, QByteArray>> ExportViewController::builtFiles() const

@@ -9,13 +9,13 @@
 
 #include <memory>
 
-class ExchangeWriter;
+class Store;
 
 // The export screen: builds the exchange file of the whole collection, or its CSV files for a
 // spreadsheet, shows it, and hands it on through the share facility ("Save To Files") or as a
-// mail attachment ("Email File"). Building runs in short slices on the event loop (the CSV
-// files on a worker thread), so the window stays live and the progress bar moves while a large
-// collection is written. One visit builds once.
+// mail attachment ("Email File"). Building runs on a worker thread, so the window stays live;
+// the progress bar counts the lines written ("12,400 of 688,101") and Cancel stops it, leaving
+// nothing built and no file. One visit builds once.
 class ExportViewController : public ScreenController
 {
     Q_OBJECT
@@ -26,6 +26,7 @@ class ExportViewController : public ScreenController
     // The built text, or its beginning when the file is large.
     Q_PROPERTY(QString exportText READ exportText NOTIFY changed)
     Q_PROPERTY(double progress READ progress NOTIFY changed)
+    Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
     // The activity indicator runs while this is true.
     Q_PROPERTY(bool building READ building NOTIFY changed)
     Q_PROPERTY(bool exportImages READ exportImages NOTIFY changed)
@@ -55,6 +56,7 @@ public:
     [[nodiscard]] bool emailButtonEnabled() const { return m_emailButtonEnabled; }
     [[nodiscard]] QString exportText() const { return m_exportText; }
     [[nodiscard]] double progress() const { return m_progress; }
+    [[nodiscard]] QString progressText() const { return m_building ? m_job.progressText() : QString(); }
     [[nodiscard]] bool building() const { return m_building; }
     [[nodiscard]] bool exportImages() const { return m_exportImages; }
     [[nodiscard]] bool tracksInRecordsFile() const { return m_tracksInRecordsFile; }
@@ -75,6 +77,8 @@ public:
     Q_INVOKABLE void SaveFile();
     // Mails the file as an attachment.
     Q_INVOKABLE void WriteTextFile();
+    // Stops building; nothing is kept and the file can be built again.
+    Q_INVOKABLE void CancelButtonTapped();
 
 signals:
     void changed();
@@ -82,18 +86,17 @@ signals:
     void buildFinished();
 
 private:
-    void build();
-    void buildStep();
-    void finishBuild(const QByteArray &shown, int unreadable);
+    struct Built;
+    // Starts building on the worker: `work` fills what was built.
+    void startBuild(std::function<Result<void>(Store &, Built &, const BackgroundJob::Progress &)> work);
+    void buildDone(const Result<void> &result);
     void failBuild(const QString &message);
-    void finishCsvBuild(const Result<void> &result);
     // The built files by name: the exchange file or the CSV files.
     [[nodiscard]] QList<std::pair<QString, QByteArray>> builtFiles() const;
 
-    std::unique_ptr<ExchangeWriter> m_writer;
     QByteArray m_dataString;
-    BackgroundJob m_csvJob;
-    std::shared_ptr<CollectionCsv::Files> m_csvResult;
+    BackgroundJob m_job;
+    std::shared_ptr<Built> m_built;
     CollectionCsv::Files m_csvFiles;
     bool m_tracksInRecordsFile = false;
     QString m_exportText;

@@ -10,6 +10,13 @@
 
 using namespace Qt::StringLiterals;
 
+TrackLine ImportFile::track(qsizetype index) const
+{
+    if (trackStarts.isEmpty())
+        return tracks.at(index);
+    return ExchangeReader::trackLineAt(text, trackStarts.at(index));
+}
+
 namespace ImportFiles {
 
 QString formatName(ImportFormat format)
@@ -36,24 +43,25 @@ QString summary(const ImportFile &file)
         return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
     };
     QString text = formatName(file.format) + u": "_s + count(file.records.size(), u"record"_s, u"records"_s);
-    if (!file.tracks.isEmpty())
-        text += u", "_s + count(file.tracks.size(), u"track"_s, u"tracks"_s);
+    if (file.trackCount() > 0)
+        text += u", "_s + count(file.trackCount(), u"track"_s, u"tracks"_s);
     return text;
 }
 
-ImportFile read(QString text)
+ImportFile read(QByteArray utf8)
 {
-    if (Exchange::hasLine(text, Exchange::kRecordMarker) || Exchange::hasLine(text, Exchange::kTrackMarker))
-        return ExchangeReader::read(std::move(text));
+    if (Exchange::hasRecordSection(utf8) || Exchange::hasTrackSection(utf8))
+        return ExchangeReader::read(std::move(utf8));
     ImportFile file;
-    const QList<Csv::Row> rows = Csv::parse(text);
+    // CSV files hold no pictures: they are small enough to read as text.
+    const QList<Csv::Row> rows = Csv::parse(QString::fromUtf8(utf8));
     if (!rows.isEmpty() && rows.first().error.isEmpty()) {
         if (DiscogsCsv::recognises(rows.first().fields))
             DiscogsCsv::read(rows, file);
         else if (CollectionCsv::sectionOf(rows.first().fields) != CollectionCsv::Section::None)
             CollectionCsv::read(rows, file);
     }
-    file.text = std::move(text);
+    file.text = std::move(utf8);
     return file;
 }
 

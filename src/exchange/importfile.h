@@ -2,6 +2,8 @@
 
 #include "entities.h"
 
+#include <QByteArray>
+#include <QByteArrayView>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -17,7 +19,7 @@ enum class ImportFormat {
     Unknown,     // none of these: nothing to import
 };
 
-// Where a long field (a cover's base64) lies in the file's text; read only when it is merged.
+// Where a long field (a cover's base64) lies in the file's bytes; read only when it is merged.
 struct TextSpan
 {
     qsizetype from = 0;
@@ -50,20 +52,32 @@ struct TrackLine
     QString problem;
 };
 
+// Where a line starts in the file's bytes, and its number.
+struct LineStart
+{
+    qsizetype offset = 0;
+    qint64 number = 0;
+};
+
 struct ImportFile
 {
     ImportFormat format = ImportFormat::Unknown;
-    QString text; // the whole text, for the cover fields
+    QByteArray text; // the whole file, UTF-8: covers are read from it in place
     QList<RecordLine> records;
+    // Track lines read whole (CSV files) or, in an exchange file, only where they start: they
+    // are read when asked for, since a large collection has hundreds of thousands.
     QList<TrackLine> tracks;
+    QList<LineStart> trackStarts;
     // Columns of a CSV file that nothing is read from.
     QStringList ignoredColumns;
     // What the preview tells about the whole file: how the file's texts were taken (condition
     // texts and the grades they became).
     QStringList remarks;
 
-    [[nodiscard]] qint64 lineCount() const { return records.size() + tracks.size(); }
-    [[nodiscard]] QStringView span(TextSpan s) const { return QStringView(text).sliced(s.from, s.size); }
+    [[nodiscard]] qsizetype trackCount() const { return tracks.size() + trackStarts.size(); }
+    [[nodiscard]] TrackLine track(qsizetype index) const;
+    [[nodiscard]] qint64 lineCount() const { return records.size() + trackCount(); }
+    [[nodiscard]] QByteArrayView span(TextSpan s) const { return QByteArrayView(text).sliced(s.from, s.size); }
 };
 
 namespace ImportFiles {
@@ -75,7 +89,8 @@ namespace ImportFiles {
 
 // Recognises the format from the text itself, never from a file name: an exchange file by its
 // "[VINYLCOLLECTION]" or "[TRACKCOLLECTION]" line, a CSV file by its header line. A text that
-// is none of these reads as ImportFormat::Unknown, with no lines.
-[[nodiscard]] ImportFile read(QString text);
+// is none of these reads as ImportFormat::Unknown, with no lines. The bytes are UTF-8
+// (TextFile::utf8 checks them).
+[[nodiscard]] ImportFile read(QByteArray utf8);
 
 } // namespace ImportFiles

@@ -22,6 +22,9 @@ namespace {
 
 // Lines between two progress reports.
 constexpr qint64 kProgressEvery = 256;
+// Lines merged in one transaction: a cancel is heard within a batch, and a large file never
+// makes one huge transaction.
+constexpr qint64 kLinesPerBatch = 16 * kProgressEvery;
 
 Error sqlError(const QString &what, const QSqlError &error)
 {
@@ -60,7 +63,7 @@ Result<ImportMerge::Preview> ImportMerge::preview(Store &store, const ImportFile
 Result<ImportCounts> ImportMerge::apply(Store &store, const ImportFile &file, const Progress &progress)
 {
     ImportMerge merge(store, file, Mode::Apply);
-    if (auto r = store.transaction([&] { return merge.run(progress); }); !r)
+    if (auto r = merge.run(progress); !r)
         return r.error();
     return merge.m_counts;
 }
@@ -80,19 +83,58 @@ Result<void> ImportMerge::run(const Progress &progress)
     if (auto r = buildLookups(); !r)
         return r;
     const qint64 total = m_file.lineCount();
-    if (m_mode == Mode::Preview)
+    if (m_mode == Mode::Preview) {
         m_outcomes.reserve(total);
-    const qint64 records = m_file.records.size();
-    for (qint64 next = 0; next < total; ++next) {
-        if (progress && next % kProgressEvery == 0 && !progress(next, total))
+        auto merged = mergeLines(0, total, progress);
+        if (!merged)
+            return merged.error();
+        if (!*merged)
             return Error{ImportMessages::kCancelled};
+        return {};
+    }
+    for (qint64 from = 0; from < total; from += kLinesPerBatch) {
+        const qint64 to = std::min(total, from + kLinesPerBatch);
+        const ImportCounts before = m_counts;
+        bool whole = true;
+        auto batch = m_store.transaction([&]() -> Result<void> {
+            auto merged = mergeLines(from, to, progress);
+            if (!merged)
+                return merged.error();
+            whole = *merged;
+            // A stopped batch is rolled back: the store keeps whole batches only.
+            return whole ? Result<void>() : Error{ImportMessages::kCancelled};
+        });
+        if (!whole) {
+            m_counts = before;
+            m_counts.stopped = true;
+            return {};
+        }
+        if (!batch) {
+            return Error{batch.errorMessage() + u"\n\n"_s
+                         + (from == 0 ? ImportMessages::kNothingImported
+                                      : ImportMessages::kPartlyImported.arg(QLocale().toString(from)))};
+        }
+        m_counts.linesApplied = to;
+    }
+    if (progress)
+        progress(total, total);
+    return {};
+}
+
+Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &progress)
+{
+    const qint64 total = m_file.lineCount();
+    const qint64 records = m_file.records.size();
+    for (qint64 next = from; next < to; ++next) {
+        if (progress && next % kProgressEvery == 0 && !progress(next, total))
+            return false;
         auto r = next < records ? mergeRecord(int(next)) : mergeTrack(int(next - records));
         if (!r)
-            return r;
+            return r.error();
     }
-    if (progress && !progress(total, total))
-        return Error{ImportMessages::kCancelled};
-    return {};
+    if (m_mode == Mode::Preview && progress && !progress(total, total))
+        return false;
+    return true;
 }
 
 Result<void> ImportMerge::buildLookups()
@@ -116,7 +158,7 @@ Result<void> ImportMerge::buildLookups()
     for (const RecordLine &line : m_file.records)
         highestId = std::max(highestId, int(number(line.values.id)));
     m_nextId = highestId + 1;
-    if (m_file.tracks.isEmpty())
+    if (m_file.trackCount() == 0)
         return {};
     if (!q.exec(u"SELECT rowid, vinylID, song, trackNumber, writtenBy, duration FROM Tracks "
                 "WHERE vinylID IS NOT NULL AND song IS NOT NULL ORDER BY rowid"_s))
@@ -278,7 +320,7 @@ Result<void> ImportMerge::mergeRecord(int index)
 
 Result<void> ImportMerge::mergeTrack(int index)
 {
-    const TrackLine &line = m_file.tracks.at(index);
+    const TrackLine line = m_file.track(index);
     if (!line.problem.isEmpty()) {
         skip(true, index, line.line, line.problem);
         return {};

@@ -18,6 +18,14 @@ namespace ImportMessages {
 // "%1" is the attribute, "%2" the line number in the file.
 inline const QString kUnreadableImage = QStringLiteral("%1 on line %2 is not a readable image; left out.");
 inline const QString kCancelled = QStringLiteral("The import was cancelled; nothing was changed.");
+// "%1 of %2" lines; "%3" what they did.
+inline const QString kStopped = QStringLiteral(
+    "The import was stopped after %1 of %2 lines of the file; those lines were imported (%3). "
+    "Undo Last Import puts the collection back as it was before.");
+// "%1" lines; follows the cause of an import that failed part of the way.
+inline const QString kPartlyImported = QStringLiteral(
+    "The first %1 lines of the file were imported before it; Undo Last Import puts the collection back as it was.");
+inline const QString kNothingImported = QStringLiteral("Nothing was imported; the collection is as it was.");
 } // namespace ImportMessages
 
 // One field a line changes on a stored record or track, as the preview shows it.
@@ -56,6 +64,9 @@ struct ImportCounts
     qint64 tracksUnchanged = 0;
     qint64 unreadableImages = 0;
     QList<ImportProblem> problems; // the lines skipped, in file order
+    // An import stopped by a cancel: the store holds the first linesApplied lines of the file.
+    bool stopped = false;
+    qint64 linesApplied = 0;
 
     [[nodiscard]] qint64 added() const { return recordsAdded + tracksAdded; }
     [[nodiscard]] qint64 updated() const { return recordsUpdated + tracksUpdated; }
@@ -88,7 +99,9 @@ public:
 
     // What merging the file would do; the store is only read.
     static Result<Preview> preview(Store &store, const ImportFile &file, const Progress &progress = {});
-    // Merges the whole file in one transaction: all of it, or (on an error or a cancel) nothing.
+    // Merges the file in batches of lines, each in one transaction, so the store always holds a
+    // whole first part of the file: a cancel stops at the end of a batch (counts.stopped), an
+    // error rolls its batch back and says how many lines were imported before it.
     static Result<ImportCounts> apply(Store &store, const ImportFile &file, const Progress &progress = {});
     // Keeps the store as a snapshot first, so that the import can be undone; nothing is applied
     // without one. `source` names the file in the snapshot.
@@ -103,6 +116,8 @@ public:
 private:
     ImportMerge(Store &store, const ImportFile &file, Mode mode);
     Result<void> run(const Progress &progress);
+    // Merges lines [from, to); false when the progress asked to stop first.
+    Result<bool> mergeLines(qint64 from, qint64 to, const Progress &progress);
     Result<void> buildLookups();
     Result<void> mergeRecord(int index);
     Result<void> mergeTrack(int index);

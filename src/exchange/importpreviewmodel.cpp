@@ -53,7 +53,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
     row.kindLabel = kinds[outcome.kind];
     QString remark;
     if (outcome.track) {
-        const TrackLine &line = m_file->tracks.at(outcome.index);
+        const TrackLine line = m_file->track(outcome.index);
         const Track &t = line.values;
         row.lineLabel = u"Line %1"_s.arg(line.line);
         row.titleLabel = text(t.song);

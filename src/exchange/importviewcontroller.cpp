@@ -85,10 +85,10 @@ void ImportViewController::documentPicked(const QUrl &url)
     m_work = work;
     m_filename = QFileInfo(work->path).fileName();
     m_job.start([work](const BackgroundJob::Progress &progress) -> Result<void> {
-        auto text = TextFile::readUtf8(work->path);
-        if (!text)
-            return text.error();
-        auto file = std::make_shared<const ImportFile>(ImportFiles::read(std::move(*text)));
+        auto bytes = TextFile::readUtf8(work->path);
+        if (!bytes)
+            return bytes.error();
+        auto file = std::make_shared<const ImportFile>(ImportFiles::read(std::move(*bytes)));
         work->shownText = Exchange::preview(file->text, kPreviewCharacters);
         auto store = Store::open(work->storePath);
         if (!store)
@@ -158,18 +158,24 @@ void ImportViewController::importDone(const Result<void> &result)
     m_importing = false;
     emit changed();
     emit importFinished();
-    if (m_job.cancelled()) {
+    if (m_job.cancelled() && (!result || (work->applied.stopped && work->applied.linesApplied == 0))) {
         showAlert(kCancelledTitle, ImportMessages::kCancelled);
         return;
     }
     if (!result) {
-        showAlert(kTitle, kStoreErrorTitle + result.errorMessage()
-                              + u"\n\nNothing was imported; the collection is as it was."_s);
+        showAlert(kTitle, kStoreErrorTitle + result.errorMessage());
         return;
     }
     m_counts = work->applied;
     m_countsLabel = ImportMerge::countsText(m_counts);
     emit changed();
+    if (m_counts.stopped) {
+        const QLocale locale;
+        showAlert(kCancelledTitle, ImportMessages::kStopped.arg(locale.toString(m_counts.linesApplied),
+                                                                locale.toString(work->file->lineCount()),
+                                                                m_countsLabel));
+        return;
+    }
     showAlert(kTitle, completionMessage(), {u"OK"_s}, [this](int) {
         if (app())
             app()->navigator()->unwind(u"unwindToMenu"_s);

@@ -13,7 +13,7 @@
 // The import screen: loads one file the user picks (an exchange file, a Discogs collection
 // export or a CSV file, told apart by their content) and shows what importing it would do,
 // line by line, before anything changes. Importing keeps a snapshot of the store, so that the
-// import can be undone, and merges the whole file in one transaction; the completion alert
+// import can be undone, and merges the file in batches of lines; the completion alert
 // lists the lines skipped and leads back to the main menu. Reading, the preview and the import
 // run on a worker thread with progress and cancel.
 class ImportViewController : public ScreenController
@@ -76,7 +76,8 @@ public:
     Q_INVOKABLE void documentPickerWasCancelled() {}
     // Merges the loaded file into the store.
     Q_INVOKABLE void ImportTextFile();
-    // Stops the reading or the import; a stopped import changes nothing.
+    // Stops the reading or the import; an import stops at the end of a batch of lines and
+    // keeps the lines before it (Undo Last Import takes them back).
     Q_INVOKABLE void CancelButtonTapped();
     // Shows the preview lines of one ImportOutcome::Kind, or all (-1).
     Q_INVOKABLE void ShowLines(int kind);

@@ -421,6 +421,16 @@ Result<void> Store::migrate()
                            << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + columns.join(u", "_s) + u')';
             }
         }
+        if (version < 3) {
+            // Each cover's exchange encoding lives beside it (see ExchangeEncoding); a changed
+            // cover drops its encoding, whichever way it was written.
+            for (const QString &side : {u"front"_s, u"back"_s}) {
+                const QString cover = side + u"Image"_s;
+                statements << u"ALTER TABLE Vinyl ADD COLUMN %1Exchange BLOB"_s.arg(cover)
+                           << u"CREATE TRIGGER %1Changed AFTER UPDATE OF %1 ON Vinyl WHEN NEW.%1 IS NOT OLD.%1 "
+                              "BEGIN UPDATE Vinyl SET %1Exchange = NULL WHERE rowid = NEW.rowid; END"_s.arg(cover);
+            }
+        }
         statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         for (const QString &sql : statements) {
             if (auto r = exec(sql); !r)
@@ -629,6 +639,39 @@ Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
     Statement q(*prepared, Statement::Kept);
     sqlite3_bind_int64(q.handle(), 1, vinylRowId);
     return q.next() ? q.blob(0) : QByteArray();
+}
+
+Result<std::array<ExchangeEncoding, 2>> Store::exchangeEncodings(qint64 vinylRowId) const
+{
+    // Kept prepared: an export reads every record's. A cover is read only without an encoding.
+    static const QString sql = u"SELECT frontImageExchange, CASE WHEN frontImageExchange IS NULL THEN frontImage END, "
+                               "backImageExchange, CASE WHEN backImageExchange IS NULL THEN backImage END "
+                               "FROM Vinyl WHERE rowid = ?"_s;
+    auto prepared = kept(sql);
+    if (!prepared)
+        return Error{u"Cannot read a cover: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    std::array<ExchangeEncoding, 2> encodings;
+    if (q.next()) {
+        for (int side = 0; side < 2; ++side) {
+            if (!q.isNull(2 * side))
+                encodings[side].kept = q.blob(2 * side);
+            if (!q.isNull(2 * side + 1))
+                encodings[side].cover = q.blob(2 * side + 1);
+        }
+    }
+    return encodings;
+}
+
+Result<void> Store::keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
+                                         const QByteArray &encoding)
+{
+    static const QString front = u"UPDATE Vinyl SET frontImageExchange = ? WHERE rowid = ? AND frontImage = ?"_s;
+    static const QString back = u"UPDATE Vinyl SET backImageExchange = ? WHERE rowid = ? AND backImage = ?"_s;
+    // A picture that is not one keeps an empty encoding, which is not the absent one.
+    const QByteArray kept = encoding.isNull() ? QByteArray("") : encoding;
+    return write(side == CoverSide::Front ? front : back, {kept, vinylRowId, cover});
 }
 
 Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const

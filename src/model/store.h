@@ -11,12 +11,24 @@
 #include <QStringList>
 #include <QString>
 
+#include <array>
 #include <functional>
 #include <memory>
 
 #include <optional>
 
 struct sqlite3_stmt;
+
+// A cover as the exchange file carries it: a re-encoding of the stored picture, kept beside it
+// once the exchange writer has made it, so that an export copies it instead of encoding every
+// picture again. A cover that changes drops its encoding.
+struct ExchangeEncoding
+{
+    // The encoding made before; empty when the cover is not a picture. Absent when none is kept.
+    std::optional<QByteArray> kept;
+    // The cover itself, read only when no encoding is kept; empty when the record has none.
+    QByteArray cover;
+};
 
 // The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
 // one nullable column per attribute. Strings compare exactly and sort in code-point order;
@@ -26,7 +38,7 @@ struct sqlite3_stmt;
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 2;
+    static constexpr int kSchemaVersion = 3;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows; the store keeps a covering index per list order over them.
     static inline const QStringList kCardAttributes = {
@@ -56,6 +68,12 @@ public:
     Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId, bool withImages = true) const;
     // The encoded cover bytes, empty when the record has none.
     Result<QByteArray> coverImage(qint64 vinylRowId, CoverSide side) const;
+
+    // The exchange encodings of a record's covers, front then back.
+    Result<std::array<ExchangeEncoding, 2>> exchangeEncodings(qint64 vinylRowId) const;
+    // Keeps the encoding made of `cover`, unless the record's cover is no longer that picture.
+    Result<void> keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
+                                      const QByteArray &encoding);
 
     // Inserts set rowId on the object they are given.
     Result<void> insert(Vinyl &vinyl);

@@ -38,13 +38,15 @@ qsizetype sequenceLength(const QByteArray &bytes, qsizetype i)
 
 namespace TextFile {
 
-Result<QString> decodeUtf8(const QByteArray &bytes)
+Result<QByteArray> utf8(QByteArray bytes)
 {
     static const QByteArray byteOrderMark("\xEF\xBB\xBF", 3);
-    const qsizetype start = bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+    if (bytes.startsWith(byteOrderMark))
+        bytes.remove(0, byteOrderMark.size());
     qint64 line = 1;
-    for (qsizetype i = start; i < bytes.size();) {
-        const char c = bytes[i];
+    const char *const data = bytes.constData();
+    for (qsizetype i = 0; i < bytes.size();) {
+        const char c = data[i];
         if (uchar(c) < 0x80) {
             line += c == '\n';
             ++i;
@@ -56,20 +58,20 @@ Result<QString> decodeUtf8(const QByteArray &bytes)
                          "Save it again as UTF-8 and import it once more."_s.arg(line)};
         i += length;
     }
-    return QString::fromUtf8(bytes.constData() + start, bytes.size() - start);
+    return bytes;
 }
 
-Result<QString> readUtf8(const QString &path)
+Result<QByteArray> readUtf8(const QString &path)
 {
     if (QFileInfo(path).isDir())
         return Error{u"%1 is a folder, not a file."_s.arg(path)};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return Error{u"Cannot read %1: %2"_s.arg(path, file.errorString())};
-    auto text = decodeUtf8(bytes);
+    auto text = utf8(std::move(bytes));
     if (!text)
         return Error{QFileInfo(path).fileName() + u": "_s + text.errorMessage()};
     return text;

@@ -10,10 +10,10 @@
 // accented names.
 namespace TextFile {
 
-// The bytes as text. A leading byte-order mark is dropped. Fails, naming the first line that
-// is not UTF-8, for anything else.
-[[nodiscard]] Result<QString> decodeUtf8(const QByteArray &bytes);
-// Reads a whole file and decodes it as above; the error names the file.
-[[nodiscard]] Result<QString> readUtf8(const QString &path);
+// The bytes, checked to be UTF-8, without a leading byte-order mark; they stay bytes, so a
+// large file is never held twice. Fails, naming the first line that is not UTF-8, for anything else.
+[[nodiscard]] Result<QByteArray> utf8(QByteArray bytes);
+// Reads a whole file and checks it as above; the error names the file.
+[[nodiscard]] Result<QByteArray> readUtf8(const QString &path);
 
 } // namespace TextFile

@@ -86,13 +86,23 @@ void PrintVinylViewController::fetch()
         emit reportChanged();
         return;
     }
-    auto fetched = ReportBuilder::fetchReport(app()->persistentContainer(), state.originScreen(), state.currentRecord(),
-                                              state.sortAscending());
-    if (fetched)
-        m_vinylList = std::move(fetched).value();
-    else
-        consoleLine(fetched.errorMessage());
-    buildReport(true);
+    // A long list is read on the worker too: the window keeps painting from the first moment.
+    auto fetched = std::make_shared<QList<Vinyl>>();
+    m_fetched = fetched;
+    m_taskTitle = ReportTexts::kLayingOut;
+    m_taskKind = Task::Fetch;
+    m_task.start([fetched, store = app()->persistentContainer().filePath(), origin = state.originScreen(),
+                  group = state.currentRecord(), ascending = state.sortAscending()](const BackgroundJob::Progress &) {
+        auto opened = Store::open(store);
+        if (!opened)
+            return Result<void>(opened.error());
+        auto records = ReportBuilder::fetchReport(**opened, origin, group, ascending);
+        if (!records)
+            return Result<void>(records.error());
+        *fetched = std::move(*records);
+        return Result<void>();
+    });
+    emit progressChanged();
 }
 
 void PrintVinylViewController::stopTask()
@@ -142,8 +152,21 @@ void PrintVinylViewController::buildReport(bool alertWhenEmpty)
 void PrintVinylViewController::taskDone(const Result<void> &result)
 {
     showProgress();
-    emit taskFinished();
     const bool cancelled = m_task.cancelled();
+    if (m_taskKind == Task::Fetch) {
+        if (cancelled)
+            return;
+        if (result)
+            m_vinylList = std::move(*m_fetched);
+        else
+            consoleLine(result.errorMessage());
+        m_fetched.reset();
+        buildReport(true);
+        if (!busy())
+            emit taskFinished();
+        return;
+    }
+    emit taskFinished();
     if (m_taskKind == Task::Layout) {
         if (!result && !cancelled)
             showAlert(ReportTexts::kNotBuiltTitle, result.errorMessage());
@@ -166,6 +189,9 @@ void PrintVinylViewController::showProgress()
 
 void PrintVinylViewController::CreateFileClick()
 {
+    // The records are still being read; the report follows by itself.
+    if (busy() && m_taskKind == Task::Fetch)
+        return;
     buildReport(true);
 }
 

@@ -38,8 +38,8 @@ private:
 
 // The printed report: the whole collection or the records of the group picked, chosen by
 // OriginScreen and ordered by SortAscending, shown page by page as it will print, and sent
-// to the print dialog. Laying the pages out and printing run off the UI thread with a
-// progress bar and a Cancel button; the first page shows as soon as it is laid out.
+// to the print dialog. Reading the records, laying the pages out and printing run off the UI
+// thread with a progress bar and a Cancel button; the first page shows as soon as it is laid out.
 class PrintVinylViewController : public ScreenController
 {
     Q_OBJECT
@@ -81,7 +81,7 @@ public:
 signals:
     void reportChanged();
     void progressChanged();
-    // Laying out or printing has finished, whether done, cancelled or failed.
+    // Reading and laying out, or printing, has finished, whether done, cancelled or failed.
     void taskFinished();
 
 protected:
@@ -101,7 +101,8 @@ private:
     QString m_reportKey;
     ReportPageModel m_pages;
     BackgroundJob m_task;
-    enum class Task { Layout, Printing } m_taskKind = Task::Layout;
+    enum class Task { Fetch, Layout, Printing } m_taskKind = Task::Layout;
+    std::shared_ptr<QList<Vinyl>> m_fetched; // what the fetch on the worker hands back
     QString m_taskTitle;
     bool m_printButtonVisible = true;
 };

@@ -33,7 +33,7 @@ private slots:
         QVERIFY(withoutImages.ok());
         qInfo("export without images: %lld ms, %lld bytes", timer.restart(), qint64(withoutImages->size()));
 
-        const QString text = QString::fromUtf8(*withImages);
+        const QByteArray text = *withImages;
         TestApp target;
         timer.restart();
         auto first = ExchangeReader::importAll(target.store(), text);

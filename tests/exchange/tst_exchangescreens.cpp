@@ -2,6 +2,7 @@
 #include "exportviewcontroller.h"
 #include "importexportviewcontroller.h"
 #include "importviewcontroller.h"
+#include "samplecollection.h"
 #include "snapshots.h"
 #include "store.h"
 #include "testsupport.h"
@@ -99,6 +100,29 @@ private slots:
         // The record's cover is not a picture: the file is built without it and the user is told.
         QCOMPARE(controller.lastAlertMessage(), u"Process Complete - File Ready to Save to Files or Email\n\n"
                                                 "1 cover picture could not be read and was left out."_s);
+    }
+
+    // Cancel keeps nothing of the build: nothing to save or mail, no alert, and the file can
+    // be built again.
+    void cancelledExportKeepsNothing()
+    {
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {200, 10, true, 5}).ok());
+        ExportViewController controller(&t.app());
+        QSignalSpy finished(&controller, &ExportViewController::buildFinished);
+        controller.CreateUpdateFile();
+        QVERIFY(controller.building());
+        controller.CancelButtonTapped();
+        QVERIFY(finished.wait(10000));
+        QVERIFY(controller.dataString().isEmpty());
+        QVERIFY(controller.exportText().isEmpty());
+        QVERIFY(!controller.saveFileButtonEnabled());
+        QVERIFY(!controller.emailButtonEnabled());
+        QVERIFY(controller.exportButtonEnabled());
+        QTest::qWait(1200);
+        QVERIFY(controller.lastAlertTitle().isEmpty());
+        QVERIFY(build(controller));
+        QCOMPARE(controller.dataString(), ExchangeWriter::build(t.store(), true).valueOr({}));
     }
 
     void leavingImagesOutSticks()
@@ -342,12 +366,13 @@ private slots:
         QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
     }
 
-    void cancelledImportChangesNothing()
+    // A cancelled import keeps whole batches of lines, and says how many.
+    void cancelledImportSaysWhatItKept()
     {
         TestApp t;
         QTemporaryDir dir;
         QByteArray csv("name,artist\n");
-        for (int i = 0; i < 2000; ++i)
+        for (int i = 0; i < 20000; ++i)
             csv += "Album " + QByteArray::number(i) + ",A\n";
         ImportViewController controller(&t.app());
         QVERIFY(pick(controller, writeFile(dir, u"many.csv"_s, csv)));
@@ -357,7 +382,13 @@ private slots:
         controller.CancelButtonTapped();
         QVERIFY(finished.wait(10000));
         QCOMPARE(controller.lastAlertTitle(), u"Import Cancelled"_s);
-        QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 0);
+        const qint64 kept = t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1);
+        QVERIFY(kept < 20000);
+        const QLocale locale;
+        QCOMPARE(controller.lastAlertMessage(),
+                 kept == 0 ? ImportMessages::kCancelled
+                           : ImportMessages::kStopped.arg(locale.toString(kept), u"20,000"_s,
+                                                          ImportMerge::countsText(controller.counts())));
         QVERIFY(controller.importButtonEnabled()); // it can be started again
     }
 

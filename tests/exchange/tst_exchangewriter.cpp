@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QTimeZone>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -278,23 +280,82 @@ private slots:
         QVERIFY(lines(*without).at(1).endsWith(u"Very Good^^"_s));
     }
 
-    void buildsInStepsWithProgress()
+    // An export keeps each cover's encoding beside it; the next export must still carry the
+    // cover the record holds then, however it was changed.
+    void keptEncodingsFollowTheCover_data()
     {
+        QTest::addColumn<int>("change");
+        QTest::addColumn<bool>("sameFile");
+        QTest::newRow("nothing changed") << 0 << true;
+        QTest::newRow("record saved whole, covers unchanged") << 1 << true;
+        QTest::newRow("front cover replaced on the whole record") << 2 << false;
+        QTest::newRow("front cover given to a record read without covers") << 3 << false;
+    }
+
+    void keptEncodingsFollowTheCover()
+    {
+        QFETCH(int, change);
+        QFETCH(bool, sameFile);
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {30, 4, false, 7}).ok());
-        ExchangeWriter writer(t.store(), true);
-        QVERIFY(writer.start().ok());
-        QCOMPARE(writer.totalLines(), 150);
-        QList<double> fractions;
-        while (!writer.finished()) {
-            QVERIFY(writer.writeSome(40).ok());
-            fractions << writer.fraction();
+        Vinyl v = fullRecord();
+        v.frontImage = pngCover(Qt::red);
+        v.backImage = QByteArray("not a picture");
+        QVERIFY(t.store().insert(v).ok());
+        int unreadable = 0;
+        const auto first = ExchangeWriter::build(t.store(), true, &unreadable);
+        QVERIFY(first.ok());
+        QCOMPARE(unreadable, 1);
+
+        auto stored = t.store().vinylByRowId(v.rowId, change != 3);
+        QVERIFY(stored.ok() && stored->has_value());
+        Vinyl edited = **stored;
+        edited.notes = u"edited"_s;
+        if (change >= 2)
+            edited.frontImage = pngCover(Qt::blue);
+        if (change > 0)
+            QVERIFY(t.store().update(edited).ok());
+
+        unreadable = 0;
+        const auto second = ExchangeWriter::build(t.store(), true, &unreadable);
+        QVERIFY(second.ok());
+        QCOMPARE(unreadable, 1);
+        const QString front = lines(*second).at(1).section(u'^', 15, 15);
+        const QByteArray cover = change >= 2 ? pngCover(Qt::blue) : pngCover(Qt::red);
+        QCOMPARE(front.toLatin1(), ExchangeWriter::exchangeEncoding(cover).toBase64());
+        QCOMPARE(*second == *first, sameFile && change == 0);
+        if (sameFile)
+            QCOMPARE(lines(*second).at(1).section(u'^', 15), lines(*first).at(1).section(u'^', 15));
+    }
+
+    void buildReportsProgressAndStopsWhenCancelled_data()
+    {
+        QTest::addColumn<int>("cancelAfter"); // progress reports answered before the cancel; -1: none
+        QTest::newRow("runs to the end") << -1;
+        QTest::newRow("cancelled at once") << 0;
+        QTest::newRow("cancelled among the tracks") << 2;
+    }
+
+    void buildReportsProgressAndStopsWhenCancelled()
+    {
+        QFETCH(int, cancelAfter);
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {300, 4, false, 7}).ok());
+        QList<qint64> done;
+        const auto built = ExchangeWriter::build(t.store(), true, nullptr, [&](qint64 lines, qint64 total) {
+            if (total != 1500)
+                return false;
+            done.append(lines);
+            return cancelAfter < 0 || done.size() <= cancelAfter;
+        });
+        QVERIFY(std::is_sorted(done.cbegin(), done.cend()));
+        if (cancelAfter < 0) {
+            QVERIFY(built.ok());
+            QCOMPARE(done.constLast(), 1500);
+            QCOMPARE(*built, ExchangeWriter::build(t.store(), true).valueOr({}));
+        } else {
+            QCOMPARE(built.errorMessage(), ExportMessages::kCancelled);
+            QCOMPARE(done.size(), cancelAfter + 1);
         }
-        QCOMPARE(fractions.first(), 40.0 / 150.0);
-        QCOMPARE(fractions.last(), 1.0);
-        auto whole = ExchangeWriter::build(t.store(), true);
-        QVERIFY(whole.ok());
-        QCOMPARE(writer.data(), *whole);
     }
 };
 

@@ -8,6 +8,7 @@
 #include "textfile.h"
 
 #include <QAbstractItemModelTester>
+#include <QLocale>
 #include <QSqlQuery>
 #include <QTest>
 
@@ -69,11 +70,11 @@ private slots:
         QFETCH(QString, counts);
         TestApp t;
         if (!before.isEmpty())
-            QVERIFY(ImportMerge::apply(t.store(), ImportFiles::read(before)).ok());
+            QVERIFY(ImportMerge::apply(t.store(), ImportFiles::read(before.toUtf8())).ok());
         const qint64 stored = recordCount(t.store());
         const qint64 writes = t.store().writeCount();
 
-        const ImportFile read = ImportFiles::read(file);
+        const ImportFile read = ImportFiles::read(file.toUtf8());
         auto preview = ImportMerge::preview(t.store(), read);
         QVERIFY2(preview.ok(), qPrintable(preview.errorMessage()));
         QCOMPARE(ImportMerge::countsText(preview->counts), counts);
@@ -90,10 +91,10 @@ private slots:
     void updateNamesEveryFieldWithItsOldAndNewValue()
     {
         TestApp t;
-        QVERIFY(ImportMerge::apply(t.store(), ImportFiles::read(u"name,artist,releaseDate,recordLabel,quantity,cost\n"
-                                                                 "One,A,1975-03-05,Old,1,2.5\n"_s)).ok());
-        auto preview = ImportMerge::preview(t.store(), ImportFiles::read(u"Quantity,Album Name,Artist,Record Label,"
-                                                                          "Release Date,Cost\n2,One,A,New,1976-06-01,2.5\n"_s));
+        QVERIFY(ImportMerge::apply(t.store(), ImportFiles::read((u"name,artist,releaseDate,recordLabel,quantity,cost\n"
+                                                                 "One,A,1975-03-05,Old,1,2.5\n"_s).toUtf8())).ok());
+        auto preview = ImportMerge::preview(t.store(), ImportFiles::read((u"Quantity,Album Name,Artist,Record Label,"
+                                                                          "Release Date,Cost\n2,One,A,New,1976-06-01,2.5\n"_s).toUtf8()));
         QVERIFY(preview.ok());
         QCOMPARE(preview->outcomes.size(), 1);
         const ImportOutcome &outcome = preview->outcomes.first();
@@ -108,11 +109,11 @@ private slots:
     void previewListShowsEveryKindOfLine()
     {
         TestApp t;
-        QVERIFY(ImportMerge::apply(t.store(), ImportFiles::read(kDiscogs)).ok());
+        QVERIFY(ImportMerge::apply(t.store(), ImportFiles::read(kDiscogs.toUtf8())).ok());
         const QString text = QString(kDiscogs).replace(u"Mint (M),Mint (M)"_s, u"Mint (M),Good (G)"_s)
                              + u"D,Delta,Fourth,L,LP,1999,14,,,\nE,Eps,,L,LP,,15,,,\nA-1,Alpha (2),First,Lab,\"2xLP, Album\",1975,11,"
                                "Very Good Plus (VG+),Generic,\n"_s;
-        auto file = std::make_shared<const ImportFile>(ImportFiles::read(text));
+        auto file = std::make_shared<const ImportFile>(ImportFiles::read(text.toUtf8()));
         auto preview = ImportMerge::preview(t.store(), *file);
         QVERIFY(preview.ok());
 
@@ -165,7 +166,7 @@ private slots:
         QFETCH(QString, problems);
         TestApp t;
         t.addVinyl(u"Stored"_s, u"A"_s, u"L"_s, qint16(storedId));
-        auto applied = ImportMerge::apply(t.store(), ImportFiles::read(csv));
+        auto applied = ImportMerge::apply(t.store(), ImportFiles::read(csv.toUtf8()));
         QVERIFY(applied.ok());
         QStringList byName;
         for (const Vinyl &v : t.store().fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"name"_s)).valueOr({}))
@@ -177,33 +178,56 @@ private slots:
         QCOMPARE(skipped.join(u'\n'), problems);
     }
 
-    // All of a file or nothing: an error or a cancel part way leaves the store as it was.
-    void stoppedImportChangesNothing_data()
+    // An import stopped part way (a cancel, or a line the store refuses) leaves the store holding
+    // a whole first part of the file, and says how much: never some lines of a part.
+    void stoppedImportKeepsAFirstPartOfTheFile_data()
     {
         QTest::addColumn<bool>("cancel");
-        QTest::newRow("the store refuses a line") << false;
-        QTest::newRow("cancelled") << true;
+        QTest::addColumn<int>("stopLine"); // the line index the cancel or refusal comes at
+        QTest::newRow("cancelled at once") << true << 300;
+        QTest::newRow("cancelled late") << true << 9000;
+        QTest::newRow("the store refuses an early line") << false << 500;
+        QTest::newRow("the store refuses a late line") << false << 9000;
     }
 
-    void stoppedImportChangesNothing()
+    void stoppedImportKeepsAFirstPartOfTheFile()
     {
         QFETCH(bool, cancel);
+        QFETCH(int, stopLine);
         TestApp t;
         t.addVinyl(u"Kept"_s, u"A"_s, u"Label"_s, 1);
+        // Line 0 updates the stored record; line i > 0 adds "Album i".
         QString csv = u"name,artist,recordLabel\nKept,A,Changed\n"_s;
-        for (int i = 0; i < 600; ++i)
+        for (int i = 1; i <= 10000; ++i)
             csv += u"Album %1,A,L\n"_s.arg(i);
         QSqlQuery q(t.store().database());
         if (!cancel)
-            QVERIFY(q.exec(u"CREATE TRIGGER refuse BEFORE INSERT ON Vinyl WHEN NEW.name = 'Album 500' "
-                           "BEGIN SELECT RAISE(ABORT, 'refused'); END"_s));
-        const auto progress = [cancel](qint64 done, qint64) { return !cancel || done < 300; };
-        auto applied = ImportMerge::apply(t.store(), ImportFiles::read(csv), progress);
-        QVERIFY(!applied.ok());
-        QVERIFY2(applied.errorMessage().contains(cancel ? u"cancelled"_s : u"refused"_s), qPrintable(applied.errorMessage()));
-        const QList<Vinyl> all = t.store().fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr({});
-        QCOMPARE(all.size(), 1);
-        QCOMPARE(text(all.first().recordLabel), u"Label"_s);
+            QVERIFY(q.exec(u"CREATE TRIGGER refuse BEFORE INSERT ON Vinyl WHEN NEW.name = 'Album %1' "
+                           "BEGIN SELECT RAISE(ABORT, 'refused'); END"_s.arg(stopLine)));
+        const auto progress = [=](qint64 done, qint64) { return !cancel || done < stopLine; };
+        auto applied = ImportMerge::apply(t.store(), ImportFiles::read(csv.toUtf8()), progress);
+
+        const auto counted = [&t](const QString &attribute, const QString &value) {
+            return t.store().count(FetchRequest(Entity::Vinyl).where(Predicate::equal(attribute, value))).valueOr(-1);
+        };
+        // The lines of the file the store holds: the update of line 0 and the albums added.
+        const qint64 kept = counted(u"recordLabel"_s, u"Changed"_s) + counted(u"recordLabel"_s, u"L"_s);
+        // Batches are hundreds of lines long: an early stop keeps nothing, a late one keeps some.
+        QVERIFY(kept < stopLine);
+        QCOMPARE(kept > 0, stopLine > 4000);
+        if (kept > 0)
+            QCOMPARE(counted(u"name"_s, u"Album %1"_s.arg(kept - 1)), 1);
+        if (cancel) {
+            QVERIFY(applied.ok());
+            QVERIFY(applied->stopped);
+            QCOMPARE(applied->linesApplied, kept);
+            QCOMPARE(applied->added() + applied->updated(), kept);
+        } else {
+            QVERIFY(!applied.ok());
+            QVERIFY2(applied.errorMessage().contains(u"refused"_s), qPrintable(applied.errorMessage()));
+            QVERIFY(applied.errorMessage().endsWith(
+                kept > 0 ? ImportMessages::kPartlyImported.arg(QLocale().toString(kept)) : ImportMessages::kNothingImported));
+        }
     }
 };
 

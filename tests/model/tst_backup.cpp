@@ -170,7 +170,7 @@ private slots:
             before.append(exportOf(t.store()));
             QVERIFY(snapshots.take(Snapshots::kKindImport, u"file %1.csv"_s.arg(i)).ok());
             const QString line = u"[VINYLCOLLECTION]\n0.0^Artist %1^0.0^^^9^Album %1^^^1^^^^0.0^^^\n"_s.arg(i);
-            QVERIFY(ExchangeReader::importAll(t.store(), line).ok());
+            QVERIFY(ExchangeReader::importAll(t.store(), line.toUtf8()).ok());
         }
         QCOMPARE(QDir(snapshots.folder()).entryList(QDir::Files).size(), Snapshots::kKept);
         QCOMPARE(snapshots.latest()->info.source, u"file 3.csv"_s);

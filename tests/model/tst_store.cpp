@@ -209,6 +209,10 @@ private slots:
             QSqlQuery q((*store)->database());
             QVERIFY(q.exec(u"DROP INDEX VinylByName"_s));
             QVERIFY(q.exec(u"CREATE INDEX VinylByName ON Vinyl(name)"_s));
+            for (const QString &cover : {u"frontImage"_s, u"backImage"_s}) {
+                QVERIFY(q.exec(u"DROP TRIGGER %1Changed"_s.arg(cover)));
+                QVERIFY(q.exec(u"ALTER TABLE Vinyl DROP COLUMN %1Exchange"_s.arg(cover)));
+            }
             QVERIFY(q.exec(u"PRAGMA user_version = 1"_s));
         }
         auto reopened = Store::open(path);

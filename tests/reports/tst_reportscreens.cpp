@@ -36,13 +36,15 @@ void add(TestApp &t, const QString &name, const QString &artist, const QString &
     QVERIFY(t.store().insert(v));
 }
 
-// Waits until the screen has laid its report out (or printed it).
+// Waits until the screen has read its records and laid its report out (or printed it).
 bool settled(PrintVinylViewController &report)
 {
-    if (!report.busy())
-        return true;
     QSignalSpy finished(&report, &PrintVinylViewController::taskFinished);
-    return finished.wait(60000);
+    while (report.busy()) {
+        if (!finished.wait(60000))
+            return false;
+    }
+    return true;
 }
 
 // The report's text as its pages show it.
@@ -142,6 +144,7 @@ private slots:
         TestApp t;
         t.app().state()->setOriginScreen(u"List"_s);
         PrintVinylViewController report(&t.app());
+        QVERIFY(settled(report));
         QCOMPARE(report.lastAlertTitle(), u"Empty Data Set!"_s);
         QCOMPARE(report.lastAlertMessage(), u"No Vinyl's to Print!"_s);
         QVERIFY(!report.printButtonVisible());

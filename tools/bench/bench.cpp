@@ -33,7 +33,7 @@ void BenchReport::add(Measurement m)
     std::printf("%-44s %6d %10.2f %10s %7s %8s%s\n", qPrintable(m.name), m.records, m.ms,
                 m.floorMs ? qPrintable(QString::asprintf("%.2f", *m.floorMs)) : "-", qPrintable(ratio),
                 m.targetMs ? qPrintable(QString::asprintf("%.0f", *m.targetMs))
-                           : (m.targetRatio ? qPrintable(QString::asprintf("x%.0f", *m.targetRatio)) : "-"),
+                           : (m.targetRatio ? qPrintable(QString::asprintf("x%g", *m.targetRatio)) : "-"),
                 qPrintable(peak));
     std::fflush(stdout);
     m_measurements.append(std::move(m));

@@ -14,7 +14,9 @@
 #include "importmerge.h"
 #include "coverpictures.h"
 #include "filteredlistpdf.h"
+#include "exportviewcontroller.h"
 #include "floors.h"
+#include "importviewcontroller.h"
 #include "grouptableviewcontroller.h"
 #include "listvinyltableviewcontroller.h"
 #include "printvinylviewcontroller.h"
@@ -31,8 +33,12 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QUrl>
 
 #include <cstdio>
 
@@ -201,13 +207,23 @@ const QString kTrackFloorSql = u"SELECT vinylID, trackNumber, song, writtenBy, d
 QByteArray measureExport(BenchReport &report, BenchCollection &c, bool images, const QString &file)
 {
     QByteArray text;
-    const double ms = medianMs(kRuns, [&] {
+    const auto exportOnce = [&] {
         auto built = ExchangeWriter::build(c.store(), images);
         text = built ? std::move(built).value() : QByteArray();
         QFile out(file);
         if (out.open(QIODevice::WriteOnly))
             out.write(text);
-    });
+    };
+    if (images) {
+        // The first export after the covers were stored makes their exchange encodings; later
+        // ones copy them.
+        QElapsedTimer first;
+        first.start();
+        exportOnce();
+        add(report, c, u"export with images, encoding every cover"_s, double(first.nsecsElapsed()) / 1e6, std::nullopt,
+            std::nullopt, std::nullopt);
+    }
+    const double ms = medianMs(kRuns, exportOnce);
     const double floorMs = Floors::select(c.store().filePath(), exportFloorSql(images), kRuns)
                            + Floors::select(c.store().filePath(), kTrackFloorSql, kRuns)
                            + Floors::writeFile(file + u".floor"_s, text, kRuns);
@@ -220,7 +236,7 @@ QByteArray measureExport(BenchReport &report, BenchCollection &c, bool images, c
 bool importFile(Store &store, const QString &file)
 {
     auto text = TextFile::readUtf8(file);
-    return text && ExchangeReader::importAll(store, *text).ok();
+    return text && ExchangeReader::importAll(store, std::move(*text)).ok();
 }
 
 void measureImport(BenchReport &report, BenchCollection &c, const QString &file, qint64 coverBytes)
@@ -247,8 +263,40 @@ void measureImport(BenchReport &report, BenchCollection &c, const QString &file,
     const double readFloor = Floors::readFile(file, kRuns);
     const double insertFloor = Floors::insert(scratch.path(), c.records(), 20, cover, kRuns) + readFloor;
     const double updateFloor = Floors::update(importedStore, cover, kRuns) + readFloor;
-    add(report, c, u"import into an empty store"_s, empty, insertFloor, std::nullopt, 3);
+    add(report, c, u"import into an empty store"_s, empty, insertFloor, std::nullopt, 2.5);
     add(report, c, u"import again into the full store"_s, update, updateFloor, std::nullopt, 3);
+}
+
+// Runs this benchmark again with `arguments` (one operation) and reads back the "<ms> <peak MB>"
+// it prints: the peak resident memory is then that operation's own.
+std::optional<std::pair<double, double>> inOwnProcess(const QStringList &arguments)
+{
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), arguments);
+    const bool finished = child.waitForFinished(30 * 60 * 1000);
+    const QStringList figures = QString::fromUtf8(child.readAllStandardOutput()).split(u' ', Qt::SkipEmptyParts);
+    bool msOk = false, mbOk = false;
+    const double ms = figures.value(0).toDouble(&msOk);
+    const double mb = figures.value(1).toDouble(&mbOk);
+    if (!finished || child.exitCode() != 0 || !msOk || !mbOk) {
+        std::fprintf(stderr, "bench: %s failed: %s\n", qPrintable(arguments.value(0)),
+                     child.readAllStandardError().constData());
+        return std::nullopt;
+    }
+    return std::pair{ms, mb};
+}
+
+// The import of the exchange file into an empty store, in a process of its own: it must hold
+// little beyond the file.
+void measureImportMemory(BenchReport &report, BenchCollection &c, const QString &file)
+{
+    const auto figures = inOwnProcess({u"--import"_s, file});
+    if (!figures)
+        return;
+    const double fileMb = double(QFileInfo(file).size()) / (1024.0 * 1024.0);
+    const bool ceiling = c.records() == 32767;
+    report.add({u"import into an empty store, own process"_s, c.records(), figures->first, std::nullopt, std::nullopt,
+                std::nullopt, figures->second, ceiling ? std::optional<double>(fileMb + 150) : std::nullopt});
 }
 
 // Average stored size of one cover, for floors that write covers.
@@ -286,7 +334,7 @@ void measureDiscogsImport(BenchReport &report, BenchCollection &c)
     if (!out.open(QIODevice::WriteOnly) || out.write(discogsExportOf(c.store())) < 0)
         std::fprintf(stderr, "bench: cannot write the Discogs export\n");
     out.close();
-    const auto read = [&file] { return ImportFiles::read(TextFile::readUtf8(file).valueOr(QString())); };
+    const auto read = [&file] { return ImportFiles::read(TextFile::readUtf8(file).valueOr(QByteArray())); };
     bool ok = true;
     const double preview = medianMs(kRuns, [&] { ok = ok && ImportMerge::preview(c.store(), read()).ok(); });
 
@@ -317,6 +365,7 @@ void measureExchange(BenchReport &report, BenchCollection &c)
     measureExport(report, c, false, file);
     measureExport(report, c, true, file);
     measureImport(report, c, file, averageCoverBytes(c.store()));
+    measureImportMemory(report, c, file);
     QFile::remove(file);
 }
 
@@ -406,25 +455,96 @@ void measureReportScreen(BenchReport &report, BenchCollection &c)
 // memory is its own: the report must not grow with the collection.
 void measureCompleteReport(BenchReport &report, BenchCollection &c)
 {
-    QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {u"--complete-report"_s, c.dataDir()});
-    const bool finished = child.waitForFinished(30 * 60 * 1000);
-    const QStringList figures = QString::fromUtf8(child.readAllStandardOutput()).split(u' ', Qt::SkipEmptyParts);
-    bool msOk = false, mbOk = false;
-    const double ms = figures.value(0).toDouble(&msOk);
-    const double mb = figures.value(1).toDouble(&mbOk);
-    if (!finished || child.exitCode() != 0 || !msOk || !mbOk) {
-        std::fprintf(stderr, "bench: the complete report failed: %s\n", child.readAllStandardError().constData());
+    const auto figures = inOwnProcess({u"--complete-report"_s, c.dataDir()});
+    if (!figures)
         return;
-    }
     const bool ceiling = c.records() == 32767;
-    Measurement m{u"complete printed report with covers"_s, c.records(), ms, std::nullopt,
-                  ceiling ? std::optional<double>(30000) : std::nullopt, std::nullopt, mb,
-                  ceiling ? std::optional<double>(300) : std::nullopt};
-    report.add(std::move(m));
+    report.add({u"complete printed report with covers"_s, c.records(), figures->first, std::nullopt,
+                ceiling ? std::optional<double>(30000) : std::nullopt, std::nullopt, figures->second,
+                ceiling ? std::optional<double>(300) : std::nullopt});
+}
+
+// The longest the event loop went without turning from `start` until `busy` ends: what the
+// window would freeze for while the work runs on its worker.
+double longestPauseMs(const std::function<void()> &start, const std::function<bool()> &busy)
+{
+    QElapsedTimer clock;
+    clock.start();
+    qint64 last = 0;
+    qint64 longest = 0;
+    const auto turned = [&] {
+        const qint64 now = clock.nsecsElapsed();
+        longest = std::max(longest, now - last);
+        last = now;
+    };
+    QTimer tick;
+    tick.setInterval(5);
+    QObject::connect(&tick, &QTimer::timeout, turned);
+    tick.start();
+    QCoreApplication::processEvents();
+    last = clock.nsecsElapsed();
+    start();
+    turned();
+    while (busy()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        turned();
+    }
+    return double(longest) / 1e6;
+}
+
+void addPause(BenchReport &report, const BenchCollection &c, const QString &what, double ms)
+{
+    add(report, c, u"UI pause: "_s + what, ms, std::nullopt, 50, std::nullopt);
+}
+
+// The window keeps turning while the report is laid out, the exchange file is built and the
+// file is imported: each runs on a worker, started from its screen.
+void measureUiPauses(BenchReport &report, BenchCollection &c)
+{
+    c.app().state()->setOriginScreen(OriginScreens::List);
+    {
+        std::unique_ptr<PrintVinylViewController> screen;
+        const double ms = longestPauseMs([&] { screen = std::make_unique<PrintVinylViewController>(&c.app()); },
+                                         [&] { return screen && screen->busy(); });
+        addPause(report, c, u"report laying out its pages"_s, ms);
+    }
+    const QString file = QDir(c.dataDir()).filePath(u"pauses.csv"_s);
+    {
+        ExportViewController screen(&c.app());
+        const double ms = longestPauseMs([&] { screen.CreateUpdateFile(); }, [&] { return screen.building(); });
+        addPause(report, c, u"export building the file"_s, ms);
+        QFile out(file);
+        if (!out.open(QIODevice::WriteOnly) || out.write(screen.dataString()) < 0)
+            std::fprintf(stderr, "bench: cannot write the exported file\n");
+    }
+    QTemporaryDir scratch;
+    auto target = AppDelegate::create(scratch.path(), true, std::make_unique<RecordingPlatformServices>());
+    if (target) {
+        ImportViewController screen(target->get());
+        const double reading = longestPauseMs([&] { screen.documentPicked(QUrl::fromLocalFile(file)); },
+                                              [&] { return screen.busy(); });
+        addPause(report, c, u"import reading and previewing"_s, reading);
+        const double importing = longestPauseMs([&] { screen.ImportTextFile(); }, [&] { return screen.busy(); });
+        addPause(report, c, u"import into an empty store"_s, importing);
+    }
+    QFile::remove(file);
 }
 
 } // namespace
+
+int runImport(const QString &file)
+{
+    QTemporaryDir scratch;
+    auto target = AppDelegate::create(scratch.path(), true, std::make_unique<RecordingPlatformServices>());
+    if (!target)
+        return 1;
+    QElapsedTimer timer;
+    timer.start();
+    if (!importFile((*target)->persistentContainer(), file))
+        return 1;
+    std::printf("%.1f %.1f\n", double(timer.nsecsElapsed()) / 1e6, peakRssMb());
+    return 0;
+}
 
 int runCompleteReport(const QString &dataDir)
 {
@@ -496,6 +616,7 @@ void measureAll(BenchReport &report, BenchCollection &c)
         {u"reports"_s, measureReports},
         {u"reports"_s, measureReportScreen},
         {u"reports"_s, measureCompleteReport},
+        {u"pauses"_s, measureUiPauses},
     };
     for (const auto &[name, measure] : groups) {
         if (only.isEmpty() || only.contains(name))

@@ -40,3 +40,6 @@ bool openEveryScreen(const QString &dataDir);
 // The complete printed report with covers of the collection in dataDir, written as
 // `platterbox report --pdf` writes it; prints "<ms> <peak resident MB>" for the parent.
 int runCompleteReport(const QString &dataDir);
+
+// Imports the exchange file into an empty store; prints "<ms> <peak resident MB>".
+int runImport(const QString &file);

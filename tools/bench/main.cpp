@@ -3,7 +3,8 @@
 // writes results.json. Run with no arguments (or an output folder) for the whole table; the
 // "--resident DIR" form opens a collection's screens in a fresh process and prints its peak
 // resident memory, so the figure is not raised by the benchmark's own export and import; the
-// "--complete-report DIR" form writes the complete printed report the same way.
+// "--complete-report DIR" form writes the complete printed report the same way, and the
+// "--import FILE" form imports an exchange file into an empty store.
 #include "appdelegate.h"
 #include "bench.h"
 #include "benchoperations.h"
@@ -54,6 +55,8 @@ int main(int argc, char *argv[])
         return runResident(arguments.value(2));
     if (arguments.value(1) == u"--complete-report"_s)
         return runCompleteReport(arguments.value(2));
+    if (arguments.value(1) == u"--import"_s)
+        return runImport(arguments.value(2));
 
     const QString outDir = arguments.value(1, u"build/bench"_s);
     QDir().mkpath(outDir);

@@ -102,6 +102,7 @@ int main(int argc, char *argv[])
     addValuationSteps(steps);
     addExchangeSteps(steps);
     addFeedbackSteps(steps);
+    addExchangeProgressSteps(steps);
 
     // Every screen at the three widths the screens adapt to: phone (the window's own size, in
     // the folder itself), tablet and desktop (in sub-folders).

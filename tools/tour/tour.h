@@ -55,3 +55,5 @@ void addReportsSteps(QList<TourStep> &steps);
 void addValuationSteps(QList<TourStep> &steps);
 void addExchangeSteps(QList<TourStep> &steps);
 void addFeedbackSteps(QList<TourStep> &steps);
+// Last: these grow the collection.
+void addExchangeProgressSteps(QList<TourStep> &steps);

@@ -1,6 +1,7 @@
 // Tour steps of the exchange screens: the import/export menu, the export screen after a build,
 // the import screen with a loaded file, the preview and completion of a Discogs import, and the
-// question before undoing it.
+// question before undoing it; and, once every other screen is pictured, an export and an import
+// of a large collection in progress.
 #include "appdelegate.h"
 #include "exchangewriter.h"
 #include "exportviewcontroller.h"
@@ -10,10 +11,16 @@
 #include "importviewcontroller.h"
 #include "tour.h"
 
+#include "samplecollection.h"
+
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMetaObject>
 #include <QUrl>
+
+#include <cstdio>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -98,7 +105,7 @@ void loadImportFile(TourContext &c)
 void previewDiscogsExport(TourContext &c)
 {
     Store &store = c.app().persistentContainer();
-    (void)ImportMerge::apply(store, ImportFiles::read(QString::fromUtf8(kDiscogsHeader + kDiscogsEarlier)));
+    (void)ImportMerge::apply(store, ImportFiles::read(kDiscogsHeader + kDiscogsEarlier));
     QByteArray changed = kDiscogsEarlier;
     changed.replace("Good (G),Generic", "Very Good (VG),Generic");
     ImportViewController *controller = openImport(c);
@@ -118,6 +125,51 @@ void askToUndoImport(TourContext &c)
     if (auto *controller = qobject_cast<ImportExportViewController *>(c.topController()))
         controller->UndoLastImportButtonTapped();
     c.settle(400);
+}
+
+// Returns while the work still runs, once its bar has moved and shows the count reached.
+void waitForProgress(TourContext &c, const std::function<bool()> &busy, const std::function<double()> &progress)
+{
+    QElapsedTimer shown;
+    shown.start();
+    while (busy() && (progress() < 0.15 || shown.elapsed() < 250))
+        c.settle(5);
+    if (!busy())
+        fprintf(stderr, "tour: the work finished before its picture\n");
+}
+
+// Building the exchange file of a collection grown large enough to take a while.
+void exportInProgress(TourContext &c)
+{
+    SampleOptions more;
+    more.records = 4000;
+    more.tracksPerRecord = 10;
+    if (auto added = addSampleCollection(c.app().persistentContainer(), more); !added)
+        fprintf(stderr, "tour: %s\n", qPrintable(added.errorMessage()));
+    c.home();
+    c.show(u"ImportExportView"_s);
+    c.show(u"ExportView"_s);
+    auto *controller = qobject_cast<ExportViewController *>(c.topController());
+    if (!controller)
+        return;
+    controller->CreateUpdateFile();
+    waitForProgress(c, [controller] { return controller->building(); }, [controller] { return controller->progress(); });
+}
+
+// Importing that collection's file again, every line compared with the store.
+void importInProgress(TourContext &c)
+{
+    c.home();
+    const QString path = writeTemp(u"platterbox-tour-large.csv"_s,
+                                   ExchangeWriter::build(c.app().persistentContainer(), false).valueOr({}));
+    ImportViewController *controller = openImport(c);
+    if (!controller)
+        return;
+    controller->documentPicked(QUrl::fromLocalFile(path));
+    waitWhileBusy(c, controller);
+    closeAlert(c);
+    controller->ImportTextFile();
+    waitForProgress(c, [controller] { return controller->busy(); }, [controller] { return controller->progress(); });
 }
 
 void importDiscogsExport(TourContext &c)
@@ -150,4 +202,10 @@ void addExchangeSteps(QList<TourStep> &steps)
     steps.append({u"import-discogs-preview.png"_s, previewDiscogsExport});
     steps.append({u"import-discogs-completed.png"_s, importDiscogsExport});
     steps.append({u"import-undo-confirmation.png"_s, askToUndoImport});
+}
+
+void addExchangeProgressSteps(QList<TourStep> &steps)
+{
+    steps.append({u"export-in-progress.png"_s, exportInProgress, false});
+    steps.append({u"import-in-progress.png"_s, importInProgress, false});
 }
