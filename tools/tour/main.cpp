@@ -102,7 +102,10 @@ int main(int argc, char *argv[])
     addValuationSteps(steps);
     addExchangeSteps(steps);
     addFeedbackSteps(steps);
-    addExchangeProgressSteps(steps);
+    // Work in progress is pictured once, at phone size, after every other screen: it grows the
+    // collection.
+    QList<TourStep> lastSteps;
+    addExchangeProgressSteps(lastSteps);
 
     // Every screen at the three widths the screens adapt to: phone (the window's own size, in
     // the folder itself), tablet and desktop (in sub-folders).
@@ -122,24 +125,30 @@ int main(int argc, char *argv[])
 
     TourContext context(**app, *window);
     int written = 0;
+    const auto picture = [&](const QDir &dir, const TourStep &step) {
+        step.prepare(context);
+        if (step.settleFirst)
+            context.settle();
+        const QString path = dir.filePath(step.fileName);
+        if (window->grabWindow().save(path)) {
+            ++written;
+            printf("%s\n", qPrintable(QDir::cleanPath(path)));
+        } else {
+            fprintf(stderr, "tour: could not write %s\n", qPrintable(path));
+        }
+    };
     for (const TourSize &size : sizes) {
         const QDir dir(QDir(outDir).filePath(size.folder));
         QDir().mkpath(dir.path());
         window->resize(size.size);
         context.settle(600);
-        for (const TourStep &step : steps) {
-            step.prepare(context);
-            if (step.settleFirst)
-                context.settle();
-            const QString path = dir.filePath(step.fileName);
-            if (window->grabWindow().save(path)) {
-                ++written;
-                printf("%s\n", qPrintable(QDir::cleanPath(path)));
-            } else {
-                fprintf(stderr, "tour: could not write %s\n", qPrintable(path));
-            }
-        }
+        for (const TourStep &step : steps)
+            picture(dir, step);
     }
+    window->resize(sizes.first().size);
+    context.settle(600);
+    for (const TourStep &step : lastSteps)
+        picture(QDir(outDir), step);
     printf("%d screens written to %s\n", written, qPrintable(outDir));
-    return written == steps.size() * sizes.size() ? 0 : 1;
+    return written == steps.size() * sizes.size() + lastSteps.size() ? 0 : 1;
 }
