@@ -106,6 +106,7 @@ int main(int argc, char *argv[])
     // collection.
     QList<TourStep> lastSteps;
     addExchangeProgressSteps(lastSteps);
+    addReportProgressSteps(lastSteps);
 
     // Every screen at the three widths the screens adapt to: phone (the window's own size, in
     // the folder itself), tablet and desktop (in sub-folders).

@@ -55,5 +55,6 @@ void addReportsSteps(QList<TourStep> &steps);
 void addValuationSteps(QList<TourStep> &steps);
 void addExchangeSteps(QList<TourStep> &steps);
 void addFeedbackSteps(QList<TourStep> &steps);
-// Last: these grow the collection.
+// Last, once, at phone size: these grow the collection.
 void addExchangeProgressSteps(QList<TourStep> &steps);
+void addReportProgressSteps(QList<TourStep> &steps);
