@@ -1,5 +1,5 @@
 # Thin wrappers over the CMake presets; CMake owns the build.
-.PHONY: all deps run test tour bench clean
+.PHONY: all deps run test tour bench package clean
 
 all: deps
 	cmake --preset dev >/dev/null
@@ -23,6 +23,11 @@ bench: deps
 	cmake --preset release >/dev/null
 	cmake --build --preset release --target platterbox-bench
 	build/release/tools/bench/platterbox-bench build/bench
+
+package: deps
+	cmake --preset release >/dev/null
+	cmake --build --preset release --target platterbox-app platterbox platterbox-manpage
+	cpack --preset release
 
 clean:
 	rm -rf build

@@ -4,6 +4,8 @@ qt_add_resources(platterbox_core "platterbox_resources"
     BASE ${CMAKE_CURRENT_LIST_DIR}/..
     FILES
         ${CMAKE_CURRENT_LIST_DIR}/black-vinyl-record.png
+        # The window's icon.
+        ${CMAKE_CURRENT_LIST_DIR}/../packaging/icons/com.example.platterbox-256.png
 )
 
 # The overview guide is rendered from its HTML source at build time, so it follows the source.

@@ -151,6 +151,8 @@ Pane {
             MonthGrid {
                 id: grid
                 Layout.fillWidth: true
+                // The last week keeps clear of the panel's edge.
+                Layout.bottomMargin: 8
                 month: cal.month
                 year: cal.year
                 delegate: Label {

@@ -8,12 +8,21 @@ import Platterbox
 ApplicationWindow {
     id: root
 
+    // Phone-sized unless the app chooses a size for the screen it opens on (main.cpp).
     width: 390
     height: 844
+    minimumWidth: 320
+    minimumHeight: 480
     visible: true
     title: "Platterbox"
 
     property alias stack: stack
+
+    Shortcut {
+        sequence: StandardKey.Quit
+        context: Qt.ApplicationShortcut
+        onActivated: Qt.quit()
+    }
 
     StackView {
         id: stack

@@ -5,12 +5,16 @@ import QtQuick.Controls.Material
 import Platterbox
 
 // A screen of the navigation stack: a title bar with a back button and room for actions
-// on the right (put them in `actions`).
+// on the right (put them in `actions`). Escape and Alt+Left press the back button; while a
+// picker of the screen is open (`sheetOpen`), Escape asks to close it instead.
 Page {
     id: root
 
     property alias actions: actionRow.data
     property bool showBack: StackView.view ? StackView.view.depth > 1 : false
+    property bool sheetOpen: false
+
+    signal closeSheetRequested()
 
     // Called each time the screen becomes the top of the stack again.
     signal appeared()
@@ -30,11 +34,13 @@ Page {
             anchors.rightMargin: 4
             spacing: 0
 
-            ToolButton {
+            ToolbarButton {
+                objectName: "BackButton"
                 visible: root.showBack
                 text: "\u2039"
                 font.pixelSize: 30
                 Accessible.name: "Back"
+                shortcut: root.sheetOpen ? ["Alt+Left"] : [StandardKey.Cancel, "Alt+Left"]
                 onClicked: AppDelegate.navigator.back()
             }
             Label {
@@ -51,5 +57,11 @@ Page {
                 spacing: 0
             }
         }
+    }
+
+    Shortcut {
+        sequence: StandardKey.Cancel
+        enabled: root.sheetOpen && root.visible
+        onActivated: root.closeSheetRequested()
     }
 }

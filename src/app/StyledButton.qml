@@ -2,16 +2,29 @@ import QtQuick
 import QtQuick.Controls
 import Platterbox
 
-// The app's button look: corner radius 10, a 2-pixel border (black unless told otherwise).
+// The app's button look: corner radius 10, a 2-pixel border (black unless told otherwise),
+// a little darker under the pointer. An optional keyboard shortcut is named in its tooltip.
 Button {
     id: root
 
     property color borderColor: "black"
     property color fillColor: "white"
+    // A key sequence or a list of them (see ButtonShortcut).
+    property alias shortcut: keys.keys
+    property string toolTip
 
     implicitHeight: 48
     font.pixelSize: 17
     opacity: enabled ? 1 : 0.4
+
+    ToolTip.text: keys.hint(toolTip !== "" ? toolTip : (keys.nativeText !== "" ? text : ""))
+    ToolTip.visible: hovered && ToolTip.text !== ""
+    ToolTip.delay: 600
+
+    ButtonShortcut {
+        id: keys
+        button: root
+    }
 
     contentItem: Label {
         text: root.text
@@ -25,6 +38,6 @@ Button {
         radius: 10
         border.width: 2
         border.color: root.borderColor
-        color: root.down ? Qt.darker(root.fillColor, 1.1) : root.fillColor
+        color: root.down ? Qt.darker(root.fillColor, 1.1) : root.hovered ? Qt.darker(root.fillColor, 1.04) : root.fillColor
     }
 }

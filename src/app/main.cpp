@@ -2,10 +2,13 @@
 #include "appdelegate.h"
 #include "appshell.h"
 #include "desktopplatformservices.h"
+#include "windowgeometry.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +18,9 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setOrganizationName(u"Platterbox"_s);
     QApplication::setApplicationName(u"Platterbox"_s);
+    // The desktop entry, the icon and the metainfo are named after this (packaging/).
+    QApplication::setDesktopFileName(u"com.example.platterbox"_s);
+    QApplication::setWindowIcon(QIcon(u":/packaging/icons/com.example.platterbox-256.png"_s));
 
     QStringList arguments = QApplication::arguments();
     bool chosen = false;
@@ -36,8 +42,19 @@ int main(int argc, char *argv[])
 
     QQmlApplicationEngine engine;
     AppShell::prepareEngine(engine, **app);
+    Settings &settings = (*app)->settings();
+    const QRect geometry = WindowGeometry::restore(settings);
+    engine.setInitialProperties({{u"x"_s, geometry.x()},
+                                 {u"y"_s, geometry.y()},
+                                 {u"width"_s, geometry.width()},
+                                 {u"height"_s, geometry.height()}});
     engine.load(AppShell::mainQmlUrl());
-    if (engine.rootObjects().isEmpty())
+    auto *window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(engine.rootObjects().first());
+    if (!window)
         return 1;
-    return QApplication::exec();
+    if (WindowGeometry::wasMaximized(settings))
+        window->showMaximized();
+    const int code = QApplication::exec();
+    WindowGeometry::save(*window, settings);
+    return code;
 }

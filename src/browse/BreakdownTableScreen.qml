@@ -22,20 +22,22 @@ ScreenPage {
     AlertDialog { controller: root.controller }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SortButton"
             text: root.controller.sortButtonTitle
             onClicked: root.controller.SortButtonTapped()
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "PrintButton"
             text: root.controller.shareButtonTitle
             enabled: root.controller.canSharePdf && !root.controller.sharing
             onClicked: root.shareClicked()
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "ReportButton"
             text: "Report"
+            toolTip: "Report of this list"
+            shortcut: StandardKey.Print
             // Compact, so the title keeps its room beside four buttons.
             leftPadding: 4
             rightPadding: 4
@@ -48,10 +50,10 @@ ScreenPage {
         anchors.fill: parent
         spacing: 0
 
-        TextField {
-            objectName: "SearchField"
+        SearchField {
+            id: search
             placeholderText: root.controller.placeholder
-            inputMethodHints: Qt.ImhNoPredictiveText
+            results: list
             Layout.fillWidth: true
             Layout.leftMargin: 10
             Layout.rightMargin: 10
@@ -62,20 +64,14 @@ ScreenPage {
             text: root.controller.headerText
             Layout.fillWidth: true
         }
-        ListView {
+        RecordCardGrid {
             id: list
-            clip: true
             model: root.controller.model
+            searchField: search
             Layout.fillWidth: true
             Layout.fillHeight: true
-            ScrollIndicator.vertical: ScrollIndicator {}
-
-            delegate: ListVinylTableViewCell {
-                required property int index
-                width: list.width
-                onPicked: root.controller.rowSelected(index)
-                onDeleteRequested: root.controller.deleteRow(index)
-            }
+            onActivated: (index) => root.controller.rowSelected(index)
+            onDeleteRequested: (index) => root.controller.deleteRow(index)
         }
         ProgressPanel {
             objectName: "ShareProgress"

@@ -21,7 +21,7 @@ ScreenPage {
     YearGroupTableViewController { id: years }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SortButton"
             text: "Sort"
             onClicked: root.controllers[bar.currentIndex].SortButtonTapped()

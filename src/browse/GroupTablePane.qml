@@ -13,10 +13,10 @@ ColumnLayout {
 
     spacing: 0
 
-    TextField {
-        objectName: "SearchField"
+    SearchField {
+        id: search
         placeholderText: root.controller.placeholder
-        inputMethodHints: Qt.ImhNoPredictiveText
+        results: list
         Layout.fillWidth: true
         Layout.leftMargin: 10
         Layout.rightMargin: 10
@@ -30,19 +30,26 @@ ColumnLayout {
         color: "#333333"
         Layout.fillWidth: true
     }
-    ListView {
+    CardGrid {
         id: list
-        clip: true
+        objectName: "GroupList"
         model: root.controller.model
+        cardWidth: Adaptive.groupCardWidth
+        cardHeight: 60
+        searchField: search
         Layout.fillWidth: true
         Layout.fillHeight: true
-        ScrollIndicator.vertical: ScrollIndicator {}
+        onActivated: (index) => root.controller.rowSelected(index)
 
         delegate: GroupTableViewCell {
             required property int index
-            width: list.width
+            width: list.cellWidth
+            height: list.cellHeight
             nameObjectName: root.nameObjectName
-            onClicked: root.controller.rowSelected(index)
+            onClicked: {
+                list.currentIndex = index
+                root.controller.rowSelected(index)
+            }
         }
     }
 }

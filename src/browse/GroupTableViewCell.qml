@@ -11,7 +11,6 @@ ItemDelegate {
     required property string countLabel
     property string nameObjectName: "NameLabel"
 
-    height: 60
     topPadding: 0
     bottomPadding: 0
 
@@ -23,8 +22,7 @@ ItemDelegate {
             anchors.rightMargin: 8
             anchors.topMargin: 4
             anchors.bottomMargin: 4
-            border.width: 2
-            border.color: "black"
+            hovered: root.hovered
         }
     }
 

@@ -21,12 +21,12 @@ ScreenPage {
     AlertDialog { controller: controller }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SortButton"
             text: "Sort"
             onClicked: controller.SortButtonTapped()
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "SortMenuButton"
             text: "Sort by"
             onClicked: sortMenu.open()
@@ -47,19 +47,23 @@ ScreenPage {
                 }
             }
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "ReportButton"
             text: "Report"
+            toolTip: "Report of this list"
+            shortcut: StandardKey.Print
             // Compact, so the title keeps its room beside four buttons.
             leftPadding: 4
             rightPadding: 4
             font.capitalization: Font.MixedCase
             onClicked: AppDelegate.navigator.show("PrintVinylView")
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
+            toolTip: "Add a record"
+            shortcut: StandardKey.New
             enabled: controller.canAdd
             onClicked: controller.addButtonTapped()
         }
@@ -69,10 +73,10 @@ ScreenPage {
         anchors.fill: parent
         spacing: 0
 
-        TextField {
-            objectName: "SearchField"
+        SearchField {
+            id: search
             placeholderText: controller.placeholder
-            inputMethodHints: Qt.ImhNoPredictiveText
+            results: list
             Layout.fillWidth: true
             Layout.leftMargin: 10
             Layout.rightMargin: 10
@@ -83,22 +87,15 @@ ScreenPage {
             text: controller.headerText
             Layout.fillWidth: true
         }
-        ListView {
+        RecordCardGrid {
             id: list
             objectName: "VinylList"
-            clip: true
             model: controller.model
-            reuseItems: true
+            searchField: search
             Layout.fillWidth: true
             Layout.fillHeight: true
-            ScrollIndicator.vertical: ScrollIndicator {}
-
-            delegate: ListVinylTableViewCell {
-                required property int index
-                width: list.width
-                onPicked: controller.rowPicked(index)
-                onDeleteRequested: controller.deleteRow(index)
-            }
+            onActivated: (index) => controller.rowPicked(index)
+            onDeleteRequested: (index) => controller.deleteRow(index)
         }
     }
 }

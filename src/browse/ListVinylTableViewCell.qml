@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Platterbox
 
 // A record card: the front cover and five text lines; swiping left offers "delete".
-SwipeDelegate {
+SwipeRow {
     id: root
 
     required property string nameLabel
@@ -16,28 +16,25 @@ SwipeDelegate {
     required property string coverSource
 
     signal picked()
-    signal deleteRequested()
 
-    height: 120
     topPadding: 14
     bottomPadding: 14
     leftPadding: 16
     rightPadding: 14
+    insetX: 8
+    insetY: 4
 
     onClicked: picked()
-    // A recycled card starts closed.
-    ListView.onPooled: swipe.close()
 
     // Inset by hand: the card is the moving part of the swipe.
     background: Item {
         Card {
             anchors.fill: parent
-            anchors.leftMargin: 8
-            anchors.rightMargin: 8
-            anchors.topMargin: 4
-            anchors.bottomMargin: 4
-            border.width: 2
-            border.color: "black"
+            anchors.leftMargin: root.insetX
+            anchors.rightMargin: root.insetX
+            anchors.topMargin: root.insetY
+            anchors.bottomMargin: root.insetY
+            hovered: root.hovered
         }
     }
 
@@ -76,29 +73,6 @@ SwipeDelegate {
             CardLine { objectName: "ProducerLabel"; text: root.producerLabel }
             CardLine { objectName: "CostLabel"; text: root.costLabel }
             CardLine { objectName: "SpeedLabel"; text: root.speedLabel }
-        }
-    }
-
-    swipe.right: Rectangle {
-        width: 96
-        height: root.height - 8
-        y: 4
-        anchors.right: parent.right
-        anchors.rightMargin: 8
-        radius: 10
-        color: "#e0302a"
-
-        Label {
-            anchors.centerIn: parent
-            text: "delete"
-            color: "white"
-            font.pixelSize: 16
-        }
-        TapHandler {
-            onTapped: {
-                root.swipe.close()
-                root.deleteRequested()
-            }
         }
     }
 }

@@ -12,7 +12,7 @@ list(APPEND PB_SOURCES
 )
 list(APPEND PB_QML
     browse/ListHeaderLabel.qml
-    browse/ListVinylTableView.qml browse/ListVinylTableViewCell.qml
+    browse/ListVinylTableView.qml browse/ListVinylTableViewCell.qml browse/RecordCardGrid.qml
     browse/GroupListsView.qml browse/GroupTablePane.qml browse/GroupTableViewCell.qml
     browse/BreakdownTableScreen.qml
     browse/ArtistBreakdownTableView.qml browse/LabelBreakdownTableView.qml

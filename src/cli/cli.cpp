@@ -30,13 +30,18 @@ const QList<Command> &commands()
     return list;
 }
 
+void printUsage(QTextStream &stream)
+{
+    stream << "usage: platterbox [--data-dir DIR] COMMAND\n\ncommands:\n";
+    for (const Command &c : commands())
+        stream << "  " << c.usage << '\n';
+    stream << "\nThe store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.\n";
+    stream.flush();
+}
+
 int usage(QTextStream &err)
 {
-    err << "usage: platterbox [--data-dir DIR] COMMAND\n\ncommands:\n";
-    for (const Command &c : commands())
-        err << "  " << c.usage << '\n';
-    err << "\nThe store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.\n";
-    err.flush();
+    printUsage(err);
     return CliBadUsage;
 }
 
@@ -46,7 +51,12 @@ int runCli(QStringList arguments, QTextStream &out, QTextStream &err)
 {
     bool malformed = false;
     const QString dataDirOption = AppShell::takeDataDirOption(arguments, &malformed);
-    if (malformed || arguments.isEmpty() || arguments.first() == u"--help"_s || arguments.first() == u"-h"_s)
+    // Asked for, the usage is the answer: on standard output, with success.
+    if (!malformed && (arguments.value(0) == u"--help"_s || arguments.value(0) == u"-h"_s)) {
+        printUsage(out);
+        return 0;
+    }
+    if (malformed || arguments.isEmpty())
         return usage(err);
 
     const QString name = arguments.takeFirst();

@@ -8,11 +8,14 @@ ScreenPage {
 
     title: "Add Record"
     onAppeared: controller.viewWillAppear()
+    sheetOpen: form.sheet !== ""
+    onCloseSheetRequested: form.closeSheets()
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SaveNewVinylButton"
             text: "Save"
+            shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.SaveNewVinylButtonClicked()
         }

@@ -18,18 +18,19 @@ ScreenPage {
     AlertDialog { controller: root.controller }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SortButton"
             text: "\u21C5"
             font.pixelSize: 20
             Accessible.name: "Sort"
             onClicked: root.controller.SortButtonTapped()
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
             Accessible.name: "Add Condition"
+            shortcut: StandardKey.New
             onClicked: root.controller.AddButtonTapped()
         }
     ]
@@ -39,38 +40,45 @@ ScreenPage {
         anchors.margins: 12
         spacing: 10
 
-        TextField {
-            objectName: "SearchField"
+        SearchField {
+            id: search
+            results: list
             placeholderText: root.controller.searchPlaceholder
             text: root.controller.searchText
             onTextEdited: root.controller.searchText = text
             Layout.fillWidth: true
         }
 
-        ListView {
+        CardGrid {
+            id: list
             objectName: "ConditionList"
             model: root.controller.model
-            spacing: 8
-            clip: true
+            cardWidth: Adaptive.groupCardWidth
+            cardHeight: 60
+            // Side by side, the cards keep a gap between them.
+            cardInsetX: columns > 1 ? 6 : 0
+            searchField: search
             Layout.fillWidth: true
             Layout.fillHeight: true
+            onActivated: (index) => root.controller.rowSelected(index)
 
-            delegate: SwipeDelegate {
+            delegate: SwipeRow {
                 id: row
                 required property int index
                 required property string conditionLabel
 
-                width: ListView.view.width
-                height: 52
+                width: list.cellWidth
+                height: list.cellHeight
+                insetX: list.cardInsetX
+                insetY: 4
                 padding: 0
-                topPadding: 0
-                bottomPadding: 0
-                leftPadding: 0
-                rightPadding: 0
+                topPadding: insetY
+                bottomPadding: insetY
+                leftPadding: insetX
+                rightPadding: insetX
                 background: Item {}
                 contentItem: Card {
-                    border.width: 2
-                    border.color: "black"
+                    hovered: row.hovered
                     Label {
                         anchors.fill: parent
                         anchors.leftMargin: 14
@@ -81,21 +89,11 @@ ScreenPage {
                         elide: Text.ElideRight
                     }
                 }
-                onClicked: root.controller.rowSelected(index)
-                swipe.right: Rectangle {
-                    width: 96
-                    height: row.height
-                    anchors.right: parent.right
-                    color: "#d32f2f"
-                    radius: 10
-                    Label {
-                        anchors.centerIn: parent
-                        text: "delete"
-                        color: "white"
-                        font.pixelSize: 16
-                    }
-                    TapHandler { onTapped: root.controller.deleteRow(row.index) }
+                onClicked: {
+                    list.currentIndex = index
+                    root.controller.rowSelected(index)
                 }
+                onDeleteRequested: root.controller.deleteRow(index)
             }
         }
     }

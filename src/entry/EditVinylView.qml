@@ -10,6 +10,8 @@ ScreenPage {
 
     title: "Edit Record"
     onAppeared: controller.viewWillAppear()
+    sheetOpen: form.sheet !== ""
+    onCloseSheetRequested: form.closeSheets()
 
     // Back from tracks, notes or zoom.
     function unwound(segue: string) {
@@ -17,14 +19,15 @@ ScreenPage {
     }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "ShareButton"
             text: "Share"
             onClicked: controller.shareButtonClicked()
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "SaveVinylButton"
             text: "Save"
+            shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.SaveVinylButtonClicked()
         }

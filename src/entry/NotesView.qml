@@ -10,9 +10,10 @@ ScreenPage {
     onAppeared: controller.viewWillAppear()
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SaveVinylButton"
             text: "Save"
+            shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.SaveVinylButtonClicked()
         }
@@ -26,8 +27,8 @@ ScreenPage {
 
     Label {
         id: heading
-        anchors.left: parent.left
-        anchors.right: parent.right
+        width: Adaptive.centred(parent.width, Adaptive.formWidth, 16)
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
         anchors.margins: 16
         text: AppDelegate.state.currentRecordName
@@ -37,8 +38,9 @@ ScreenPage {
     }
 
     ScrollView {
-        anchors.left: parent.left
-        anchors.right: parent.right
+        id: notesScroller
+        width: heading.width
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: heading.bottom
         anchors.bottom: parent.bottom
         anchors.margins: 16
@@ -47,8 +49,12 @@ ScreenPage {
         TextArea {
             id: notes
             objectName: "NotesTextView"
+            WheelScroller { view: notesScroller.contentItem }
             wrapMode: TextEdit.Wrap
             font.pixelSize: 17
+            // Text keeps clear of the border drawn around it.
+            leftPadding: 10
+            rightPadding: 10
             background: Rectangle {
                 radius: 5
                 border.width: 1

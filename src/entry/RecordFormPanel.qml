@@ -29,6 +29,12 @@ Item {
 
     signal coverDoubleTapped()
 
+    // A readable width, centred; at desktop width the covers stand beside the fields.
+    readonly property bool coversBeside: Adaptive.isDesktop(width)
+    readonly property real coversWidth: 300
+    readonly property real formWidth: coversBeside ? Adaptive.centred(width, coversWidth + 24 + Adaptive.formWidth, 24)
+                                                   : Adaptive.centred(width, Adaptive.formWidth, 16)
+
     function closeSheets() {
         sheet = ""
         editedItem = null
@@ -68,7 +74,9 @@ Item {
     }
 
     readonly property real keyboardHeight: Qt.inputMethod.visible ? Qt.inputMethod.keyboardRectangle.height : 0
-    readonly property real sheetHeight: sheet === "date" ? datePicker.height : sheet === "list" ? listSheet.height : 0
+    // Only a phone's sheet takes room from the form; a popover lies over it.
+    readonly property real sheetHeight: !Adaptive.isPhone(width) ? 0
+                                        : sheet === "date" ? datePicker.height : sheet === "list" ? listSheet.height : 0
 
     Connections {
         target: root.Window.window
@@ -106,25 +114,31 @@ Item {
         anchors.right: parent.right
         anchors.top: parent.top
         height: parent.height - Math.max(root.keyboardHeight, root.sheetHeight)
-        contentHeight: form.implicitHeight + 32
+        contentHeight: (root.coversBeside ? Math.max(coversPane.height, form.implicitHeight)
+                                          : coversPane.height + 10 + form.implicitHeight) + 32
         clip: true
         boundsBehavior: Flickable.StopAtBounds
 
-        ColumnLayout {
-            id: form
-            x: 16
-            y: 12
-            width: flick.width - 32
-            spacing: 10
+        WheelScroller { view: flick }
 
-            // A tap beside the fields ends editing, closing the keyboard or a picker.
+        // The covers: above the fields, beside them at desktop width.
+        Item {
+            id: coversPane
+            x: (flick.width - root.formWidth) / 2
+            y: 12
+            width: root.coversBeside ? root.coversWidth : root.formWidth
+            height: covers.implicitHeight
+
             TapHandler {
                 onTapped: root.closeSheets()
             }
 
-            RowLayout {
-                Layout.fillWidth: true
-                spacing: 12
+            GridLayout {
+                id: covers
+                width: parent.width
+                columns: root.coversBeside ? 1 : 2
+                rowSpacing: 16
+                columnSpacing: 12
                 Repeater {
                     model: [
                         { front: true, caption: "Front Cover" },
@@ -146,7 +160,7 @@ Item {
                         Rectangle {
                             objectName: cover.front ? "FrontCoverImage" : "BackCoverImage"
                             Layout.fillWidth: true
-                            Layout.preferredHeight: 160
+                            Layout.preferredHeight: root.coversBeside ? 220 : 160
                             radius: 5
                             border.width: 1
                             border.color: "#999999"
@@ -205,6 +219,19 @@ Item {
                         }
                     }
                 }
+            }
+        }
+
+        ColumnLayout {
+            id: form
+            x: coversPane.x + (root.coversBeside ? root.coversWidth + 24 : 0)
+            y: root.coversBeside ? 12 : coversPane.y + coversPane.height + 10
+            width: root.formWidth - (root.coversBeside ? root.coversWidth + 24 : 0)
+            spacing: 10
+
+            // A tap beside the fields ends editing, closing the keyboard or a picker.
+            TapHandler {
+                onTapped: root.closeSheets()
             }
 
             RecordFormField {
@@ -355,6 +382,9 @@ Item {
                 Layout.preferredHeight: Math.max(96, implicitHeight)
                 wrapMode: TextEdit.Wrap
                 font.pixelSize: 16
+                // Text keeps clear of the border drawn around it.
+                leftPadding: 10
+                rightPadding: 10
                 background: Rectangle {
                     radius: 5
                     border.width: 1
@@ -401,9 +431,10 @@ Item {
         objectName: "ReleaseDatePickerView"
         visible: root.sheet === "date"
         style: root.controller.datePickerStyle
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
+        readonly property rect place: Adaptive.pickerRect(root, root.editedItem, height, flick.contentY)
+        x: place.x
+        y: place.y
+        width: place.width
         onPicked: (value) => root.controller.ReleaseDateChanged(value)
         onDoneClicked: (value) => root.controller.doneDateIssuedClick(value)
         onTodayClicked: root.controller.todayIssuedClick()
@@ -413,9 +444,10 @@ Item {
         id: listSheet
         objectName: "ListPickerView"
         visible: root.sheet === "list"
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
+        readonly property rect place: Adaptive.pickerRect(root, root.editedItem, height, flick.contentY)
+        x: place.x
+        y: place.y
+        width: place.width
         height: 260
         padding: 0
         background: Rectangle { color: "white"; border.color: "#d0d0d0" }

@@ -14,18 +14,19 @@ ScreenPage {
     AlertDialog { controller: root.controller }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SaveButton"
             text: "Save"
+            shortcut: StandardKey.Save
             onClicked: root.controller.SaveTrack()
         }
     ]
 
     ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
+        width: Adaptive.centred(parent.width, Adaptive.narrowFormWidth, 20)
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
-        anchors.margins: 20
+        anchors.topMargin: 20
         spacing: 6
 
         Label { text: "Track #"; color: "#555555" }

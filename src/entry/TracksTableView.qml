@@ -19,18 +19,19 @@ ScreenPage {
     AlertDialog { controller: controller }
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "SortButton"
             text: "\u21C5"
             font.pixelSize: 20
             Accessible.name: "Sort"
             onClicked: controller.SortButtonTapped()
         },
-        ToolButton {
+        ToolbarButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
             Accessible.name: "Add Track"
+            shortcut: StandardKey.New
             onClicked: controller.AddButtonTapped()
         }
     ]
@@ -40,24 +41,28 @@ ScreenPage {
         anchors.margins: 12
         spacing: 10
 
-        TextField {
-            objectName: "SearchField"
+        SearchField {
+            id: search
+            results: list
             placeholderText: controller.searchPlaceholder
             text: controller.searchText
             onTextEdited: controller.searchText = text
             Layout.fillWidth: true
         }
 
-        ListView {
+        CardGrid {
             id: list
             objectName: "TrackList"
             model: controller.model
-            spacing: 8
-            clip: true
+            cardHeight: 108
+            // Side by side, the cards keep a gap between them.
+            cardInsetX: columns > 1 ? 6 : 0
+            searchField: search
             Layout.fillWidth: true
             Layout.fillHeight: true
+            onActivated: (index) => controller.rowSelected(index)
 
-            delegate: SwipeDelegate {
+            delegate: SwipeRow {
                 id: row
                 required property int index
                 required property string songLabel
@@ -65,13 +70,15 @@ ScreenPage {
                 required property string durationLabel
                 required property string writtenByLabel
 
-                width: ListView.view.width
-                height: 100
+                width: list.cellWidth
+                height: list.cellHeight
+                insetX: list.cardInsetX
+                insetY: 4
                 padding: 0
-                topPadding: 0
-                bottomPadding: 0
-                leftPadding: 0
-                rightPadding: 0
+                topPadding: insetY
+                bottomPadding: insetY
+                leftPadding: insetX
+                rightPadding: insetX
                 background: Item {}
                 contentItem: TracksTableViewCell {
                     songLabel: row.songLabel
@@ -79,22 +86,13 @@ ScreenPage {
                     durationLabel: row.durationLabel
                     writtenByLabel: row.writtenByLabel
                     coverSource: "image://cover/" + controller.vinylRowId + "/back"
+                    hovered: row.hovered
                 }
-                onClicked: controller.rowSelected(index)
-                swipe.right: Rectangle {
-                    width: 96
-                    height: row.height
-                    anchors.right: parent.right
-                    color: "#d32f2f"
-                    radius: 10
-                    Label {
-                        anchors.centerIn: parent
-                        text: "delete"
-                        color: "white"
-                        font.pixelSize: 16
-                    }
-                    TapHandler { onTapped: controller.deleteRow(row.index) }
+                onClicked: {
+                    list.currentIndex = index
+                    controller.rowSelected(index)
                 }
+                onDeleteRequested: controller.deleteRow(index)
             }
         }
     }

@@ -13,9 +13,6 @@ Card {
     required property string writtenByLabel
     property string coverSource
 
-    height: 100
-    border.width: 2
-    border.color: "black"
 
     RowLayout {
         anchors.fill: parent

@@ -13,7 +13,7 @@ ScreenPage {
     onAppeared: controller.viewWillAppear()
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "ShareButton"
             text: "Share"
             onClicked: controller.shareButtonClicked()
@@ -27,6 +27,8 @@ ScreenPage {
     AlertDialog { controller: controller }
 
     property int topZ: 1
+    // Wider than tall beyond a phone: the two covers stand side by side.
+    readonly property bool sideBySide: !Adaptive.isPhone(width) && area.width > area.height
 
     Label {
         anchors.centerIn: parent
@@ -52,9 +54,11 @@ ScreenPage {
                 source: modelData
                 fillMode: Image.PreserveAspectFit
                 asynchronous: true
-                width: area.width
-                height: controller.images.length > 1 ? (area.height - 12) / 2 : area.height
-                y: index * (height + 12)
+                readonly property int slots: controller.images.length > 1 ? 2 : 1
+                width: root.sideBySide ? (area.width - 12 * (slots - 1)) / slots : area.width
+                height: root.sideBySide ? area.height : (area.height - 12 * (slots - 1)) / slots
+                x: root.sideBySide ? index * (width + 12) : 0
+                y: root.sideBySide ? 0 : index * (height + 12)
                 transformOrigin: Item.Center
 
                 PinchHandler {

@@ -16,7 +16,10 @@ ScreenPage {
     AlertDialog { objectName: "alert"; controller: controller }
 
     ColumnLayout {
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.documentWidth, 16)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.margins: 16
         spacing: 10
 
@@ -117,10 +120,12 @@ ScreenPage {
             clip: true
 
             ScrollView {
+                id: exportScroller
                 anchors.fill: parent
                 anchors.margins: 4
                 TextArea {
                     objectName: "ExportTextView"
+                    WheelScroller { view: exportScroller.contentItem }
                     text: controller.exportText
                     readOnly: true
                     wrapMode: TextEdit.WrapAnywhere

@@ -37,10 +37,10 @@ ScreenPage {
     }
 
     ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
+        width: Adaptive.centred(parent.width, 520, 24)
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
-        anchors.margins: 24
+        anchors.topMargin: 24
         spacing: 16
 
         Label {

@@ -28,7 +28,10 @@ ScreenPage {
     }
 
     ColumnLayout {
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.documentWidth, 16)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.margins: 16
         spacing: 10
 
@@ -148,6 +151,7 @@ ScreenPage {
             Layout.fillHeight: true
 
             ListView {
+                id: previewList
                 objectName: "PreviewList"
                 clip: true
                 model: controller.previewLines
@@ -157,6 +161,7 @@ ScreenPage {
                     width: ListView.view.width
                 }
                 ScrollBar.vertical: ScrollBar {}
+                WheelScroller { view: previewList }
 
                 BusyIndicator {
                     anchors.centerIn: parent
@@ -172,10 +177,12 @@ ScreenPage {
                 clip: true
 
                 ScrollView {
+                    id: importScroller
                     anchors.fill: parent
                     anchors.margins: 4
                     TextArea {
                         objectName: "ImportTextView"
+                        WheelScroller { view: importScroller.contentItem }
                         text: controller.importText
                         readOnly: true
                         wrapMode: TextEdit.WrapAnywhere

@@ -53,6 +53,10 @@ QString numberField(const std::optional<T> &value, const QString &missingMessage
         return QString::number(number(value));
 }
 
+// What a record or a track line takes, about, without covers.
+constexpr qint64 kRecordLineBytes = 200;
+constexpr qint64 kTrackLineBytes = 48;
+
 // Lines between two progress reports of build().
 constexpr int kLinesPerStep = 256;
 
@@ -82,6 +86,15 @@ Result<void> ExchangeWriter::start()
     if (!tracks)
         return tracks.error();
     m_trackTotal = *tracks;
+    // The file is made in memory: grown in steps, a large one would be copied again and again.
+    qint64 expected = m_records.size() * kRecordLineBytes + m_trackTotal * kTrackLineBytes;
+    if (m_exportImages) {
+        auto covers = m_store.exchangeEncodingsSize();
+        if (!covers)
+            return covers.error();
+        expected += *covers * 4 / 3; // base64
+    }
+    m_data.reserve(expected);
     m_data.append(Exchange::kRecordMarker.toUtf8()).append('\n');
     return {};
 }

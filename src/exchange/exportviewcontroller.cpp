@@ -31,6 +31,8 @@ struct ExportViewController::Built
     QByteArray exchange;
     CollectionCsv::Files csv;
     int unreadable = 0;
+    // What the text view shows; made on the worker, as it reads the whole file.
+    QString preview;
 };
 
 ExportViewController::ExportViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
@@ -116,7 +118,14 @@ void ExportViewController::startBuild(std::function<Result<void>(Store &, Built 
         auto store = Store::open(storePath);
         if (!store)
             return store.error();
-        return work(**store, *built, progress);
+        if (auto r = work(**store, *built, progress); !r)
+            return r;
+        // The text view shows the records file without its byte-order mark.
+        QByteArrayView shown = built->exchange.isEmpty() ? QByteArrayView(built->csv.records) : QByteArrayView(built->exchange);
+        if (built->exchange.isEmpty() && shown.startsWith("\xEF\xBB\xBF"))
+            shown = shown.sliced(3);
+        built->preview = Exchange::preview(shown, kPreviewCharacters);
+        return {};
     });
 }
 
@@ -137,11 +146,7 @@ void ExportViewController::buildDone(const Result<void> &result)
     }
     m_dataString = std::move(built->exchange);
     m_csvFiles = std::move(built->csv);
-    // The text view shows the records file without its byte-order mark.
-    QByteArrayView shown = m_dataString.isEmpty() ? QByteArrayView(m_csvFiles.records) : QByteArrayView(m_dataString);
-    if (m_dataString.isEmpty() && shown.startsWith("\xEF\xBB\xBF"))
-        shown = shown.sliced(3);
-    m_exportText = Exchange::preview(shown, kPreviewCharacters);
+    m_exportText = std::move(built->preview);
     m_building = false;
     m_saveFileButtonEnabled = true;
     m_emailButtonEnabled = true;

@@ -18,12 +18,16 @@ ScreenPage {
 
     ListView {
         objectName: "RateShareTable"
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.narrowFormWidth, 0)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.topMargin: 12
         model: controller.rowTitles
         spacing: 4
 
         delegate: ItemDelegate {
+            id: row
             required property string modelData
             required property int index
             width: ListView.view.width
@@ -38,8 +42,7 @@ ScreenPage {
                     anchors.fill: parent
                     anchors.leftMargin: 12
                     anchors.rightMargin: 12
-                    border.width: 2
-                    border.color: "black"
+                    hovered: row.hovered
                 }
             }
         }

@@ -12,6 +12,9 @@ ScreenPage {
     // Opens the date picker under the default-date field (the tour opens it too).
     property bool pickerOpen: false
 
+    sheetOpen: pickerOpen
+    onCloseSheetRequested: pickerOpen = false
+
     DefaultsViewController {
         id: controller
         onEndEditing: root.pickerOpen = false
@@ -25,16 +28,19 @@ ScreenPage {
     }
 
     Flickable {
+        id: flick
         anchors.fill: parent
         contentHeight: form.implicitHeight + (root.pickerOpen ? picker.height : 0) + 40
         clip: true
 
+        WheelScroller { view: flick }
+
         ColumnLayout {
             id: form
-            anchors.left: parent.left
-            anchors.right: parent.right
+            width: Adaptive.centred(parent.width, Adaptive.narrowFormWidth, 20)
+            anchors.horizontalCenter: parent.horizontalCenter
             anchors.top: parent.top
-            anchors.margins: 20
+            anchors.topMargin: 20
             spacing: 14
 
             Label { text: "Release Date"; font.pixelSize: 13; font.capitalization: Font.AllUppercase; color: "#777777" }
@@ -56,6 +62,7 @@ ScreenPage {
                 font.pixelSize: 15
             }
             TextField {
+                id: dateField
                 objectName: "DefaultDateTextField"
                 visible: controller.dateFieldVisible
                 text: controller.dateText
@@ -121,9 +128,10 @@ ScreenPage {
         visible: root.pickerOpen
         style: controller.pickerStyle
         todayFirst: false
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
+        readonly property rect place: Adaptive.pickerRect(parent, dateField, height, flick.contentY)
+        x: place.x
+        y: place.y
+        width: place.width
         onPicked: (value) => controller.dateChanged(value)
         onDoneClicked: (value) => controller.doneClick(value)
         onTodayClicked: controller.todayClick()

@@ -18,15 +18,30 @@ ScreenPage {
 
     AlertDialog { controller: controller }
 
+    // Ctrl+N opens the add screen from here too.
+    Shortcut {
+        sequence: StandardKey.New
+        enabled: root.visible
+        onActivated: controller.open("AddButton")
+    }
+
+    // The menu buttons in one column on a phone, in two or three beyond it, so the unfolded
+    // menu fits the window without scrolling.
+    readonly property int menuColumns: Adaptive.isPhone(width) ? 1 : Adaptive.isDesktop(width) ? 3 : 2
+
     Flickable {
+        id: flick
+        objectName: "MenuFlickable"
         anchors.fill: parent
         contentHeight: column.implicitHeight + 40
         clip: true
 
+        WheelScroller { view: flick }
+
         ColumnLayout {
             id: column
-            // Phone width, centred on a tablet or desktop.
-            width: Math.min(parent.width - 48, 520)
+            // Phone width, centred; wider for the columns of buttons.
+            width: Math.min(parent.width - 48, root.menuColumns === 1 ? 520 : root.menuColumns * 300)
             anchors.horizontalCenter: parent.horizontalCenter
             anchors.top: parent.top
             anchors.topMargin: 24
@@ -50,29 +65,43 @@ ScreenPage {
             }
 
             StyledButton {
+                objectName: "MenuControlButton"
                 text: controller.menuUnfolded ? "Close Menu" : "Menu"
                 borderColor: "red"
                 font.bold: true
                 Layout.fillWidth: true
+                Layout.maximumWidth: 520
+                Layout.alignment: Qt.AlignHCenter
                 onClicked: controller.HandleButtonClick()
             }
 
-            Repeater {
-                model: controller.menuButtons
-                delegate: StyledButton {
-                    id: menuButton
-                    required property var modelData
-                    required property int index
-                    objectName: modelData.name
-                    text: modelData.title
-                    enabled: modelData.enabled
-                    visible: opacity > 0
-                    opacity: controller.menuUnfolded ? (enabled ? 1 : 0.4) : 0
-                    Layout.fillWidth: true
-                    Layout.preferredHeight: controller.menuUnfolded ? implicitHeight : 0
-                    Behavior on opacity { NumberAnimation { duration: 300 } }
-                    Behavior on Layout.preferredHeight { NumberAnimation { duration: 300 } }
-                    onClicked: controller.open(modelData.name)
+            GridLayout {
+                columns: root.menuColumns
+                rowSpacing: 10
+                columnSpacing: 10
+                Layout.fillWidth: true
+
+                Repeater {
+                    id: menuButtons
+                    model: controller.menuButtons
+                    delegate: StyledButton {
+                        id: menuButton
+                        required property var modelData
+                        required property int index
+                        objectName: modelData.name
+                        text: modelData.title
+                        enabled: modelData.enabled
+                        visible: opacity > 0
+                        opacity: controller.menuUnfolded ? (enabled ? 1 : 0.4) : 0
+                        Layout.fillWidth: true
+                        Layout.preferredWidth: 1
+                        // The last button takes what is left of its row.
+                        Layout.columnSpan: index === menuButtons.count - 1 ? root.menuColumns - index % root.menuColumns : 1
+                        Layout.preferredHeight: controller.menuUnfolded ? implicitHeight : 0
+                        Behavior on opacity { NumberAnimation { duration: 300 } }
+                        Behavior on Layout.preferredHeight { NumberAnimation { duration: 300 } }
+                        onClicked: controller.open(modelData.name)
+                    }
                 }
             }
         }

@@ -25,6 +25,7 @@ ScreenPage {
         objectName: "OverviewPdfView"
         anchors.fill: parent
         document: overview
-        Component.onCompleted: viewer.scaleToWidth(root.width, root.height)
+        // A page fills a phone's width and keeps a readable width on a wider window.
+        Component.onCompleted: viewer.scaleToWidth(Math.min(root.width, Adaptive.documentWidth), root.height)
     }
 }

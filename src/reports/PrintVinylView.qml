@@ -26,7 +26,10 @@ ScreenPage {
     }
 
     ColumnLayout {
-        anchors.fill: parent
+        width: Adaptive.centred(parent.width, Adaptive.documentWidth, 12)
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
         anchors.margins: 12
         spacing: 10
 
@@ -47,6 +50,7 @@ ScreenPage {
                 spacing: 8
                 model: controller.pages
                 ScrollIndicator.vertical: ScrollIndicator {}
+                WheelScroller { view: fileTextView }
 
                 delegate: Rectangle {
                     id: page
@@ -102,6 +106,7 @@ ScreenPage {
             StyledButton {
                 objectName: "PrintButton"
                 text: "Print"
+                shortcut: StandardKey.Print
                 visible: controller.printButtonVisible
                 enabled: !controller.busy
                 Layout.fillWidth: true

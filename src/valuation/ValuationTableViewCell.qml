@@ -15,7 +15,6 @@ ItemDelegate {
     required property string coverSource
     property bool selected: false
 
-    height: 112
     topPadding: 10
     bottomPadding: 10
     leftPadding: 16
@@ -28,9 +27,9 @@ ItemDelegate {
             anchors.rightMargin: 8
             anchors.topMargin: 4
             anchors.bottomMargin: 4
-            border.width: 2
             border.color: root.selected ? "#1f7a3a" : "black"
-            color: root.selected ? "#d8f0dd" : "#eef6f6"
+            fillColor: root.selected ? "#d8f0dd" : "#eef6f6"
+            hovered: root.hovered
         }
     }
 

@@ -12,7 +12,7 @@ ScreenPage {
     title: "Valuation"
 
     actions: [
-        ToolButton {
+        ToolbarButton {
             objectName: "ShareButton"
             text: "Share"
             onClicked: controller.shareButtonClicked()
@@ -35,6 +35,8 @@ ScreenPage {
             columnSpacing: 8
             rowSpacing: 4
             Layout.fillWidth: true
+            Layout.maximumWidth: Adaptive.formWidth
+            Layout.alignment: Qt.AlignHCenter
             Layout.leftMargin: 12
             Layout.rightMargin: 12
 
@@ -56,26 +58,32 @@ ScreenPage {
             }
         }
 
-        ListView {
+        CardGrid {
             id: table
             objectName: "ValueTableView"
-            clip: true
             model: controller.model
-            reuseItems: true
+            cardHeight: 112
             Layout.fillWidth: true
             Layout.fillHeight: true
+            onActivated: (index) => controller.rowSelected(index)
 
             delegate: ValuationTableViewCell {
                 required property int index
-                width: ListView.view.width
+                width: table.cellWidth
+                height: table.cellHeight
                 selected: index === controller.selectedRow
-                onClicked: controller.rowSelected(index)
+                onClicked: {
+                    table.currentIndex = index
+                    controller.rowSelected(index)
+                }
             }
         }
 
         ColumnLayout {
             spacing: 6
             Layout.fillWidth: true
+            Layout.maximumWidth: Adaptive.formWidth
+            Layout.alignment: Qt.AlignHCenter
             Layout.leftMargin: 12
             Layout.rightMargin: 12
             Layout.bottomMargin: 10
@@ -136,6 +144,8 @@ ScreenPage {
                 StyledButton {
                     objectName: "SaveButton"
                     text: "Save"
+                    toolTip: "Save the new value"
+                    shortcut: StandardKey.Save
                     enabled: controller.saveEnabled
                     fillColor: enabled ? "#c9ecd2" : "#d0d0d0"
                     Layout.preferredWidth: 110

@@ -77,6 +77,18 @@ private slots:
         QVERIFY(QDir(home.path()).isEmpty());
     }
 
+    void helpAnswersOnStandardOutputWithoutAStore()
+    {
+        QTemporaryDir dir;
+        for (const QString &flag : {u"--help"_s, u"-h"_s}) {
+            const Run help = run({u"--data-dir"_s, dir.path(), flag});
+            QCOMPARE(help.code, int(CliOk));
+            QVERIFY(help.out.startsWith(u"usage: platterbox [--data-dir DIR] COMMAND\n"_s));
+            QVERIFY(help.err.isEmpty());
+        }
+        QVERIFY(!QFile::exists(dir.filePath(u"Platterbox.sqlite"_s)));
+    }
+
     void demoContinuesNumbering()
     {
         QTemporaryDir dir;

@@ -1,12 +1,10 @@
 // The record form as the user meets it: taps and keys on the real screen.
 #include "addvinylviewcontroller.h"
 #include "notesviewcontroller.h"
-#include "appshell.h"
 #include "testsupport.h"
 
 #include <QGuiApplication>
 #include <QInputMethodEvent>
-#include <QQmlApplicationEngine>
 #include <QStyleHints>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -19,17 +17,8 @@ class TestRecordFormView : public QObject
     Q_OBJECT
 
 private:
-    QQuickItem *topScreen() const
-    {
-        QObject *stack = m_window->property("stack").value<QObject *>();
-        return stack ? stack->property("currentItem").value<QQuickItem *>() : nullptr;
-    }
-
-    QQuickItem *item(const QString &objectName) const
-    {
-        QQuickItem *screen = topScreen();
-        return screen ? screen->findChild<QQuickItem *>(objectName) : nullptr;
-    }
+    QQuickItem *topScreen() const { return m_view->topScreen(); }
+    QQuickItem *item(const QString &objectName) const { return m_view->item(objectName); }
 
     void tap(const QString &objectName)
     {
@@ -53,7 +42,7 @@ private:
     }
 
     std::unique_ptr<TestApp> m_app;
-    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    std::unique_ptr<TestWindow> m_view;
     QQuickWindow *m_window = nullptr;
 
 private slots:
@@ -62,11 +51,8 @@ private slots:
         useTestLocale();
         m_app = std::make_unique<TestApp>();
         QVERIFY(m_app->ok());
-        m_engine = std::make_unique<QQmlApplicationEngine>();
-        AppShell::prepareEngine(*m_engine, m_app->app());
-        m_engine->load(AppShell::mainQmlUrl());
-        QVERIFY(!m_engine->rootObjects().isEmpty());
-        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().first());
+        m_view = std::make_unique<TestWindow>(m_app->app());
+        m_window = m_view->window();
         QVERIFY(m_window);
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
     }

@@ -1,9 +1,13 @@
 #include "testsupport.h"
 
+#include "appshell.h"
 #include "store.h"
 
 #include <QLocale>
 #include <QMutex>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
 
 TestApp::TestApp()
 {
@@ -26,6 +30,50 @@ Vinyl TestApp::addVinyl(const QString &name, const QString &artist, const QStrin
     v.imagesLoaded = true;
     (void)store().insert(v);
     return v;
+}
+
+TestWindow::TestWindow(AppDelegate &app) : m_engine(std::make_unique<QQmlApplicationEngine>())
+{
+    AppShell::prepareEngine(*m_engine, app);
+    m_engine->load(AppShell::mainQmlUrl());
+    if (!m_engine->rootObjects().isEmpty())
+        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().first());
+}
+
+TestWindow::~TestWindow() = default;
+
+QQuickItem *TestWindow::topScreen() const
+{
+    QObject *stack = m_window ? m_window->property("stack").value<QObject *>() : nullptr;
+    return stack ? stack->property("currentItem").value<QQuickItem *>() : nullptr;
+}
+
+QString TestWindow::topName() const
+{
+    QQuickItem *screen = topScreen();
+    return screen ? screen->objectName() : QString();
+}
+
+namespace {
+QQuickItem *findItem(QQuickItem *under, const QString &objectName)
+{
+    if (auto *found = under->findChild<QQuickItem *>(objectName))
+        return found;
+    // Items a Repeater or a view made are children of their parent item only.
+    for (QQuickItem *child : under->childItems()) {
+        if (child->objectName() == objectName)
+            return child;
+        if (QQuickItem *found = findItem(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+} // namespace
+
+QQuickItem *TestWindow::item(const QString &objectName) const
+{
+    QQuickItem *screen = topScreen();
+    return screen ? findItem(screen, objectName) : nullptr;
 }
 
 void useTestLocale()

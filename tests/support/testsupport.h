@@ -9,6 +9,10 @@
 
 #include <memory>
 
+class QQmlApplicationEngine;
+class QQuickItem;
+class QQuickWindow;
+
 // A fresh app on a temporary data folder with the recording platform fake, for tests that
 // drive screens through their controllers.
 class TestApp
@@ -30,6 +34,26 @@ private:
     QTemporaryDir m_dir;
     RecordingPlatformServices *m_platform = nullptr;
     std::unique_ptr<AppDelegate> m_app;
+};
+
+// The app's main window on a TestApp, for tests that press keys and click on the real screens.
+class TestWindow
+{
+public:
+    explicit TestWindow(AppDelegate &app);
+    ~TestWindow();
+
+    // Null when the window did not load.
+    [[nodiscard]] QQuickWindow *window() const { return m_window; }
+    // The screen on top of the navigation stack and its objectName.
+    [[nodiscard]] QQuickItem *topScreen() const;
+    [[nodiscard]] QString topName() const;
+    // An item of the screen shown by objectName, also among the items a Repeater or a view made.
+    [[nodiscard]] QQuickItem *item(const QString &objectName) const;
+
+private:
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_window = nullptr;
 };
 
 // Sets the en_US locale; the time zone comes from TZ, which CTest sets to America/New_York.

@@ -6,12 +6,14 @@
 #include "screencontroller.h"
 #include "tour.h"
 
+#include <QCursor>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QSGRendererInterface>
 #include <QTemporaryDir>
 #include <QTimeZone>
@@ -102,23 +104,54 @@ int main(int argc, char *argv[])
     addExchangeSteps(steps);
     addFeedbackSteps(steps);
     addStatsSteps(steps);
-    addExchangeProgressSteps(steps);
+    // Work in progress is pictured once, at phone size, after every other screen: it grows the
+    // collection.
+    QList<TourStep> lastSteps;
+    addExchangeProgressSteps(lastSteps);
+    addReportProgressSteps(lastSteps);
+
+    // Every screen at the three widths the screens adapt to: phone (the window's own size, in
+    // the folder itself), tablet and desktop (in sub-folders).
+    struct TourSize
+    {
+        QString folder;
+        QSize size;
+    };
+    const QList<TourSize> sizes = {
+        {QString(), window->size()},
+        {u"tablet"_s, QSize(834, 1194)},
+        {u"desktop"_s, QSize(1400, 900)},
+    };
+
+    // The pointer rests outside the window, so no card shows the hover tint.
+    QCursor::setPos(window->screen()->geometry().bottomRight());
 
     TourContext context(**app, *window);
-    context.settle(600);
     int written = 0;
-    for (const TourStep &step : steps) {
+    const auto picture = [&](const QDir &dir, const TourStep &step) {
         step.prepare(context);
         if (step.settleFirst)
             context.settle();
-        const QString path = QDir(outDir).filePath(step.fileName);
+        const QString path = dir.filePath(step.fileName);
         if (window->grabWindow().save(path)) {
             ++written;
-            printf("%s\n", qPrintable(path));
+            printf("%s\n", qPrintable(QDir::cleanPath(path)));
         } else {
             fprintf(stderr, "tour: could not write %s\n", qPrintable(path));
         }
+    };
+    for (const TourSize &size : sizes) {
+        const QDir dir(QDir(outDir).filePath(size.folder));
+        QDir().mkpath(dir.path());
+        window->resize(size.size);
+        context.settle(600);
+        for (const TourStep &step : steps)
+            picture(dir, step);
     }
+    window->resize(sizes.first().size);
+    context.settle(600);
+    for (const TourStep &step : lastSteps)
+        picture(QDir(outDir), step);
     printf("%d screens written to %s\n", written, qPrintable(outDir));
-    return written == steps.size() ? 0 : 1;
+    return written == steps.size() * sizes.size() + lastSteps.size() ? 0 : 1;
 }

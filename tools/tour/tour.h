@@ -56,5 +56,6 @@ void addValuationSteps(QList<TourStep> &steps);
 void addExchangeSteps(QList<TourStep> &steps);
 void addFeedbackSteps(QList<TourStep> &steps);
 void addStatsSteps(QList<TourStep> &steps);
-// Last: these grow the collection.
+// Last, once, at phone size: these grow the collection.
 void addExchangeProgressSteps(QList<TourStep> &steps);
+void addReportProgressSteps(QList<TourStep> &steps);

@@ -60,7 +60,6 @@ void printInProgress(TourContext &c)
 void addReportsSteps(QList<TourStep> &steps)
 {
     steps.append({u"report-complete-list.png"_s, [](TourContext &c) { openReportFrom(c, u"ListVinylTableView"_s); }});
-    steps.append({u"report-printing.png"_s, printInProgress, false});
     steps.append({u"report-by-artist.png"_s, openArtistReport});
     steps.append({u"report-empty.png"_s, [](TourContext &c) {
                       c.home();
@@ -76,4 +75,9 @@ void addReportsSteps(QList<TourStep> &steps)
                       c.show(u"OverviewView"_s);
                       c.settle(1500);
                   }});
+}
+
+void addReportProgressSteps(QList<TourStep> &steps)
+{
+    steps.append({u"report-printing.png"_s, printInProgress, false});
 }

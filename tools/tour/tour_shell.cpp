@@ -2,6 +2,7 @@
 #include "appdelegate.h"
 #include "mainmenuviewcontroller.h"
 #include "screencontroller.h"
+#include "settings.h"
 #include "tour.h"
 
 #include <QQuickItem>
@@ -26,10 +27,16 @@ void addShellSteps(QList<TourStep> &steps)
                       c.home();
                       c.show(u"DefaultsView"_s);
                   }});
+    // The picker opens from the default-date field, which shows while a default date is used;
+    // the setting is put back so the record forms of later steps start without one.
     steps.append({u"settings-date-picker.png"_s, [](TourContext &c) {
                       c.home();
+                      Settings &settings = c.app().settings();
+                      settings.setValue(SettingsKeys::UseDefaultDate, true);
                       c.show(u"DefaultsView"_s);
                       if (QObject *screen = c.topScreen())
                           screen->setProperty("pickerOpen", true);
+                      c.settle(600);
+                      settings.setValue(SettingsKeys::UseDefaultDate, false);
                   }});
 }
