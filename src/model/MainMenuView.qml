@@ -50,7 +50,7 @@ ScreenPage {
             Image {
                 source: "qrc:/resources/black-vinyl-record.png"
                 sourceSize: Qt.size(200, 200)
-                Layout.preferredWidth: controller.menuUnfolded ? 90 : 200
+                Layout.preferredWidth: controller.menuUnfolded ? 72 : 200
                 Layout.preferredHeight: Layout.preferredWidth
                 Layout.alignment: Qt.AlignHCenter
                 fillMode: Image.PreserveAspectFit

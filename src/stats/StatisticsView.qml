@@ -18,7 +18,7 @@ ScreenPage {
 
     AlertDialog { controller: controller }
 
-    readonly property int columns: width >= 1100 ? 3 : width >= 600 ? 2 : 1
+    readonly property int columns: Adaptive.isDesktop(width) ? 3 : Adaptive.isPhone(width) ? 1 : 2
 
     BusyIndicator {
         anchors.centerIn: parent

@@ -1,6 +1,5 @@
 // The statistics: every chart's series on a small collection made by hand, the screen's taps,
 // and `platterbox stats --json`.
-#include "appshell.h"
 #include "cli.h"
 #include "statistics.h"
 #include "statisticsviewcontroller.h"
@@ -10,7 +9,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
@@ -246,25 +244,18 @@ private slots:
     {
         TestApp t;
         fillCollection(t.store());
-        QQmlApplicationEngine engine;
-        AppShell::prepareEngine(engine, t.app());
-        engine.load(AppShell::mainQmlUrl());
-        auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
-        QVERIFY(window);
-        QVERIFY(QTest::qWaitForWindowExposed(window));
+        TestWindow window(t.app());
+        QVERIFY(window.window());
+        QVERIFY(QTest::qWaitForWindowExposed(window.window()));
         QTest::failOnWarning(QRegularExpression(u".*"_s));
         t.app().navigator()->show(u"StatisticsView"_s);
-        const auto screen = [window] {
-            QObject *stack = window->property("stack").value<QObject *>();
-            return stack ? stack->property("currentItem").value<QQuickItem *>() : nullptr;
-        };
-        QTRY_VERIFY(screen() && screen()->objectName() == u"StatisticsView"_s);
-        auto *controller = screen()->findChild<StatisticsViewController *>();
+        QTRY_COMPARE(window.topName(), u"StatisticsView"_s);
+        auto *controller = window.topScreen()->findChild<StatisticsViewController *>();
         QVERIFY(controller);
         controller->job().waitForFinished();
         for (const ChartDefinition &chart : chartDefinitions()) {
             if (chart.name != u"recordsPerYear"_s)
-                QTRY_VERIFY2(screen()->findChild<QQuickItem *>(chart.name), qPrintable(chart.name));
+                QTRY_VERIFY2(window.item(chart.name), qPrintable(chart.name));
         }
         QTest::qWait(300); // the charts draw
     }

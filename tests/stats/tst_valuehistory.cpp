@@ -38,7 +38,7 @@ Vinyl addValued(TestApp &t)
 
 void importCsv(TestApp &t, const QString &text)
 {
-    const auto imported = ImportMerge::apply(t.store(), ImportFiles::read(text));
+    const auto imported = ImportMerge::apply(t.store(), ImportFiles::read(text.toUtf8()));
     QVERIFY2(imported.ok(), qPrintable(imported.errorMessage()));
 }
 
