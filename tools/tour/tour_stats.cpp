@@ -1,5 +1,5 @@
-// Tour steps of the statistics screen at a desktop's, a tablet's and a phone's width, a decade
-// opened into its years, and the edit screen of a record with a value history.
+// Tour steps of the statistics screen, its lower charts, a decade opened into its years, and the
+// edit screen of a record with a value history.
 #include "appdelegate.h"
 #include "statisticsviewcontroller.h"
 #include "store.h"
@@ -13,9 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void openStatistics(TourContext &c, QSize size)
+void openStatistics(TourContext &c)
 {
-    c.window().resize(size);
     c.home();
     c.show(u"StatisticsView"_s);
     if (auto *statistics = qobject_cast<StatisticsViewController *>(c.topController()))
@@ -40,7 +39,6 @@ void scrollToEnd(TourContext &c)
 // A record with at least three quotes, opened from the collection list.
 void openRecordWithHistory(TourContext &c)
 {
-    c.window().resize(QSize(390, 844));
     c.home();
     Store &store = c.app().persistentContainer();
     QSqlQuery q(store.database());
@@ -70,19 +68,16 @@ void openRecordWithHistory(TourContext &c)
 
 void addStatsSteps(QList<TourStep> &steps)
 {
-    steps.append({u"statistics-desktop.png"_s, [](TourContext &c) { openStatistics(c, QSize(1280, 800)); }});
-    steps.append({u"statistics-desktop-lower.png"_s, [](TourContext &c) {
-                      openStatistics(c, QSize(1280, 800));
+    steps.append({u"statistics.png"_s, openStatistics});
+    steps.append({u"statistics-lower.png"_s, [](TourContext &c) {
+                      openStatistics(c);
                       scrollToEnd(c);
                   }});
-    steps.append({u"statistics-tablet.png"_s, [](TourContext &c) { openStatistics(c, QSize(834, 1112)); }});
     steps.append({u"statistics-decade-years.png"_s, [](TourContext &c) {
-                      openStatistics(c, QSize(834, 1112));
+                      openStatistics(c);
                       if (auto *statistics = qobject_cast<StatisticsViewController *>(c.topController()))
                           statistics->barTapped(u"recordsPerDecade"_s, 1);
                       c.settle(600);
                   }});
-    // The phone's size last: the steps after these keep the window as it is left.
-    steps.append({u"statistics.png"_s, [](TourContext &c) { openStatistics(c, QSize(390, 844)); }});
     steps.append({u"edit-record-value-history.png"_s, openRecordWithHistory});
 }
