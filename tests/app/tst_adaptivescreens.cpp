@@ -35,10 +35,7 @@ private:
         m_window->resize(size);
         m_app->app().navigator()->show(screen);
         QTRY_COMPARE(topName(), screen);
-        // Keys reach the screen once its push transition is over, however slow the machine.
-        QObject *stack = m_window->property("stack").value<QObject *>();
-        QVERIFY(stack);
-        QTRY_VERIFY(!stack->property("busy").toBool());
+        QVERIFY(m_view->waitForTransition());
     }
 
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)

@@ -61,7 +61,7 @@ private slots:
     {
         m_app->app().navigator()->show(u"AddVinylView"_s);
         QTRY_VERIFY(addScreen());
-        QTest::qWait(400); // the push transition
+        QVERIFY(m_view->waitForTransition());
     }
 
     void cleanup()

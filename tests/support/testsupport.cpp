@@ -8,6 +8,7 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QTest>
 
 TestApp::TestApp()
 {
@@ -52,6 +53,12 @@ QString TestWindow::topName() const
 {
     QQuickItem *screen = topScreen();
     return screen ? screen->objectName() : QString();
+}
+
+bool TestWindow::waitForTransition() const
+{
+    QObject *stack = m_window ? m_window->property("stack").value<QObject *>() : nullptr;
+    return stack && QTest::qWaitFor([stack] { return !stack->property("busy").toBool(); });
 }
 
 namespace {

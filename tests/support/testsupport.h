@@ -48,6 +48,9 @@ public:
     // The screen on top of the navigation stack and its objectName.
     [[nodiscard]] QQuickItem *topScreen() const;
     [[nodiscard]] QString topName() const;
+    // Waits until the navigation stack's transition is over: keys and clicks reach the screen
+    // then, however slow the machine. False when it never ends.
+    [[nodiscard]] bool waitForTransition() const;
     // An item of the screen shown by objectName, also among the items a Repeater or a view made.
     [[nodiscard]] QQuickItem *item(const QString &objectName) const;
 
