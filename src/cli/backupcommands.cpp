@@ -5,7 +5,6 @@
 #include "formatters.h"
 #include "snapshots.h"
 
-#include <QFileInfo>
 
 namespace {
 
@@ -23,9 +22,7 @@ int backupCommand(CliContext &context)
 {
     if (!oneFileArgument(context, "backup FILE"))
         return CliBadUsage;
-    Backup::Info info;
-    info.kind = QStringLiteral("backup");
-    auto written = Backup::write(context.app.backupPaths(), context.arguments.first(), info, true);
+    auto written = Backup::backUp(context.app.backupPaths(), context.arguments.first());
     if (!written) {
         context.err << "platterbox: " << written.errorMessage() << "\n";
         return CliBadInput;
@@ -45,12 +42,7 @@ int restoreCommand(CliContext &context)
         context.err << "platterbox: " << info.errorMessage() << "\n";
         return CliBadInput;
     }
-    const auto kept = context.app.snapshots().take(Snapshots::kKindRestore, QFileInfo(path).fileName());
-    if (!kept) {
-        context.err << "platterbox: the collection could not be kept before the restore: " << kept.errorMessage() << "\n";
-        return CliBadInput;
-    }
-    if (auto restored = Backup::restore(path, context.app.backupPaths()); !restored) {
+    if (auto restored = context.app.snapshots().restore(path); !restored) {
         context.err << "platterbox: " << restored.errorMessage() << "\n";
         return CliBadInput;
     }

@@ -17,13 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A full-size cover file written by a save, and the file it replaces.
-struct CoverFile
-{
-    QString newPath;
-    QString replacedPath;
-};
-
 bool insideFolder(const QString &path, const QString &folder)
 {
     const QString canonicalFolder = QFileInfo(folder).canonicalFilePath();
@@ -129,10 +122,12 @@ void EditVinylViewController::SaveVinylButtonClicked()
         return;
     }
 
-    // Covers: a new full-size file per side shown, and the small copy in the record.
+    // Covers: the small copy in the record, and a full-size file per side.
     const QString documents = app()->documentsDir();
     QDir().mkpath(documents);
-    QList<CoverFile> files;
+    // The full-size files this save writes; the files they replace stay, for a snapshot may still
+    // name them: the snapshots' sweep removes a file once nothing names it.
+    QStringList written;
     for (const CoverSide side : {CoverSide::Front, CoverSide::Back}) {
         const bool front = side == CoverSide::Front;
         const QImage image = front ? frontImage() : backImage();
@@ -141,35 +136,29 @@ void EditVinylViewController::SaveVinylButtonClicked()
         const auto thumbnail = RecordForm::thumbnailJpeg(image);
         if (!thumbnail) {
             showAlert(RecordForm::kNotSavedTitle, thumbnail.errorMessage());
-            for (const CoverFile &file : std::as_const(files))
-                QFile::remove(file.newPath);
+            for (const QString &path : std::as_const(written))
+                QFile::remove(path);
             return;
         }
+        (front ? vinyl.frontImage : vinyl.backImage) = thumbnail.value();
+        // An unchanged cover keeps its file; a changed one gets a file of its own.
         std::optional<QString> &pathAttribute = front ? vinyl.frontImagePath : vinyl.backImagePath;
-        const QString oldPath = text(pathAttribute);
+        if (!coverChanged(side) && insideFolder(text(pathAttribute), documents))
+            continue;
         const QString newPath = QDir(documents).filePath(
             QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + u".jpg"_s);
-        // An unchanged cover keeps its file's bytes rather than being encoded once more.
-        QByteArray full;
-        if (!coverChanged(side) && !oldPath.isEmpty()) {
-            QFile old(oldPath);
-            if (old.open(QIODevice::ReadOnly))
-                full = old.readAll();
-        }
-        if (full.isEmpty())
-            full = RecordForm::fullSizeJpeg(image).valueOr(QByteArray());
+        const QByteArray full = RecordForm::fullSizeJpeg(image).valueOr(QByteArray());
         QFile out(newPath);
         if (!full.isEmpty() && out.open(QIODevice::WriteOnly) && out.write(full) == full.size() && out.flush()) {
             out.close();
             pathAttribute = newPath;
-            files.append({newPath, oldPath});
+            written.append(newPath);
         } else {
             // The record keeps the file it had; the small copy is still stored.
             out.close();
             QFile::remove(newPath);
             consoleLine(u"Cover file not written: "_s + newPath);
         }
-        (front ? vinyl.frontImage : vinyl.backImage) = thumbnail.value();
     }
 
     const auto saved = store.transaction([&]() -> Result<void> {
@@ -178,15 +167,10 @@ void EditVinylViewController::SaveVinylButtonClicked()
         return ValueHistory::noteSave(store, vinyl, valueBefore, QuoteSources::Edit);
     });
     if (!saved) {
-        for (const CoverFile &file : std::as_const(files))
-            QFile::remove(file.newPath);
+        for (const QString &path : std::as_const(written))
+            QFile::remove(path);
         showAlert(kStoreErrorTitle, saved.errorMessage());
         return;
-    }
-    // The files the record no longer names go, when they are ours.
-    for (const CoverFile &file : std::as_const(files)) {
-        if (!file.replacedPath.isEmpty() && file.replacedPath != file.newPath && insideFolder(file.replacedPath, documents))
-            QFile::remove(file.replacedPath);
     }
     CoverImageProvider::forget(rowId);
     if (const auto stored = store.vinylByRowId(rowId); stored && stored->has_value())

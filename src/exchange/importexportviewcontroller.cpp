@@ -85,9 +85,7 @@ void ImportExportViewController::backUpTo(const QUrl &file)
     auto info = std::make_shared<Backup::Info>();
     run(u"Backing up the collection\u2026"_s,
         [paths, path, info](const BackgroundJob::Progress &progress) -> Result<void> {
-            Backup::Info wanted;
-            wanted.kind = u"backup"_s;
-            auto written = Backup::write(paths, path, wanted, true, progress);
+            auto written = Backup::backUp(paths, path, progress);
             if (!written)
                 return written.error();
             *info = *written;
@@ -146,12 +144,9 @@ void ImportExportViewController::restoreFrom(const QUrl &file)
 void ImportExportViewController::restoreConfirmed(const QString &path, const QString &fileName)
 {
     Snapshots snapshots = app()->snapshots();
-    const Backup::Paths paths = app()->backupPaths();
     run(u"Restoring the collection\u2026"_s,
-        [snapshots, paths, path, fileName](const BackgroundJob::Progress &progress) mutable -> Result<void> {
-            if (auto kept = snapshots.take(Snapshots::kKindRestore, fileName, Backup::part(progress, 0.0, 0.3)); !kept)
-                return Error{u"The collection could not be kept before the restore: "_s + kept.errorMessage()};
-            return Backup::restore(path, paths, Backup::part(progress, 0.3, 1.0));
+        [snapshots, path](const BackgroundJob::Progress &progress) mutable -> Result<void> {
+            return snapshots.restore(path, progress);
         },
         [this, fileName](const Result<void> &result) {
             if (!result) {

@@ -73,10 +73,20 @@ Result<ImportCounts> ImportMerge::applyAfterSnapshot(Store &store, const ImportF
                                                     const QString &source, const Progress &progress)
 {
     const auto keeping = [&](qint64, qint64) { return !progress || progress(0, file.lineCount()); };
-    if (auto kept = snapshots.take(Snapshots::kKindImport, source, keeping); !kept)
+    const auto taken = snapshots.take(Snapshots::kKindImport, source, keeping);
+    if (!taken)
         return Error{u"The collection could not be kept before the import, so nothing was imported. "_s
-                     + kept.errorMessage()};
-    return apply(store, file, progress);
+                     + taken.errorMessage()};
+    ImportMerge merge(store, file, Mode::Apply);
+    auto merged = merge.run(progress);
+    // The store keeps whole batches: the snapshot is worth keeping once one of them was written.
+    if (merge.m_counts.linesApplied > 0)
+        snapshots.keep();
+    else
+        snapshots.drop(*taken);
+    if (!merged)
+        return merged.error();
+    return merge.m_counts;
 }
 
 Result<void> ImportMerge::run(const Progress &progress)

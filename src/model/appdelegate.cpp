@@ -95,12 +95,12 @@ Result<void> AppDelegate::saveContext()
 
 Backup::Paths AppDelegate::backupPaths() const
 {
-    return {m_store->filePath(), documentsDir()};
+    return {m_store->filePath(), documentsDir(), QDir(m_dataDir).filePath(u"Snapshots"_s)};
 }
 
 Snapshots AppDelegate::snapshots() const
 {
-    return Snapshots(m_dataDir, backupPaths());
+    return Snapshots(backupPaths());
 }
 
 void AppDelegate::collectionReplaced()

@@ -2,16 +2,20 @@
 
 #include "store.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QSaveFile>
 #include <QTemporaryFile>
 #include <QUrl>
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -22,12 +26,23 @@ using Backup::Paths;
 using Backup::Progress;
 using Backup::part;
 
-constexpr int kFormat = 1;
+// 1: the first backups; 2: a backup carries a checksum of its content.
+constexpr int kFormat = 2;
 constexpr int kBusyMilliseconds = 10000;
 constexpr int kPagesPerStep = 512;
 constexpr qint64 kRowsPerStep = 2000;
 const QString kInfoTable = u"PlatterboxBackup"_s;
 const QString kFilesTable = u"PlatterboxCoverFiles"_s;
+
+// A backup's checksum is the SHA-256 of the whole file, taken with the checksum's own digits as
+// zeros; it is kept in the description as "sha256:" and 64 hexadecimal digits.
+const QByteArray kChecksumPrefix = QByteArrayLiteral("sha256:");
+constexpr qsizetype kDigestDigits = 64;
+
+const QString kTargetIsStore =
+    u"%1 is the collection itself; choose another file for the backup."_s;
+const QString kTargetIsSnapshot =
+    u"%1 is among the snapshots kept for undoing imports; choose a file outside that folder for the backup."_s;
 
 // One SQLite connection of our own, closed with the object.
 class Connection
@@ -135,7 +150,7 @@ Result<QStringList> coverFilePaths(const Connection &db, const QString &document
     return paths;
 }
 
-Result<void> writeInfo(const Connection &db, const Info &info)
+Result<void> writeInfo(const Connection &db, const Info &info, const QByteArray &checksum)
 {
     if (auto r = db.exec(u"CREATE TABLE %1 (key TEXT PRIMARY KEY, value TEXT)"_s.arg(kInfoTable)); !r)
         return r;
@@ -148,6 +163,7 @@ Result<void> writeInfo(const Connection &db, const Info &info)
         {u"records"_s, QString::number(info.records)},
         {u"coverFiles"_s, QString::number(info.coverFiles)},
         {u"documents"_s, info.documents},
+        {u"checksum"_s, QString::fromLatin1(checksum)},
     };
     for (const auto &[key, value] : rows) {
         sqlite3_reset(q.handle());
@@ -198,6 +214,89 @@ Result<void> copyStore(const Connection &source, const Connection &target, const
     } while (rc == SQLITE_OK || rc == SQLITE_BUSY || rc == SQLITE_LOCKED);
     if (sqlite3_backup_finish(backup) != SQLITE_OK || rc != SQLITE_DONE)
         return target.error(u"Cannot copy the store"_s);
+    return {};
+}
+
+// The mapped bytes of a file, unmapped with the object.
+class MappedFile
+{
+public:
+    explicit MappedFile(const QString &path) : m_file(path)
+    {
+        if (m_file.open(QIODevice::ReadOnly) && m_file.size() > 0)
+            m_data = m_file.map(0, m_file.size());
+    }
+    [[nodiscard]] bool ok() const { return m_data != nullptr; }
+    [[nodiscard]] QByteArrayView bytes() const { return {m_data, m_file.size()}; }
+
+private:
+    QFile m_file;
+    uchar *m_data = nullptr;
+};
+
+// Where the checksum text ("sha256:" and its digits) stands in bytes; -1 when it is not there.
+qsizetype checksumOffset(QByteArrayView bytes, QByteArrayView checksum)
+{
+    const auto found = std::search(bytes.begin(), bytes.end(),
+                                   std::boyer_moore_horspool_searcher(checksum.begin(), checksum.end()));
+    return found == bytes.end() ? -1 : qsizetype(found - bytes.begin());
+}
+
+// The checksum of bytes whose checksum text stands at offset.
+QByteArray digestOf(QByteArrayView bytes, qsizetype offset)
+{
+    const qsizetype digits = offset + kChecksumPrefix.size();
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(bytes.first(digits));
+    hash.addData(QByteArray(kDigestDigits, '0'));
+    hash.addData(bytes.sliced(digits + kDigestDigits));
+    return kChecksumPrefix + hash.result().toHex();
+}
+
+// A checksum text no file holds yet, which the backup's own digest replaces once it is written.
+QByteArray placeholderChecksum()
+{
+    QByteArray random(kDigestDigits / 2, Qt::Uninitialized);
+    QRandomGenerator::system()->generate(random.begin(), random.end());
+    return kChecksumPrefix + random.toHex();
+}
+
+// Puts the file's checksum in place of its placeholder.
+Result<void> seal(const QString &path, const QByteArray &placeholder)
+{
+    QByteArray checksum;
+    qsizetype offset = -1;
+    {
+        const MappedFile mapped(path);
+        if (!mapped.ok())
+            return Error{u"Cannot read back the backup %1"_s.arg(path)};
+        offset = checksumOffset(mapped.bytes(), placeholder);
+        if (offset < 0)
+            return Error{u"Cannot find the checksum in the backup %1"_s.arg(path)};
+        checksum = digestOf(mapped.bytes(), offset);
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite) || !file.seek(offset) || file.write(checksum) != checksum.size() || !file.flush())
+        return Error{u"Cannot write the checksum of the backup %1: %2"_s.arg(path, file.errorString())};
+    return {};
+}
+
+// Whether the file's content is what its checksum says; backups of the first format carry none.
+Result<void> verify(const QString &path, const QString &checksum, int format)
+{
+    const QString name = QFileInfo(path).fileName();
+    const Error damaged{u"%1 is damaged: its content is not what it was when it was written (its checksum differs)."_s.arg(name)};
+    if (format < 2)
+        return {};
+    const QByteArray stored = checksum.toLatin1();
+    if (!stored.startsWith(kChecksumPrefix) || stored.size() != kChecksumPrefix.size() + kDigestDigits)
+        return Error{u"%1 is damaged: its checksum is missing."_s.arg(name)};
+    const MappedFile mapped(path);
+    if (!mapped.ok())
+        return Error{u"Cannot read %1."_s.arg(name)};
+    const qsizetype offset = checksumOffset(mapped.bytes(), stored);
+    if (offset < 0 || digestOf(mapped.bytes(), offset) != stored)
+        return damaged;
     return {};
 }
 
@@ -368,6 +467,7 @@ Result<Info> write(const Paths &paths, const QString &target, Info info, bool co
     if (!partial.open())
         return Error{u"Cannot write in %1: %2"_s.arg(folder, partial.errorString())};
     partial.close();
+    const QByteArray placeholder = placeholderChecksum();
     {
         Connection out;
         if (auto r = out.open(partial.fileName(), SQLITE_OPEN_READWRITE); !r)
@@ -386,20 +486,42 @@ Result<Info> write(const Paths &paths, const QString &target, Info info, bool co
         info.coverFiles = files.size();
         info.documents = QDir::cleanPath(QDir(paths.documents).absolutePath());
         if (!info.created.isValid())
-            info.created = QDateTime::currentDateTime();
+            info.created = QDateTime::currentDateTimeUtc();
         if (auto r = out.exec(u"BEGIN"_s); !r)
             return r.error();
-        if (auto r = writeInfo(out, info); !r)
+        if (auto r = writeInfo(out, info, placeholder); !r)
             return r.error();
         if (auto r = writeCoverFiles(out, files, part(progress, storeShare, 1.0)); !r)
             return r.error();
         if (auto r = out.exec(u"COMMIT"_s); !r)
             return r.error();
     }
+    if (auto r = seal(partial.fileName(), placeholder); !r)
+        return r.error();
     if (std::rename(QFile::encodeName(partial.fileName()).constData(), QFile::encodeName(target).constData()) != 0)
         return Error{u"Cannot write %1."_s.arg(target)};
     partial.setAutoRemove(false);
     return info;
+}
+
+Result<Info> backUp(const Paths &paths, const QString &target, const Progress &progress)
+{
+    const QFileInfo wanted(target);
+    // The target may not exist yet, and its folder may be reached through a link.
+    const QString folder = QFileInfo(wanted.absolutePath()).canonicalFilePath();
+    const QString file = wanted.exists() ? wanted.canonicalFilePath()
+                                         : (folder.isEmpty() ? wanted.absoluteFilePath() : folder + u'/' + wanted.fileName());
+    const QString store = QFileInfo(paths.store).canonicalFilePath();
+    for (const QString &suffix : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s}) {
+        if (!store.isEmpty() && file == store + suffix)
+            return Error{kTargetIsStore.arg(target)};
+    }
+    const QString snapshots = QFileInfo(paths.snapshots).canonicalFilePath();
+    if (!snapshots.isEmpty() && (file == snapshots || file.startsWith(snapshots + u'/')))
+        return Error{kTargetIsSnapshot.arg(target)};
+    Info info;
+    info.kind = u"backup"_s;
+    return write(paths, target, info, true, progress);
 }
 
 Result<Info> describe(const QString &path)
@@ -428,6 +550,8 @@ Result<Info> describe(const QString &path)
     info.records = values.value(u"records"_s).toLongLong();
     info.coverFiles = values.value(u"coverFiles"_s).toLongLong();
     info.documents = values.value(u"documents"_s);
+    info.format = format;
+    info.checksum = values.value(u"checksum"_s);
     info.schemaVersion = int(singleInteger(db, u"PRAGMA user_version"_s).valueOr(0));
     if (info.schemaVersion < 1)
         return notABackup;
@@ -444,6 +568,8 @@ Result<Info> inspect(const QString &path)
     auto info = describe(path);
     if (!info)
         return info;
+    if (auto r = verify(path, info->checksum, info->format); !r)
+        return r.error();
     Connection db;
     if (auto r = db.open(path, SQLITE_OPEN_READONLY); !r)
         return r.error();

@@ -26,6 +26,8 @@ struct Info
     qint64 coverFiles = 0;
     int schemaVersion = 0;
     QString documents; // the folder the records' cover files were in
+    int format = 0;
+    QString checksum; // "sha256:" and the digest of the file, checked by inspect()
 };
 
 // Called with the work done and the work in all; returning false cancels.
@@ -38,6 +40,7 @@ struct Paths
 {
     QString store;     // the live store file
     QString documents; // where the full-size cover files live
+    QString snapshots; // where the snapshots of the store are kept
 };
 
 // Writes a backup of the store to target, replacing it only once the backup is complete (a
@@ -45,10 +48,16 @@ struct Paths
 // (snapshots: their cover files stay in the documents folder while a snapshot names them).
 Result<Info> write(const Paths &paths, const QString &target, Info info, bool coverFiles, const Progress &progress = {});
 
+// The collector's backup of the collection with its cover files to target (kind "backup"). A
+// target that is the store, one of its journal files or a snapshot is refused: a backup never
+// replaces what it copies.
+Result<Info> backUp(const Paths &paths, const QString &target, const Progress &progress = {});
+
 // What a backup holds, read from its description; fails for a file that is not a Platterbox
 // backup or whose schema this version cannot read.
 Result<Info> describe(const QString &path);
-// describe(), and the integrity check passes: what is checked before anything is restored.
+// describe(), its content matches the checksum it carries, and SQLite's integrity check passes:
+// what is checked before anything is restored.
 Result<Info> inspect(const QString &path);
 
 // Replaces everything in the store by the backup's collection and puts its cover files into the

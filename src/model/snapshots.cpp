@@ -2,40 +2,93 @@
 
 #include "logging.h"
 
+#include <algorithm>
+
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
 
-Snapshots::Snapshots(QString dataDir, Backup::Paths paths) : m_dataDir(std::move(dataDir)), m_paths(std::move(paths)) {}
+Snapshots::Snapshots(Backup::Paths paths) : m_paths(std::move(paths)) {}
 
 QString Snapshots::folder() const
 {
-    return QDir(m_dataDir).filePath(u"Snapshots"_s);
+    return m_paths.snapshots;
 }
+
+namespace {
+
+// A snapshot is named by a sequence number that only grows, then the UTC time it was taken
+// ("0000000042-20261125T063000123Z.sqlite"): a change of time zone, daylight-saving time or a
+// clock set back never reorders them. Earlier versions named them by local time alone
+// ("20261125-063000-123.sqlite"); those are older than any numbered one.
+const QRegularExpression kNumbered(u"^(\\d{10})-\\d{8}T\\d{9}Z\\.sqlite$"_s);
+
+qint64 sequenceOf(const QString &name)
+{
+    const auto match = kNumbered.match(name);
+    return match.hasMatch() ? match.captured(1).toLongLong() : 0;
+}
+
+} // namespace
 
 QStringList Snapshots::files() const
 {
-    // Named by the time they were taken, so the name order is the time order.
-    QStringList names = QDir(folder()).entryList({u"*.sqlite"_s}, QDir::Files, QDir::Name);
+    const QDir dir(folder());
+    QStringList names = dir.entryList({u"*.sqlite"_s}, QDir::Files, QDir::Name);
+    std::stable_sort(names.begin(), names.end(),
+                     [](const QString &a, const QString &b) { return sequenceOf(a) < sequenceOf(b); });
     for (QString &name : names)
-        name = QDir(folder()).filePath(name);
+        name = dir.filePath(name);
     return names;
 }
 
-Result<Backup::Info> Snapshots::take(const QString &kind, const QString &source, const Backup::Progress &progress)
+Result<Snapshots::Snapshot> Snapshots::take(const QString &kind, const QString &source, const Backup::Progress &progress)
 {
+    qint64 last = 0;
+    for (const QString &path : files())
+        last = std::max(last, sequenceOf(QFileInfo(path).fileName()));
     Backup::Info info;
     info.kind = kind;
     info.source = source;
-    info.created = QDateTime::currentDateTime();
-    const QString path = QDir(folder()).filePath(info.created.toString(u"yyyyMMdd-HHmmss-zzz"_s) + u".sqlite"_s);
+    info.created = QDateTime::currentDateTimeUtc();
+    const QString name = u"%1-%2.sqlite"_s.arg(last + 1, 10, 10, QLatin1Char('0'))
+                             .arg(info.created.toString(u"yyyyMMdd'T'HHmmsszzz'Z'"_s));
+    const QString path = QDir(folder()).filePath(name);
     auto written = Backup::write(m_paths, path, info, false, progress);
-    if (written)
-        prune();
-    return written;
+    if (!written)
+        return written.error();
+    return Snapshot{path, *written};
+}
+
+void Snapshots::keep()
+{
+    const QStringList all = files();
+    for (qsizetype i = 0; i + kKept < all.size(); ++i)
+        QFile::remove(all.at(i));
+    removeUnnamedCoverFiles();
+}
+
+void Snapshots::drop(const Snapshot &snapshot)
+{
+    QFile::remove(snapshot.path);
+}
+
+Result<void> Snapshots::restore(const QString &backupPath, const Backup::Progress &progress)
+{
+    auto taken = take(kKindRestore, QFileInfo(backupPath).fileName(), Backup::part(progress, 0.0, 0.3));
+    if (!taken)
+        return Error{u"The collection could not be kept before the restore: "_s + taken.errorMessage()};
+    // A restore replaces everything in one transaction or nothing.
+    if (auto restored = Backup::restore(backupPath, m_paths, Backup::part(progress, 0.3, 1.0)); !restored) {
+        drop(*taken);
+        return restored;
+    }
+    keep();
+    return {};
 }
 
 std::optional<Snapshots::Snapshot> Snapshots::latest() const
@@ -58,14 +111,6 @@ Result<Backup::Info> Snapshots::undoLatest(const Backup::Progress &progress)
     QFile::remove(snapshot->path);
     removeUnnamedCoverFiles();
     return snapshot->info;
-}
-
-void Snapshots::prune()
-{
-    const QStringList all = files();
-    for (qsizetype i = 0; i + kKept < all.size(); ++i)
-        QFile::remove(all.at(i));
-    removeUnnamedCoverFiles();
 }
 
 void Snapshots::removeUnnamedCoverFiles()

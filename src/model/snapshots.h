@@ -21,11 +21,18 @@ public:
         Backup::Info info;
     };
 
-    Snapshots(QString dataDir, Backup::Paths paths);
+    explicit Snapshots(Backup::Paths paths);
 
     [[nodiscard]] QString folder() const;
-    // Keeps the store as it is now, before an import or restore of the file `source`.
-    Result<Backup::Info> take(const QString &kind, const QString &source, const Backup::Progress &progress = {});
+    // Keeps the store as it is now, right before an import or restore of the file `source`
+    // changes it. Once the store changed, keep() makes it the newest of the kept snapshots;
+    // when the change failed or was cancelled before changing anything, drop() lets it go, so a
+    // refused import never pushes out a snapshot worth undoing.
+    Result<Snapshot> take(const QString &kind, const QString &source, const Backup::Progress &progress = {});
+    void keep();
+    void drop(const Snapshot &snapshot);
+    // Replaces the collection by the backup's, keeping the store before it as a snapshot.
+    Result<void> restore(const QString &backupPath, const Backup::Progress &progress = {});
     // The newest snapshot, if any.
     [[nodiscard]] std::optional<Snapshot> latest() const;
     // Puts the store back as the newest snapshot has it and lets that snapshot go, so a second
@@ -33,10 +40,9 @@ public:
     Result<Backup::Info> undoLatest(const Backup::Progress &progress = {});
 
 private:
+    // The snapshot files, oldest first.
     [[nodiscard]] QStringList files() const;
-    void prune();
     void removeUnnamedCoverFiles();
 
-    QString m_dataDir;
     Backup::Paths m_paths;
 };

@@ -338,7 +338,7 @@ private slots:
         QCOMPARE(t.store().count(FetchRequest(Entity::Vinyl)).valueOr(0), 1);
         QCOMPARE(t.store().count(FetchRequest(Entity::Tracks)).valueOr(0), 1);
         // The store before the import was kept, so that the import can be undone.
-        const auto snapshot = Snapshots(t.dataDir(), {t.store().filePath(), t.app().documentsDir()}).latest();
+        const auto snapshot = t.app().snapshots().latest();
         QVERIFY(snapshot.has_value());
         QCOMPARE(snapshot->info.kind, u"import"_s);
         QCOMPARE(snapshot->info.source, u"picked.csv"_s);

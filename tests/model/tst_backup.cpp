@@ -1,8 +1,11 @@
 #include "appdelegate.h"
 #include "backup.h"
+#include "editvinylviewcontroller.h"
 #include "exchangereader.h"
 #include "exchangewriter.h"
 #include "fetchrequest.h"
+#include "importfile.h"
+#include "importmerge.h"
 #include "snapshots.h"
 #include "testsupport.h"
 
@@ -12,6 +15,8 @@
 #include <QImage>
 #include <QSqlQuery>
 #include <QTest>
+
+#include <ctime>
 
 using namespace Qt::StringLiterals;
 
@@ -88,6 +93,50 @@ qint64 recordCount(Store &store)
     return store.count(FetchRequest(Entity::Vinyl)).valueOr(-1);
 }
 
+// Imports one new record "Album <n>" through the import screen's path, snapshot included.
+Result<ImportCounts> importAlbum(TestApp &t, int n, const Backup::Progress &progress = {})
+{
+    const QString line = u"[VINYLCOLLECTION]\n0.0^Artist %1^0.0^^^9^Album %1^^^1^^^^0.0^^^\n"_s.arg(n);
+    Snapshots snapshots = t.app().snapshots();
+    return ImportMerge::applyAfterSnapshot(t.store(), ImportFiles::read(line.toUtf8()), snapshots,
+                                           u"file %1.csv"_s.arg(n), progress);
+}
+
+QStringList snapshotFiles(TestApp &t)
+{
+    return QDir(t.app().snapshots().folder()).entryList(QDir::Files, QDir::Name);
+}
+
+// The process's time zone while it lives; the test's own afterwards.
+class ScopedTimeZone
+{
+public:
+    explicit ScopedTimeZone(const QByteArray &zone) : m_before(qgetenv("TZ")) { set(zone); }
+    ~ScopedTimeZone() { set(m_before); }
+    ScopedTimeZone(const ScopedTimeZone &) = delete;
+    ScopedTimeZone &operator=(const ScopedTimeZone &) = delete;
+
+private:
+    static void set(const QByteArray &zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+    }
+    QByteArray m_before;
+};
+
+// Flips every bit of the byte at offset.
+void flipByte(const QString &path, qint64 offset)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.seek(offset));
+    char byte = 0;
+    QVERIFY(file.getChar(&byte));
+    QVERIFY(file.seek(offset));
+    QVERIFY(file.putChar(char(~byte)));
+}
+
 } // namespace
 
 class TestBackup : public QObject
@@ -156,8 +205,11 @@ private slots:
             if (kind == u"newer"_s) {
                 QVERIFY(q.exec(u"PRAGMA user_version = 99"_s));
             } else if (kind == u"older"_s) {
+                // Written before backups carried a checksum.
                 for (const QString &sql : {u"DROP TABLE Quotes"_s, u"DROP INDEX VinylByVinylCondition"_s,
-                                           u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 3"_s})
+                                           u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 3"_s,
+                                           u"UPDATE PlatterboxBackup SET value = '1' WHERE key = 'format'"_s,
+                                           u"DELETE FROM PlatterboxBackup WHERE key = 'checksum'"_s})
                     QVERIFY2(q.exec(sql), qPrintable(sql));
             } else {
                 // An index that no longer matches its table.
@@ -185,31 +237,168 @@ private slots:
         QCOMPARE(exportOf(t.store()), before);
     }
 
+    void undoPutsBackWhatEachImportChanged_data()
+    {
+        QTest::addColumn<QByteArrayList>("zones"); // the time zone of each import
+        QTest::newRow("one zone") << QByteArrayList{"America/New_York", "America/New_York", "America/New_York",
+                                                    "America/New_York"};
+        QTest::newRow("west, then east") << QByteArrayList{"America/Los_Angeles", "America/Los_Angeles",
+                                                           "America/Los_Angeles", "Asia/Tokyo"};
+        QTest::newRow("east, then west") << QByteArrayList{"Asia/Tokyo", "Asia/Tokyo", "Asia/Tokyo",
+                                                           "America/Los_Angeles"};
+    }
+
     // Every import keeps the store before it; undo puts the newest back and goes one further
-    // each time; only the newest three are kept.
+    // each time, whatever the time zone was; only the newest three are kept.
     void undoPutsBackWhatEachImportChanged()
     {
+        QFETCH(QByteArrayList, zones);
         TestApp t;
         fillCollection(t);
         Snapshots snapshots = t.app().snapshots();
         QList<QByteArray> before;
-        for (int i = 0; i < 4; ++i) {
+        for (int i = 0; i < zones.size(); ++i) {
+            const ScopedTimeZone zone(zones.at(i));
             before.append(exportOf(t.store()));
-            QVERIFY(snapshots.take(Snapshots::kKindImport, u"file %1.csv"_s.arg(i)).ok());
-            const QString line = u"[VINYLCOLLECTION]\n0.0^Artist %1^0.0^^^9^Album %1^^^1^^^^0.0^^^\n"_s.arg(i);
-            QVERIFY(ExchangeReader::importAll(t.store(), line.toUtf8()).ok());
+            QVERIFY(importAlbum(t, i).ok());
         }
-        QCOMPARE(QDir(snapshots.folder()).entryList(QDir::Files).size(), Snapshots::kKept);
+        QCOMPARE(snapshotFiles(t).size(), Snapshots::kKept);
         QCOMPARE(snapshots.latest()->info.source, u"file 3.csv"_s);
         for (int i = 3; i >= 1; --i) {
             auto undone = snapshots.undoLatest();
             QVERIFY2(undone.ok(), qPrintable(undone.errorMessage()));
             QCOMPARE(undone->source, u"file %1.csv"_s.arg(i));
+            const ScopedTimeZone zone(zones.at(i)); // the export's dates read in the zone they were
             QCOMPARE(exportOf(t.store()), before.at(i));
         }
         QVERIFY(!snapshots.latest().has_value());
         QVERIFY(!snapshots.undoLatest().ok());
         QCOMPARE(recordCount(t.store()), 3); // the first import is older than the snapshots kept
+    }
+
+    void aChangeThatDoesNotHappenKeepsNoSnapshot_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("restore of a text file") << u"text"_s;
+        QTest::newRow("restore of a damaged backup") << u"damaged"_s;
+        QTest::newRow("import cancelled") << u"cancel"_s;
+    }
+
+    // Three refused or cancelled changes leave the snapshots of the imports before them.
+    void aChangeThatDoesNotHappenKeepsNoSnapshot()
+    {
+        QFETCH(QString, change);
+        TestApp t;
+        fillCollection(t);
+        for (int i = 0; i < Snapshots::kKept; ++i)
+            QVERIFY(importAlbum(t, i).ok());
+        const QStringList kept = snapshotFiles(t);
+        const QByteArray before = exportOf(t.store());
+        QTemporaryDir out;
+        const QString file = out.filePath(u"backup.platterbox"_s);
+        if (change == u"text"_s) {
+            writeFile(file, "[VINYLCOLLECTION]\n");
+        } else {
+            QVERIFY(Backup::backUp(t.app().backupPaths(), file).ok());
+            flipByte(file, QFileInfo(file).size() / 2);
+        }
+        for (int i = 0; i < 3; ++i) {
+            if (change == u"cancel"_s) {
+                // Cancelled as soon as the snapshot before it is there.
+                auto counts = importAlbum(t, 9, [&](qint64, qint64) { return snapshotFiles(t) == kept; });
+                QVERIFY(!counts || counts->linesApplied == 0);
+            } else {
+                QVERIFY(!t.app().snapshots().restore(file).ok());
+            }
+        }
+        QCOMPARE(snapshotFiles(t), kept);
+        QCOMPARE(exportOf(t.store()), before);
+        QCOMPARE(t.app().snapshots().latest()->info.source, u"file 2.csv"_s);
+    }
+
+    // An import, then a new cover on the edit screen: undoing the import shows the cover the
+    // record had, from its full-size file.
+    void undoAfterAnEditBringsBackTheCover()
+    {
+        TestApp t;
+        fillCollection(t);
+        const Vinyl first = t.store().fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"id"_s)).valueOr({}).value(0);
+        const QString file = text(first.frontImagePath);
+        QVERIFY(importAlbum(t, 1).ok());
+        t.app().state()->setCurrentRecord(first);
+        {
+            EditVinylViewController edit(&t.app());
+            edit.setCoverImage(CoverSide::Front, QImage::fromData(jpeg(Qt::green, 300)));
+            edit.SaveVinylButtonClicked();
+        }
+        QVERIFY(t.app().snapshots().undoLatest().ok());
+        QVERIFY(QFile::exists(file));
+        const auto restored = t.store().vinylByRowId(first.rowId);
+        QVERIFY(restored && restored->has_value());
+        QCOMPARE(text((*restored)->frontImagePath), file);
+        t.app().state()->setCurrentRecord(**restored);
+        EditVinylViewController shown(&t.app());
+        QCOMPARE(shown.frontImage().size(), QSize(600, 600));
+    }
+
+    // A byte changed anywhere in a backup, in a record's text, a cover or the description:
+    // the restore is refused and the collection is as it was.
+    void aBackupWithAnyByteChangedIsRefused()
+    {
+        TestApp t;
+        fillCollection(t);
+        QTemporaryDir out;
+        const QString file = out.filePath(u"backup.platterbox"_s);
+        QVERIFY(Backup::backUp(t.app().backupPaths(), file).ok());
+        const QByteArray pristine = fileBytes(file);
+        QList<qint64> offsets{pristine.indexOf("second line"), pristine.indexOf("sha256:") + 20, pristine.size() - 1};
+        for (qint64 step = 1; step <= 40; ++step)
+            offsets.append(pristine.size() * step / 41);
+        const QByteArray before = exportOf(t.store());
+        for (const qint64 offset : std::as_const(offsets)) {
+            writeFile(file, pristine);
+            flipByte(file, offset);
+            auto restored = Backup::restore(file, t.app().backupPaths());
+            QVERIFY2(!restored.ok(), qPrintable(u"byte %1 of %2"_s.arg(offset).arg(pristine.size())));
+            QCOMPARE(exportOf(t.store()), before);
+        }
+        writeFile(file, pristine);
+        flipByte(file, offsets.first());
+        QVERIFY(Backup::restore(file, t.app().backupPaths()).errorMessage().contains(u"backup.platterbox is damaged"_s));
+    }
+
+    void aBackupNeverReplacesTheCollection_data()
+    {
+        QTest::addColumn<QString>("target"); // inside the data folder
+        QTest::newRow("the store") << u"Platterbox.sqlite"_s;
+        QTest::newRow("its write-ahead log") << u"Platterbox.sqlite-wal"_s;
+        QTest::newRow("its index") << u"Platterbox.sqlite-shm"_s;
+        QTest::newRow("a snapshot") << u"Snapshots/snapshot"_s;
+        QTest::newRow("a new file among the snapshots") << u"Snapshots/mine.platterbox"_s;
+        QTest::newRow("the store through a link") << u"link"_s;
+    }
+
+    void aBackupNeverReplacesTheCollection()
+    {
+        QFETCH(QString, target);
+        TestApp t;
+        fillCollection(t);
+        QVERIFY(importAlbum(t, 1).ok());
+        const QDir data(t.dataDir());
+        QVERIFY(QFileInfo(t.store().filePath()).fileName() == u"Platterbox.sqlite"_s);
+        QString path = data.filePath(target);
+        if (target == u"Snapshots/snapshot"_s)
+            path = t.app().snapshots().latest()->path;
+        if (target == u"link"_s)
+            QVERIFY(QFile::link(t.store().filePath(), path));
+        const QByteArray before = exportOf(t.store());
+        auto written = Backup::backUp(t.app().backupPaths(), path);
+        QVERIFY(!written.ok());
+        QVERIFY2(written.errorMessage().contains(u"choose"_s), qPrintable(written.errorMessage()));
+        QCOMPARE(exportOf(t.store()), before);
+        QVERIFY(t.app().snapshots().latest().has_value());
+        QTemporaryDir out;
+        QVERIFY(Backup::backUp(t.app().backupPaths(), out.filePath(u"fine.platterbox"_s)).ok());
     }
 
     // A cover file only the replaced collection named stays while a snapshot needs it.
@@ -225,8 +414,7 @@ private slots:
             QVERIFY(Backup::write(blank.app().backupPaths(), empty, {}, true).ok());
         }
         Snapshots snapshots = t.app().snapshots();
-        QVERIFY(snapshots.take(Snapshots::kKindRestore, u"empty.platterbox"_s).ok());
-        QVERIFY(Backup::restore(empty, t.app().backupPaths()).ok());
+        QVERIFY(snapshots.restore(empty).ok());
         QCOMPARE(recordCount(t.store()), 0);
         QVERIFY(QFile::exists(file));
         QVERIFY(snapshots.undoLatest().ok());
