@@ -335,9 +335,16 @@ Result<std::unique_ptr<QTemporaryFile>> currentSchemaCopy(const QString &backupP
             return Error{u"Cannot make a working copy of the backup: "_s + copy->errorString()};
     }
     copy->close();
-    auto migrated = Store::open(copy->fileName());
-    if (!migrated)
-        return migrated.error();
+    if (auto migrated = Store::open(copy->fileName()); !migrated)
+        return Error{u"%1 is from an older version of Platterbox and cannot be brought up to date: %2"_s.arg(
+            QFileInfo(backupPath).fileName(), migrated.errorMessage())};
+    // The store left it in WAL mode: read back in that mode, it would leave its -wal and -shm
+    // files behind when it goes.
+    Connection plain;
+    if (auto r = plain.open(copy->fileName(), SQLITE_OPEN_READWRITE); !r)
+        return r.error();
+    if (auto r = plain.exec(u"PRAGMA journal_mode = DELETE"_s); !r)
+        return r.error();
     return copy;
 }
 
@@ -364,6 +371,22 @@ Result<void> restoreCoverFiles(const Connection &db, const QString &documents, c
     return {};
 }
 
+// Whether the attached backup holds every column of the store's tables it holds.
+Result<void> checkColumns(const Connection &db, const QString &backupName)
+{
+    const QStringList backupTables = tablesOf(db, u"backup"_s);
+    for (const QString &table : tablesOf(db, u"main"_s)) {
+        if (!backupTables.contains(table))
+            continue;
+        const QStringList backupColumns = columnsOf(db, u"backup"_s, table);
+        for (const QString &column : columnsOf(db, u"main"_s, table)) {
+            if (!backupColumns.contains(column))
+                return Error{u"%1 is not a Platterbox backup: its table %2 has no column %3."_s.arg(backupName, table, column)};
+        }
+    }
+    return {};
+}
+
 // Copies every table of the store from the attached backup, rows with their identities, in
 // slices so that progress is reported and a cancel is heard.
 Result<void> copyTables(const Connection &db, const Progress &progress)
@@ -381,12 +404,9 @@ Result<void> copyTables(const Connection &db, const Progress &progress)
             return r;
         if (!backupTables.contains(table))
             continue;
-        const QStringList backupColumns = columnsOf(db, u"backup"_s, table);
         QStringList columns;
-        for (const QString &column : columnsOf(db, u"main"_s, table)) {
-            if (backupColumns.contains(column))
-                columns.append(u'"' + column + u'"');
-        }
+        for (const QString &column : columnsOf(db, u"main"_s, table))
+            columns.append(u'"' + column + u'"');
         const QString list = columns.join(u", "_s);
         Statement slice(db, u"INSERT INTO main.\"%1\" (rowid, %2) SELECT rowid, %2 FROM backup.\"%1\" "
                             "WHERE rowid > ? ORDER BY rowid LIMIT %3"_s.arg(table, list).arg(kRowsPerStep));
@@ -414,12 +434,8 @@ Result<void> copyTables(const Connection &db, const Progress &progress)
     return {};
 }
 
-// The records' cover paths follow their files from the folder the backup was made in to this
-// data folder's documents.
-Result<void> movePaths(const Connection &db, const QString &from, const QString &to)
+Result<void> replacePathFolder(const Connection &db, const QString &from, const QString &to)
 {
-    if (from.isEmpty() || QDir::cleanPath(from) == QDir::cleanPath(to))
-        return {};
     for (const QString &column : {u"frontImagePath"_s, u"backImagePath"_s}) {
         Statement q(db, u"UPDATE main.Vinyl SET %1 = ?2 || substr(%1, length(?1) + 1) "
                         "WHERE substr(%1, 1, length(?1)) = ?1"_s.arg(column));
@@ -429,6 +445,28 @@ Result<void> movePaths(const Connection &db, const QString &from, const QString 
         q.bind(2, QDir::cleanPath(to) + u'/');
         if (q.step() != SQLITE_DONE)
             return db.error(u"Cannot move the cover paths"_s);
+    }
+    return {};
+}
+
+// The records' cover paths follow their files from the folder the backup was made in to this
+// data folder's documents. A path that then names anything but a file of the documents folder
+// is dropped (the record keeps its small picture): a backup cannot lead a record to other files.
+Result<void> movePaths(const Connection &db, const QString &from, const QString &to)
+{
+    if (!from.isEmpty() && QDir::cleanPath(from) != QDir::cleanPath(to)) {
+        if (auto r = replacePathFolder(db, from, to); !r)
+            return r;
+    }
+    for (const QString &column : {u"frontImagePath"_s, u"backImagePath"_s}) {
+        Statement q(db, u"UPDATE main.Vinyl SET %1 = NULL WHERE %1 IS NOT NULL AND NOT ("
+                        "substr(%1, 1, length(?1)) = ?1 AND instr(substr(%1, length(?1) + 1), '/') = 0 "
+                        "AND substr(%1, length(?1) + 1) NOT IN ('', '.', '..'))"_s.arg(column));
+        if (!q.ok())
+            return db.error(u"Cannot check the cover paths"_s);
+        q.bind(1, QDir::cleanPath(to) + u'/');
+        if (q.step() != SQLITE_DONE)
+            return db.error(u"Cannot check the cover paths"_s);
     }
     return {};
 }
@@ -598,6 +636,8 @@ Result<void> restore(const QString &backupPath, const Paths &paths, const Progre
         if (!attach.ok() || attach.step() != SQLITE_DONE)
             return db.error(u"Cannot read the backup"_s);
     }
+    if (auto r = checkColumns(db, QFileInfo(backupPath).fileName()); !r)
+        return r;
     // Cover files first: if the store cannot be written they are only files nobody names yet.
     if (auto r = restoreCoverFiles(db, paths.documents, part(progress, 0.0, 0.2)); !r)
         return r;
