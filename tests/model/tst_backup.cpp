@@ -12,7 +12,9 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QDeadlineTimer>
 #include <QImage>
+#include <QProcess>
 #include <QSqlQuery>
 #include <QTest>
 
@@ -124,6 +126,26 @@ private:
     }
     QByteArray m_before;
 };
+
+// Many records with long notes, so that a backup or a restore takes long enough to be killed
+// half-way.
+void fillMany(TestApp &t, const QString &artist)
+{
+    QVERIFY(t.store().transaction([&]() -> Result<void> {
+        for (int i = 1; i <= 3000; ++i) {
+            Vinyl v = t.addVinyl(u"Album %1"_s.arg(i), artist);
+            v.notes = QString(400, QLatin1Char('n'));
+            if (auto r = t.store().update(v); !r)
+                return r;
+        }
+        return {};
+    }).ok());
+}
+
+qint64 fileSize(const QString &path)
+{
+    return QFileInfo(path).size();
+}
 
 // Flips every bit of the byte at offset.
 void flipByte(const QString &path, qint64 offset)
@@ -437,6 +459,77 @@ private slots:
         QVERIFY(t.app().snapshots().latest().has_value());
         QTemporaryDir out;
         QVERIFY(Backup::backUp(t.app().backupPaths(), out.filePath(u"fine.platterbox"_s)).ok());
+    }
+
+    void aKilledBackupRestoreOrUndoLeavesAWholeCollection_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("point"); // when the process is killed
+        for (const QString &command : {u"backup"_s, u"restore"_s, u"undo-import"_s}) {
+            for (const QString &point : {u"started"_s, u"file begun"_s, u"store written"_s})
+                QTest::addRow("%s, %s", qPrintable(command), qPrintable(point)) << command << point;
+        }
+    }
+
+    // The command-line tool killed at several points of its work: the collection opens and is
+    // the one before or the one after, never a mix; a backup is whole or not there.
+    void aKilledBackupRestoreOrUndoLeavesAWholeCollection()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, point);
+        TestApp t;
+        fillMany(t, u"Before"_s);
+        QVERIFY(importAlbum(t, 1).ok());
+        QTemporaryDir out;
+        const QString backup = out.filePath(u"other.platterbox"_s);
+        {
+            TestApp other;
+            fillMany(other, u"Other"_s);
+            QVERIFY(Backup::write(other.app().backupPaths(), backup, {}, true).ok());
+        }
+        const QByteArray before = exportOf(t.store());
+        QByteArray after;
+        if (command == u"restore"_s) {
+            TestApp other;
+            QVERIFY(Backup::restore(backup, other.app().backupPaths()).ok());
+            after = exportOf(other.store());
+        } else if (command == u"undo-import"_s) {
+            TestApp undone;
+            QVERIFY(Backup::restore(t.app().snapshots().latest()->path, undone.app().backupPaths()).ok());
+            after = exportOf(undone.store());
+        }
+        const QString target = out.filePath(u"new.platterbox"_s);
+        QStringList arguments{u"--data-dir"_s, t.dataDir(), command};
+        if (command != u"undo-import"_s)
+            arguments << (command == u"backup"_s ? target : backup);
+        const QString wal = t.store().filePath() + u"-wal"_s;
+        const qint64 walBefore = fileSize(wal);
+        const QString begunIn = command == u"backup"_s ? out.path() : t.app().snapshots().folder();
+        const auto reached = [&] {
+            if (point == u"file begun"_s)
+                return !QDir(begunIn).entryList({u".platterbox-backup-*"_s}, QDir::Files | QDir::Hidden).isEmpty();
+            if (point == u"store written"_s)
+                return fileSize(wal) > walBefore;
+            return true;
+        };
+        QProcess process;
+        process.start(QStringLiteral(PLATTERBOX_CLI), arguments);
+        QVERIFY(process.waitForStarted());
+        const QDeadlineTimer deadline(60000);
+        while (process.state() == QProcess::Running && !reached() && !deadline.hasExpired())
+            process.waitForFinished(1);
+        process.kill();
+        process.waitForFinished();
+
+        auto reopened = Store::open(t.store().filePath());
+        QVERIFY2(reopened.ok(), qPrintable(reopened.errorMessage()));
+        const QByteArray now = exportOf(**reopened);
+        if (command == u"backup"_s) {
+            QCOMPARE(now, before);
+            QVERIFY(!QFile::exists(target) || Backup::inspect(target).ok());
+        } else {
+            QVERIFY2(now == before || now == after, qPrintable(command + u" killed at "_s + point));
+        }
     }
 
     // A cover file only the replaced collection named stays while a snapshot needs it.
