@@ -4,6 +4,7 @@
 #include "samplecollection.h"
 #include "testsupport.h"
 
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -66,13 +67,24 @@ private slots:
         QCOMPARE(menu.menuButtons().size(), 10);
     }
 
-    void saveContextWithoutChangesWritesNothing()
+    // A collection whose folder cannot be written opens to be looked at: the main screen says so,
+    // its add is off and refused, and nothing (no seeding, no Documents folder) is written.
+    void readOnlyCollectionOpensWithItsNoticeAndNoAdd()
     {
-        TestApp t;
-        MainMenuViewController menu(&t.app());
-        const qint64 before = t.store().writeCount();
-        QVERIFY(t.app().saveContext().ok());
-        QCOMPARE(t.store().writeCount(), before);
+        QTemporaryDir dir;
+        QVERIFY(Store::open(dir.filePath(Store::kFileName)).ok());
+        const QFile::Permissions permissions = QFile::permissions(dir.path());
+        QVERIFY(QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner));
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(dir.path(), permissions); });
+        auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        QVERIFY(app.ok() && (*app)->readOnly());
+        QCOMPARE((*app)->readOnlyNotice(), Store::kReadOnlyMessage.arg(Store::kReadOnlyFolder.arg(dir.path())));
+        MainMenuViewController menu(app->get());
+        QVERIFY(!menu.menuButtons().at(2).toMap().value(u"enabled"_s).toBool());
+        menu.open(u"AddButton"_s);
+        QCOMPARE(menu.lastAlertMessage(), (*app)->readOnlyNotice());
+        QVERIFY(grades((*app)->persistentContainer(), Entity::VinylCondition).isEmpty());
+        QVERIFY(!QFileInfo::exists((*app)->documentsDir()));
     }
 
     void unopenableStoreIsAnErrorWithItsCause()
