@@ -4,6 +4,7 @@
 #include "samplecollection.h"
 #include "testsupport.h"
 
+#include <QQuickItem>
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
@@ -85,6 +86,10 @@ private slots:
         QCOMPARE(menu.lastAlertMessage(), (*app)->readOnlyNotice());
         QVERIFY(grades((*app)->persistentContainer(), Entity::VinylCondition).isEmpty());
         QVERIFY(!QFileInfo::exists((*app)->documentsDir()));
+        TestWindow window(**app);
+        QQuickItem *notice = window.item(u"ReadOnlyNotice"_s);
+        QVERIFY(notice && notice->isVisible());
+        QCOMPARE(notice->property("text").toString(), (*app)->readOnlyNotice());
     }
 
     void unopenableStoreIsAnErrorWithItsCause()
@@ -159,22 +164,21 @@ private slots:
             settings.DateCompactSwitchChanged(true);
         else
             settings.DateInlineSwitchChanged(true);
-        Settings &s = t.app().settings();
-        QCOMPARE(s.value(SettingsKeys::UseDateWheel).toBool(), wheel);
-        QCOMPARE(s.value(SettingsKeys::UseDateCompact).toBool(), compact);
-        QCOMPARE(s.value(SettingsKeys::UseDateInline).toBool(), inlineStyle);
-        QCOMPARE(settings.dateWheelSwitch(), wheel);
-        QCOMPARE(settings.dateCompactSwitch(), compact);
-        QCOMPARE(settings.dateInlineSwitch(), inlineStyle);
+        const QList<bool> expected{wheel, compact, inlineStyle};
+        const auto keys = [&t] {
+            Settings &s = t.app().settings();
+            return QList<bool>{s.boolValue(SettingsKeys::UseDateWheel), s.boolValue(SettingsKeys::UseDateCompact),
+                               s.boolValue(SettingsKeys::UseDateInline)};
+        };
+        QCOMPARE(keys(), expected);
+        QCOMPARE((QList<bool>{settings.dateWheelSwitch(), settings.dateCompactSwitch(), settings.dateInlineSwitch()}), expected);
         QVERIFY(settings.dateFieldVisible());
 
         // Turning the active style off changes no key.
         settings.DateWheelSwitchChanged(false);
         settings.DateCompactSwitchChanged(false);
         settings.DateInlineSwitchChanged(false);
-        QCOMPARE(s.value(SettingsKeys::UseDateWheel).toBool(), wheel);
-        QCOMPARE(s.value(SettingsKeys::UseDateCompact).toBool(), compact);
-        QCOMPARE(s.value(SettingsKeys::UseDateInline).toBool(), inlineStyle);
+        QCOMPARE(keys(), expected);
     }
 
     void inlineWinsOverWheelOnOpening()
