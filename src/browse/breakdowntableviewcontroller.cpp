@@ -128,7 +128,7 @@ void BreakdownTableViewController::updateSearchResults(const QString &text)
 void BreakdownTableViewController::deleteRow(int row)
 {
     QList<int> &list = searching() ? m_filteredList : m_vinylList;
-    if (!app() || row < 0 || row >= list.size())
+    if (!app() || row < 0 || row >= list.size() || refusedAsReadOnly())
         return;
     const qint64 rowId = m_records.at(list.at(row)).rowId;
     Store &store = app()->persistentContainer();

@@ -131,7 +131,7 @@ void ListVinylTableViewController::updateSearchResults(const QString &text)
 void ListVinylTableViewController::deleteRow(int row)
 {
     QList<int> &list = searching() ? m_filteredList : m_vinylList;
-    if (!app() || row < 0 || row >= list.size())
+    if (!app() || row < 0 || row >= list.size() || refusedAsReadOnly())
         return;
     const qint64 rowId = m_records.at(list.at(row)).rowId;
     Store &store = app()->persistentContainer();
@@ -172,7 +172,7 @@ void ListVinylTableViewController::rowPicked(int row)
 
 void ListVinylTableViewController::addButtonTapped()
 {
-    if (app())
+    if (app() && !refusedAsReadOnly())
         app()->navigator()->show(BrowseTexts::kAddScreen);
 }
 

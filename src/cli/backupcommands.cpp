@@ -16,6 +16,15 @@ bool oneFileArgument(CliContext &context, const char *usage)
     return false;
 }
 
+// A read-only collection is neither replaced nor put back; said before anything is read.
+bool writable(CliContext &context)
+{
+    const auto writable = context.app.persistentContainer().checkWritable();
+    if (!writable)
+        context.err << "platterbox: " << writable.errorMessage() << "\n";
+    return writable.ok();
+}
+
 } // namespace
 
 int backupCommand(CliContext &context)
@@ -36,6 +45,8 @@ int restoreCommand(CliContext &context)
 {
     if (!oneFileArgument(context, "restore FILE"))
         return CliBadUsage;
+    if (!writable(context))
+        return CliBadInput;
     const QString path = context.arguments.first();
     const auto info = Backup::inspect(path);
     if (!info) {
@@ -58,6 +69,8 @@ int undoImportCommand(CliContext &context)
         context.err << "usage: platterbox [--data-dir DIR] undo-import\n";
         return CliBadUsage;
     }
+    if (!writable(context))
+        return CliBadInput;
     const auto undone = context.app.snapshots().undoLatest();
     if (!undone) {
         context.err << "platterbox: " << undone.errorMessage() << "\n";

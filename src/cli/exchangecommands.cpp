@@ -81,6 +81,10 @@ int importCommand(CliContext &context)
         return CliBadUsage;
     }
     const QString path = arguments.first();
+    if (const auto writable = context.app.persistentContainer().checkWritable(); !dryRun && !writable) {
+        context.err << "platterbox: " << writable.errorMessage() << "\n";
+        return CliBadInput;
+    }
     auto bytes = TextFile::readUtf8(path);
     if (!bytes) {
         context.err << "platterbox: " << bytes.errorMessage() << "\n";

@@ -32,7 +32,7 @@ void AddVinylViewController::RemoveBackImage()
 void AddVinylViewController::SaveNewVinylButtonClicked()
 {
     // Saved already and leaving: a second tap must not store the record twice.
-    if (m_returning)
+    if (m_returning || refusedAsReadOnly())
         return;
     if (!RecordForm::hasRequiredFields(fields())) {
         showAlert(RecordForm::kNotSavedTitle, RecordForm::kRequiredFieldsMessage);

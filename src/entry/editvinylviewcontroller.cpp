@@ -99,6 +99,8 @@ void EditVinylViewController::unwindToEdit()
 
 void EditVinylViewController::SaveVinylButtonClicked()
 {
+    if (refusedAsReadOnly())
+        return;
     if (!RecordForm::hasRequiredFields(fields())) {
         showAlert(RecordForm::kNotSavedTitle, RecordForm::kRequiredFieldsMessage);
         return;

@@ -60,7 +60,7 @@ ScreenPage {
         StyledButton {
             objectName: "ImportButton"
             text: "Import"
-            enabled: !controller.busy
+            enabled: !controller.busy && !AppDelegate.readOnly
             Layout.fillWidth: true
             onClicked: AppDelegate.navigator.show("ImportView")
         }

@@ -54,7 +54,7 @@ void ImportExportViewController::viewWillAppear()
 
 void ImportExportViewController::refreshUndo()
 {
-    m_canUndo = app() && app()->snapshots().latest().has_value();
+    m_canUndo = app() && !app()->readOnly() && app()->snapshots().latest().has_value();
     emit changed();
 }
 
@@ -105,6 +105,8 @@ void ImportExportViewController::backUpTo(const QUrl &file)
 
 void ImportExportViewController::RestoreButtonTapped()
 {
+    if (refusedAsReadOnly())
+        return;
     if (!busy())
         emit openRestoreFileDialog();
 }
@@ -161,7 +163,7 @@ void ImportExportViewController::restoreConfirmed(const QString &path, const QSt
 
 void ImportExportViewController::UndoLastImportButtonTapped()
 {
-    if (!app() || busy())
+    if (!app() || busy() || refusedAsReadOnly())
         return;
     const auto latest = app()->snapshots().latest();
     if (!latest) {

@@ -72,6 +72,8 @@ Result<ImportCounts> ImportMerge::apply(Store &store, const ImportFile &file, co
 Result<ImportCounts> ImportMerge::applyAfterSnapshot(Store &store, const ImportFile &file, Snapshots &snapshots,
                                                     const QString &source, const Progress &progress)
 {
+    if (auto writable = store.checkWritable(); !writable)
+        return writable.error();
     const auto keeping = [&](qint64, qint64) { return !progress || progress(0, file.lineCount()); };
     const auto taken = snapshots.take(Snapshots::kKindImport, source, keeping);
     if (!taken)

@@ -130,7 +130,7 @@ void ImportViewController::previewDone(const Result<void> &result)
 
 void ImportViewController::ImportTextFile()
 {
-    if (!app() || !importButtonEnabled())
+    if (!app() || !importButtonEnabled() || refusedAsReadOnly())
         return;
     auto work = std::make_shared<Work>();
     work->storePath = app()->persistentContainer().filePath();

@@ -63,6 +63,19 @@ ScreenPage {
                 Layout.alignment: Qt.AlignHCenter
                 Layout.bottomMargin: 8
             }
+            // A collection that cannot be written says so for as long as it is looked at.
+            Label {
+                objectName: "ReadOnlyNotice"
+                visible: AppDelegate.readOnly
+                text: AppDelegate.readOnlyNotice
+                wrapMode: Text.Wrap
+                color: "#7a4100"
+                padding: 10
+                background: Rectangle { color: "#fff1d6"; border.color: "#e0a040"; radius: 6 }
+                Layout.fillWidth: true
+                Layout.maximumWidth: 520
+                Layout.alignment: Qt.AlignHCenter
+            }
 
             StyledButton {
                 objectName: "MenuControlButton"

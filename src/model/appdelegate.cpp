@@ -112,7 +112,8 @@ void AppDelegate::collectionReplaced()
 QString AppDelegate::documentsDir() const
 {
     const QString dir = QDir(m_dataDir).filePath(u"Documents"_s);
-    QDir().mkpath(dir);
+    if (!m_store->isReadOnly())
+        QDir().mkpath(dir);
     return dir;
 }
 

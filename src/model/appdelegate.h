@@ -28,6 +28,9 @@ class AppDelegate : public QObject
     QML_SINGLETON
     Q_PROPERTY(AppState *state READ state CONSTANT)
     Q_PROPERTY(Navigator *navigator READ navigator CONSTANT)
+    // A collection that cannot be written is shown with readOnlyNotice; the screens' changes are off.
+    Q_PROPERTY(bool readOnly READ readOnly CONSTANT)
+    Q_PROPERTY(QString readOnlyNotice READ readOnlyNotice CONSTANT)
 
 public:
     // Opens the store in dataDir (created when missing); the settings live beside it when a
@@ -46,6 +49,10 @@ public:
     // Every change is written in its own transaction when it is made, so nothing is ever
     // pending here: this writes nothing and succeeds.
     Result<void> saveContext();
+
+    [[nodiscard]] bool readOnly() const { return m_store->isReadOnly(); }
+    // The message every change of a read-only collection gives; empty when it can be changed.
+    [[nodiscard]] QString readOnlyNotice() const { return readOnly() ? m_store->readOnlyError().message : QString(); }
 
     [[nodiscard]] Settings &settings() { return m_settings; }
     [[nodiscard]] AppState *state() { return &m_state; }

@@ -488,7 +488,8 @@ Progress part(const Progress &progress, double from, double to)
 Result<Info> write(const Paths &paths, const QString &target, Info info, bool coverFiles, const Progress &progress)
 {
     Connection source;
-    if (auto r = source.open(paths.store, SQLITE_OPEN_READONLY); !r)
+    // Read as the store reads a read-only collection: without writing anything beside it.
+    if (auto r = source.open(Store::readerUri(paths.store), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI); !r)
         return r.error();
     QStringList files;
     if (coverFiles) {

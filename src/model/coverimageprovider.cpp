@@ -1,5 +1,7 @@
 #include "coverimageprovider.h"
 
+#include "store.h"
+
 #include <QCache>
 #include <QMutex>
 #include <QRunnable>
@@ -33,6 +35,7 @@ QThreadPool &coverPool()
 struct ThreadConnection
 {
     QString name;
+    QString storeFile;
     ~ThreadConnection()
     {
         if (!name.isEmpty())
@@ -46,13 +49,13 @@ QByteArray readCover(const QString &storeFile, qint64 rowId, bool front)
     if (!s_connections.hasLocalData()) {
         auto *c = new ThreadConnection{u"platterbox-covers-"_s + QString::number(++s_connectionCounter)};
         QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, c->name);
-        db.setDatabaseName(storeFile);
-        db.setConnectOptions(u"QSQLITE_OPEN_READONLY"_s);
+        Store::configureReader(db, storeFile);
         db.open();
+        c->storeFile = storeFile;
         s_connections.setLocalData(c);
     }
     QSqlDatabase db = QSqlDatabase::database(s_connections.localData()->name, false);
-    if (!db.isOpen() || db.databaseName() != storeFile)
+    if (!db.isOpen() || s_connections.localData()->storeFile != storeFile)
         return {};
     QSqlQuery q(db);
     q.prepare(front ? u"SELECT frontImage FROM Vinyl WHERE rowid = ?"_s : u"SELECT backImage FROM Vinyl WHERE rowid = ?"_s);

@@ -27,6 +27,9 @@ void seed(Store &store, Entity entity)
 
 bool runFirstLaunch(Settings &settings, Store &store)
 {
+    // A read-only collection is looked at as it is; it is seeded once a copy of it can be written.
+    if (store.isReadOnly())
+        return false;
     if (settings.boolValue(SettingsKeys::AboutHasBeenLaunchedBeforeFlag)) {
         consoleLine(u"Not First Launch"_s);
         return false;

@@ -11,6 +11,7 @@ struct MenuButton
     QString name;
     QString title;
     QString screen;
+    bool changes = false; // its screen only changes the collection: off while it is read-only
 };
 
 const QList<MenuButton> &buttons()
@@ -18,7 +19,7 @@ const QList<MenuButton> &buttons()
     static const QList<MenuButton> list = {
         {u"ListButton"_s, u"List Vinyl's"_s, u"ListVinylTableView"_s},
         {u"ListGroupButton"_s, u"Groups"_s, u"GroupListsView"_s},
-        {u"AddButton"_s, u"Add Vinyl"_s, u"AddVinylView"_s},
+        {u"AddButton"_s, u"Add Vinyl"_s, u"AddVinylView"_s, true},
         {u"ValuationButton"_s, u"Valuation"_s, u"ValuationView"_s},
         {u"StatisticsButton"_s, u"Statistics"_s, u"StatisticsView"_s},
         {u"ReferenceListButton"_s, u"Reference Lists"_s, u"ReferenceListsView"_s},
@@ -45,7 +46,7 @@ QVariantList MainMenuViewController::menuButtons() const
 {
     QVariantList list;
     for (const MenuButton &b : buttons()) {
-        const bool enabled = app() && app()->navigator()->hasScreen(b.screen);
+        const bool enabled = app() && app()->navigator()->hasScreen(b.screen) && !(b.changes && app()->readOnly());
         list.append(QVariantMap{{u"name"_s, b.name}, {u"title"_s, b.title}, {u"screen"_s, b.screen}, {u"enabled"_s, enabled}});
     }
     return list;
@@ -69,7 +70,7 @@ void MainMenuViewController::HandleButtonClick()
 void MainMenuViewController::open(const QString &buttonName)
 {
     for (const MenuButton &b : buttons()) {
-        if (b.name == buttonName)
+        if (b.name == buttonName && !(b.changes && refusedAsReadOnly()))
             app()->navigator()->show(b.screen);
     }
 }

@@ -29,6 +29,14 @@ void ScreenController::showAlert(const QString &title, const QString &message, c
     emit alert(title, message, buttons);
 }
 
+bool ScreenController::refusedAsReadOnly()
+{
+    if (!m_app || !m_app->readOnly())
+        return false;
+    showAlert(kReadOnlyTitle, m_app->readOnlyNotice());
+    return true;
+}
+
 void ScreenController::answerAlert(int buttonIndex)
 {
     AlertAction action = std::move(m_pendingAnswer);

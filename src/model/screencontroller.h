@@ -24,6 +24,8 @@ class ScreenController : public QObject, public QQmlParserStatus
 public:
     // The title of the alert a failed store read or save raises on every screen.
     static inline const QString kStoreErrorTitle = QStringLiteral("Unresolved error ");
+    // The title of the alert a change of a read-only collection raises.
+    static inline const QString kReadOnlyTitle = QStringLiteral("Read-Only Collection");
 
     explicit ScreenController(AppDelegate *app = nullptr, QObject *parent = nullptr);
 
@@ -51,6 +53,11 @@ protected:
     // Must be called by constructors of subclasses that take an AppDelegate, after their own
     // members exist (viewDidLoad is virtual).
     void loadIfReady();
+
+    // A change asked of a read-only collection: raises the alert that says so and answers
+    // true; false when the collection can be changed. Asked before a change writes anything,
+    // cover files included.
+    bool refusedAsReadOnly();
 
     using AlertAction = std::function<void(int buttonIndex)>;
     void showAlert(const QString &title, const QString &message, const QStringList &buttons = {QStringLiteral("OK")},

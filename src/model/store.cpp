@@ -1,11 +1,15 @@
 #include "store.h"
 
 #include <QAtomicInteger>
+#include <QDir>
+#include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStringList>
 #include <QSqlDriver>
 #include <QTimeZone>
+#include <QUrl>
+#include <QUrlQuery>
 
 #include <sqlite3.h>
 
@@ -313,6 +317,37 @@ QVariantList trackValues(const Track &t)
 }
 
 QAtomicInteger<quint64> s_connectionCounter;
+QAtomicInt s_busyTimeoutMs = Store::kBusyTimeoutMs;
+
+sqlite3 *connectionOf(const QSqlDatabase &db);
+
+bool isBusy(int rc)
+{
+    return (rc & 0xff) == SQLITE_BUSY || (rc & 0xff) == SQLITE_LOCKED;
+}
+
+// Whether path may be written by this user, and by anyone at all: the superuser may write
+// every file, but a store whose file or folder grants no one a write was made read-only on
+// purpose (a copy kept safe, a folder shared to look at).
+bool writable(const QFileInfo &info)
+{
+    return info.isWritable() && (info.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
+}
+
+// Why the store at filePath cannot be changed: SQLite keeps its journal beside the store, so
+// the folder must be writable as well as the files; empty when everything is.
+QString readOnlyReasonOf(const QString &filePath)
+{
+    const QFileInfo store(filePath);
+    if (!writable(QFileInfo(store.absolutePath())))
+        return Store::kReadOnlyFolder.arg(QDir::toNativeSeparators(store.absolutePath()));
+    for (const QString &path : QStringList{filePath, filePath + u"-wal"_s, filePath + u"-shm"_s}) {
+        const QFileInfo file(path);
+        if (file.exists() && !writable(file))
+            return Store::kReadOnlyFile.arg(QDir::toNativeSeparators(file.absoluteFilePath()));
+    }
+    return {};
+}
 
 } // namespace
 
@@ -354,17 +389,85 @@ Result<std::unique_ptr<Store>> Store::open(const QString &filePath)
 {
     const QString name = u"platterbox-store-"_s + QString::number(++s_connectionCounter);
     std::unique_ptr<Store> store(new Store(name, filePath));
-    QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
-    db.setDatabaseName(filePath);
-    if (!db.open())
-        return sqlError(u"Cannot open the store "_s + filePath, db.lastError());
-    for (const char *pragma : {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = NORMAL", "PRAGMA foreign_keys = OFF"}) {
-        if (auto r = store->exec(QString::fromLatin1(pragma)); !r)
-            return r.error();
-    }
+    QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
+    const QString readOnly = filePath == u":memory:"_s ? QString() : readOnlyReasonOf(filePath);
+    if (!readOnly.isEmpty() && !QFileInfo::exists(filePath))
+        return Error{u"Cannot make the store "_s + filePath + u": "_s + readOnly};
+    bool writeRefused = false;
+    auto connected = store->connect(readOnly, &writeRefused);
+    // A disk that refuses the first write (mounted read-only, say) opens the store read-only.
+    if (writeRefused)
+        connected = store->connect(kReadOnlyRefused.arg(QDir::toNativeSeparators(filePath)), nullptr);
+    if (!connected)
+        return connected.error();
     if (auto r = store->migrate(); !r)
         return r.error();
     return store;
+}
+
+Result<void> Store::connect(const QString &readOnlyReason, bool *writeRefused)
+{
+    QSqlDatabase db = database();
+    if (db.isOpen())
+        db.close();
+    m_readOnlyReason = readOnlyReason;
+    if (isReadOnly()) {
+        configureReader(db, m_filePath);
+    } else {
+        db.setDatabaseName(m_filePath);
+        db.setConnectOptions();
+    }
+    if (!db.open())
+        return sqlError(u"Cannot open the store "_s + m_filePath, db.lastError());
+    sqlite3 *handle = connectionOf(db);
+    if (!handle)
+        return Error{u"Cannot open the store "_s + m_filePath};
+    sqlite3_busy_timeout(handle, s_busyTimeoutMs.loadRelaxed());
+    const char *pragmas = isReadOnly() ? "PRAGMA foreign_keys = OFF"
+                                       : "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = OFF";
+    const int rc = sqlite3_exec(handle, pragmas, nullptr, nullptr, nullptr);
+    if (rc == SQLITE_OK)
+        return {};
+    if (writeRefused)
+        *writeRefused = (rc & 0xff) == SQLITE_READONLY;
+    return Error{u"Cannot open the store "_s + m_filePath + u": "_s + QString::fromUtf8(sqlite3_errmsg(handle))};
+}
+
+void Store::setBusyTimeout(int milliseconds)
+{
+    s_busyTimeoutMs.storeRelaxed(milliseconds);
+}
+
+QString Store::readerUri(const QString &filePath)
+{
+    if (filePath == u":memory:"_s)
+        return filePath;
+    // SQLite reads a store in WAL mode through an index file it makes beside the store. Where
+    // that cannot be made and is not there, no program can be changing the store either, and it
+    // is read as a file that does not change.
+    const QFileInfo store(filePath);
+    const bool indexPossible = writable(QFileInfo(store.absolutePath()))
+                               || (QFileInfo::exists(filePath + u"-wal"_s) && QFileInfo::exists(filePath + u"-shm"_s));
+    QUrlQuery query;
+    query.addQueryItem(u"mode"_s, u"ro"_s);
+    if (!indexPossible)
+        query.addQueryItem(u"immutable"_s, u"1"_s);
+    QUrl url = QUrl::fromLocalFile(store.absoluteFilePath());
+    url.setQuery(query);
+    return url.toString(QUrl::FullyEncoded);
+}
+
+void Store::configureReader(QSqlDatabase &db, const QString &filePath)
+{
+    db.setDatabaseName(readerUri(filePath));
+    db.setConnectOptions(u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
+}
+
+Result<void> Store::checkWritable() const
+{
+    if (isReadOnly())
+        return readOnlyError();
+    return {};
 }
 
 Result<void> Store::exec(const QString &sql) const
@@ -388,6 +491,8 @@ Result<void> Store::migrate()
                          .arg(kSchemaVersion)};
     if (version >= kSchemaVersion)
         return {};
+    if (isReadOnly())
+        return Error{kReadOnlyOlderSchema.arg(m_readOnlyReason)};
 
     return transaction([this, version]() -> Result<void> {
         QStringList statements;
@@ -455,25 +560,42 @@ Result<void> Store::migrate()
 
 Result<void> Store::transaction(const std::function<Result<void>()> &work)
 {
-    QSqlDatabase db = database();
+    if (isReadOnly())
+        return readOnlyError();
     const bool outermost = m_transactionDepth == 0;
-    if (outermost && !db.transaction())
-        return sqlError(u"Cannot begin a transaction"_s, db.lastError());
+    // QSqlDatabase::transaction() begins a deferred transaction, which fails at once when it
+    // reads and then finds another program writing; IMMEDIATE waits for the lock instead.
+    if (outermost) {
+        if (auto begun = control("BEGIN IMMEDIATE"); !begun)
+            return begun;
+    }
     ++m_transactionDepth;
     Result<void> result = work();
     --m_transactionDepth;
     if (!outermost)
         return result;
     if (!result) {
-        db.rollback();
+        (void)control("ROLLBACK");
         return result;
     }
-    if (!db.commit()) {
-        const QSqlError error = db.lastError();
-        db.rollback();
-        return sqlError(u"Cannot save the changes"_s, error);
+    if (auto committed = control("COMMIT"); !committed) {
+        (void)control("ROLLBACK");
+        return Error{u"Cannot save the changes: "_s + committed.errorMessage()};
     }
     return {};
+}
+
+Result<void> Store::control(const char *sql)
+{
+    sqlite3 *handle = connectionOf(database());
+    if (!handle)
+        return Error{u"The store is not open"_s};
+    const int rc = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
+    if (rc == SQLITE_OK)
+        return {};
+    if (isBusy(rc))
+        return Error{kBusyMessage};
+    return Error{QString::fromLatin1(sql) + u": "_s + QString::fromUtf8(sqlite3_errmsg(handle))};
 }
 
 namespace {
@@ -590,6 +712,11 @@ Result<sqlite3_stmt *> Store::kept(const QString &sql) const
 
 Result<void> Store::write(const QString &sql, const QVariantList &values, qint64 *rowId)
 {
+    if (isReadOnly())
+        return readOnlyError();
+    // A change made on its own is a transaction of its own, which waits for the lock as any other.
+    if (m_transactionDepth == 0)
+        return transaction([&] { return write(sql, values, rowId); });
     sqlite3 *connection = connectionOf(database());
     auto prepared = kept(sql);
     if (!prepared)
@@ -606,7 +733,7 @@ Result<void> Store::write(const QString &sql, const QVariantList &values, qint64
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement); // the blobs bound in place belong to values
     if (rc != SQLITE_DONE)
-        return Error{u"Cannot save a change: "_s + error};
+        return Error{isBusy(rc) ? kBusyMessage : u"Cannot save a change: "_s + error};
     ++m_writeCount;
     return {};
 }

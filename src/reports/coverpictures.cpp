@@ -1,5 +1,7 @@
 #include "coverpictures.h"
 
+#include "store.h"
+
 #include <QAtomicInteger>
 #include <QBuffer>
 #include <QImageReader>
@@ -39,8 +41,7 @@ CoverReader::CoverReader(const QString &storeFilePath)
     : m_connectionName(u"platterbox-report-covers-"_s + QString::number(++s_readerCount))
 {
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
-    db.setDatabaseName(storeFilePath);
-    db.setConnectOptions(u"QSQLITE_OPEN_READONLY"_s);
+    Store::configureReader(db, storeFilePath);
     if (db.open()) {
         m_query = std::make_unique<QSqlQuery>(db);
         if (!m_query->prepare(u"SELECT frontImage, backImage FROM Vinyl WHERE rowid = ?"_s))

@@ -1,6 +1,8 @@
 #include "cli.h"
+#include "store.h"
 #include "testsupport.h"
 
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -27,21 +29,60 @@ private:
 private slots:
     void initTestCase() { useTestLocale(); }
 
-    void demoThenStats()
-    {
-        QTemporaryDir dir;
-        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"500"_s}).code, int(CliOk));
-        const Run stats = run({u"--data-dir"_s, dir.path(), u"stats"_s});
-        QCOMPARE(stats.code, int(CliOk));
-        QVERIFY(stats.out.startsWith(u"Records: 500\nCopies: "_s));
-        QVERIFY(stats.out.contains(u"Total value: $"_s));
-    }
-
     void emptyStoreStats()
     {
         QTemporaryDir dir;
         const Run stats = run({u"--data-dir="_s + dir.path(), u"stats"_s});
         QCOMPARE(stats.out, u"Records: 0\nCopies: 0\nTotal value: $0.00\n"_s);
+    }
+
+    // A collection in a folder that cannot be written is looked at, exported and backed up;
+    // every change exits 1 with the one message, and nothing is written into the folder.
+    void readOnlyCollectionIsReadButNotChanged_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("made"); // the file the command writes outside the folder
+        QTest::newRow("stats") << QStringList{u"stats"_s} << QString();
+        QTest::newRow("export") << QStringList{u"export"_s, u"OUT/c.txt"_s} << u"OUT/c.txt"_s;
+        QTest::newRow("report") << QStringList{u"report"_s, u"--pdf"_s, u"OUT/r.pdf"_s} << u"OUT/r.pdf"_s;
+        QTest::newRow("backup") << QStringList{u"backup"_s, u"OUT/c.backup"_s} << u"OUT/c.backup"_s;
+        QTest::newRow("import") << QStringList{u"import"_s, u"OUT/new.csv"_s} << QString();
+        QTest::newRow("demo") << QStringList{u"demo"_s, u"2"_s} << QString();
+        QTest::newRow("restore") << QStringList{u"restore"_s, u"OUT/c.backup"_s} << QString();
+        QTest::newRow("undo-import") << QStringList{u"undo-import"_s} << QString();
+    }
+    void readOnlyCollectionIsReadButNotChanged()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, made);
+        QTemporaryDir dir, out;
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"3"_s}).code, int(CliOk));
+        QCOMPARE(run({u"--data-dir"_s, dir.path(), u"backup"_s, out.filePath(u"c.backup"_s)}).code, int(CliOk));
+        QFile csv(out.filePath(u"new.csv"_s));
+        QVERIFY(csv.open(QIODevice::WriteOnly) && csv.write("name,artist\nNew,One\n") > 0);
+        csv.close();
+        const QFile::Permissions permissions = QFile::permissions(dir.path());
+        QVERIFY(QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup));
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(dir.path(), permissions); });
+        const auto listing = [&] {
+            QStringList entries;
+            for (const QFileInfo &entry : QDir(dir.path()).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDir::Name))
+                entries << entry.fileName() + u' ' + QString::number(entry.size()) + u' ' + entry.lastModified().toString(Qt::ISODateWithMs);
+            return entries;
+        };
+        const QStringList before = listing();
+
+        arguments.replaceInStrings(u"OUT"_s, out.path());
+        const Run result = run(QStringList{u"--data-dir"_s, dir.path()} + arguments);
+        if (made.isEmpty() && arguments.first() != u"stats"_s) {
+            QCOMPARE(result.code, int(CliBadInput));
+            QCOMPARE(result.err, u"platterbox: "_s + Store::kReadOnlyMessage.arg(Store::kReadOnlyFolder.arg(dir.path())) + u"\n"_s);
+        } else {
+            QVERIFY2(result.code == CliOk, qPrintable(result.err));
+            QVERIFY(made.isEmpty() || QFileInfo(made.replace(u"OUT"_s, out.path())).size() > 0);
+        }
+        QCOMPARE(listing(), before);
+        QVERIFY(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out.startsWith(u"Records: 3\n"_s));
     }
 
     void badUsageAndBadInput_data()
@@ -95,7 +136,9 @@ private slots:
         QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"3"_s}).code, int(CliOk));
         QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"32765"_s}).code, int(CliBadInput));
         QCOMPARE(run({u"--data-dir"_s, dir.path(), u"demo"_s, u"2"_s}).code, int(CliOk));
-        QVERIFY(run({u"--data-dir"_s, dir.path(), u"stats"_s}).out.startsWith(u"Records: 5\n"_s));
+        const Run stats = run({u"--data-dir"_s, dir.path(), u"stats"_s});
+        QCOMPARE(stats.code, int(CliOk));
+        QVERIFY(stats.out.startsWith(u"Records: 5\nCopies: "_s) && stats.out.contains(u"Total value: $"_s));
     }
 };
 

@@ -4,6 +4,8 @@
 #include "samplecollection.h"
 #include "testsupport.h"
 
+#include <QQuickItem>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -66,13 +68,28 @@ private slots:
         QCOMPARE(menu.menuButtons().size(), 10);
     }
 
-    void saveContextWithoutChangesWritesNothing()
+    // A collection whose folder cannot be written opens to be looked at: the main screen says so,
+    // its add is off and refused, and nothing (no seeding, no Documents folder) is written.
+    void readOnlyCollectionOpensWithItsNoticeAndNoAdd()
     {
-        TestApp t;
-        MainMenuViewController menu(&t.app());
-        const qint64 before = t.store().writeCount();
-        QVERIFY(t.app().saveContext().ok());
-        QCOMPARE(t.store().writeCount(), before);
+        QTemporaryDir dir;
+        QVERIFY(Store::open(dir.filePath(Store::kFileName)).ok());
+        const QFile::Permissions permissions = QFile::permissions(dir.path());
+        QVERIFY(QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner));
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(dir.path(), permissions); });
+        auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        QVERIFY(app.ok() && (*app)->readOnly());
+        QCOMPARE((*app)->readOnlyNotice(), Store::kReadOnlyMessage.arg(Store::kReadOnlyFolder.arg(dir.path())));
+        MainMenuViewController menu(app->get());
+        QVERIFY(!menu.menuButtons().at(2).toMap().value(u"enabled"_s).toBool());
+        menu.open(u"AddButton"_s);
+        QCOMPARE(menu.lastAlertMessage(), (*app)->readOnlyNotice());
+        QVERIFY(grades((*app)->persistentContainer(), Entity::VinylCondition).isEmpty());
+        QVERIFY(!QFileInfo::exists((*app)->documentsDir()));
+        TestWindow window(**app);
+        QQuickItem *notice = window.item(u"ReadOnlyNotice"_s);
+        QVERIFY(notice && notice->isVisible());
+        QCOMPARE(notice->property("text").toString(), (*app)->readOnlyNotice());
     }
 
     void unopenableStoreIsAnErrorWithItsCause()
@@ -147,22 +164,21 @@ private slots:
             settings.DateCompactSwitchChanged(true);
         else
             settings.DateInlineSwitchChanged(true);
-        Settings &s = t.app().settings();
-        QCOMPARE(s.value(SettingsKeys::UseDateWheel).toBool(), wheel);
-        QCOMPARE(s.value(SettingsKeys::UseDateCompact).toBool(), compact);
-        QCOMPARE(s.value(SettingsKeys::UseDateInline).toBool(), inlineStyle);
-        QCOMPARE(settings.dateWheelSwitch(), wheel);
-        QCOMPARE(settings.dateCompactSwitch(), compact);
-        QCOMPARE(settings.dateInlineSwitch(), inlineStyle);
+        const QList<bool> expected{wheel, compact, inlineStyle};
+        const auto keys = [&t] {
+            Settings &s = t.app().settings();
+            return QList<bool>{s.boolValue(SettingsKeys::UseDateWheel), s.boolValue(SettingsKeys::UseDateCompact),
+                               s.boolValue(SettingsKeys::UseDateInline)};
+        };
+        QCOMPARE(keys(), expected);
+        QCOMPARE((QList<bool>{settings.dateWheelSwitch(), settings.dateCompactSwitch(), settings.dateInlineSwitch()}), expected);
         QVERIFY(settings.dateFieldVisible());
 
         // Turning the active style off changes no key.
         settings.DateWheelSwitchChanged(false);
         settings.DateCompactSwitchChanged(false);
         settings.DateInlineSwitchChanged(false);
-        QCOMPARE(s.value(SettingsKeys::UseDateWheel).toBool(), wheel);
-        QCOMPARE(s.value(SettingsKeys::UseDateCompact).toBool(), compact);
-        QCOMPARE(s.value(SettingsKeys::UseDateInline).toBool(), inlineStyle);
+        QCOMPARE(keys(), expected);
     }
 
     void inlineWinsOverWheelOnOpening()
