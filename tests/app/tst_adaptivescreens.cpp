@@ -84,6 +84,9 @@ private slots:
         QTest::addColumn<int>("fullyShown");
         QTest::newRow("collection, phone") << u"ListVinylTableView"_s << u"VinylList"_s << kPhone << 1 << 5;
         QTest::newRow("collection, tablet") << u"ListVinylTableView"_s << u"VinylList"_s << kTablet << 2 << 15;
+        // Two columns only where both cards keep their promised width.
+        QTest::newRow("collection, 659 px") << u"ListVinylTableView"_s << u"VinylList"_s << QSize(659, 900) << 1 << 5;
+        QTest::newRow("collection, 1,037 px") << u"ListVinylTableView"_s << u"VinylList"_s << QSize(1037, 900) << 2 << 10;
         QTest::newRow("collection, desktop") << u"ListVinylTableView"_s << u"VinylList"_s << kDesktop << 4 << 18;
         QTest::newRow("groups, desktop") << u"GroupListsView"_s << u"GroupList"_s << kDesktop << 4 << 33;
         QTest::newRow("valuation, desktop") << u"ValuationView"_s << u"ValueTableView"_s << kDesktop << 4 << 18;
@@ -107,6 +110,16 @@ private slots:
         QCOMPARE(grid->property("columns").toInt(), columns);
         const int rows = int(grid->height() / grid->property("cellHeight").toReal());
         QVERIFY2(columns * rows >= fullyShown, qPrintable(QString::number(columns * rows)));
+    }
+
+    // The title of the collection list shows whole beside its four buttons on the narrowest phone.
+    void titleShowsWholeOnANarrowPhone()
+    {
+        open(u"ListVinylTableView"_s, QSize(320, 640));
+        const auto texts = topScreen()->findChildren<QQuickItem *>();
+        const auto title = std::ranges::find_if(texts, [](QQuickItem *t) { return t->property("text") == u"List Vinyl's"_s; });
+        QVERIFY(title != texts.end());
+        QTRY_VERIFY(!(*title)->property("truncated").toBool());
     }
 
     void formsKeepAReadableWidth_data()
