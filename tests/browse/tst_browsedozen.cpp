@@ -140,6 +140,7 @@ void TestBrowseDozen::groupsNameAndCountTheirRecords()
     QCOMPARE(column(*groups->model(), "nameLabel"), names);
     QCOMPARE(column(*groups->model(), "countLabel"), counts);
     QCOMPARE(groups->headerText(), header);
+    QCOMPARE(groups->placeholder(), u"Search By Artist"_s); // the search looks at the names in every list
 }
 
 QTEST_MAIN(TestBrowseDozen)
