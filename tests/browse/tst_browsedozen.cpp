@@ -69,10 +69,15 @@ void TestBrowseDozen::listOrdersAndFinds_data()
                                             u"Let It Be"_s, u"Blue"_s, u"Court and Spark"_s, u"Zuma"_s, u"Horses"_s,
                                             u"Hejira"_s, u"Marquee Moon"_s, u"abbey road demos"_s}
                              << u"# Vinyl Records = 12 of 12"_s;
+    // A search looks at what the list is sorted by, and found records keep the list's order.
     QTest::addRow("name in any case") << 1 << u"ABBEY"_s << QStringList{u"Abbey Road"_s, u"abbey road demos"_s}
                                       << u"# Vinyl Records = 2 of 12"_s;
+    QTest::addRow("name never matches the artist") << 1 << u"beatles"_s << QStringList{} << u"# Vinyl Records = 0 of 12"_s;
     QTest::addRow("year") << 2 << u"1975"_s << QStringList{u"Zuma"_s, u"Horses"_s} << u"# Vinyl Records = 2 of 12"_s;
-    QTest::addRow("artist") << 4 << u"patti"_s << QStringList{u"Horses"_s} << u"# Vinyl Records = 1 of 12"_s;
+    QTest::addRow("month as written") << 2 << u"Jan"_s << QStringList{u"Court and Spark"_s} << u"# Vinyl Records = 1 of 12"_s;
+    QTest::addRow("date is case-sensitive") << 2 << u"jan"_s << QStringList{} << u"# Vinyl Records = 0 of 12"_s;
+    QTest::addRow("label in any case") << 3 << u"RIST"_s << QStringList{u"Horses"_s} << u"# Vinyl Records = 1 of 12"_s;
+    QTest::addRow("artist in any case") << 4 << u"patti"_s << QStringList{u"Horses"_s} << u"# Vinyl Records = 1 of 12"_s;
 }
 
 void TestBrowseDozen::listOrdersAndFinds()

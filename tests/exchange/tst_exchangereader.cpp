@@ -432,11 +432,6 @@ private slots:
         const QList<Vinyl> read = records(target.store());
         QCOMPARE(read.size(), 1);
         QCOMPARE(read.first().notes, std::optional(imported));
-        QCOMPARE(read.first().name, v.name);
-        QCOMPARE(read.first().releaseDate, v.releaseDate);
-        QCOMPARE(read.first().cost, v.cost);
-        QCOMPARE(read.first().albumDuration, v.albumDuration);
-        QCOMPARE(tracks(target.store()).size(), 1);
         QCOMPARE(QString::fromUtf8(ExchangeWriter::build(target.store(), true).valueOr({})), QString::fromUtf8(first));
     }
 };

@@ -87,9 +87,10 @@ class TestExchangeScreens : public QObject
 private slots:
     void initTestCase() { useTestLocale(); }
 
-    void exportScreenStartsWithOnlyTheExportButton()
+    void buildShowsTheTextAndTheCompletionAlert()
     {
         TestApp t;
+        addRecord(t, u"One"_s, 1);
         ExportViewController controller(&t.app());
         QVERIFY(controller.exportButtonEnabled());
         QVERIFY(!controller.saveFileButtonEnabled());
@@ -99,13 +100,6 @@ private slots:
                  u"Step 1: Create the Export File\nStep 2: Option 1: Click 'Save To Files' button\n             Option 2: "
                  "Click the Email File button to email the file to yourself and then from your email save the file to "
                  "your iCloud Drive. There are size limits to email attachments for most carriers."_s);
-    }
-
-    void buildShowsTheTextAndTheCompletionAlert()
-    {
-        TestApp t;
-        addRecord(t, u"One"_s, 1);
-        ExportViewController controller(&t.app());
         QVERIFY(build(controller));
         QCOMPARE(controller.exportText(), kOneRecordFile);
         QCOMPARE(controller.dataString(), kOneRecordFile.toUtf8());
