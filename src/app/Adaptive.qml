@@ -7,10 +7,15 @@ import QtQuick
 QtObject {
     readonly property int tabletWidth: 600
     readonly property int desktopWidth: 1100
+    // Under this width the title bar's buttons take no more room than their captions, so a
+    // screen's title keeps room beside four of them.
+    readonly property int narrowWidth: 420
 
     // Cards and group rows are at least this wide in a grid.
     readonly property int recordCardWidth: 330
     readonly property int groupCardWidth: 290
+    // The room a card keeps on each side inside its cell in a grid.
+    readonly property int cardInset: 8
     // Forms and menus never grow wider than these; they are centred in the window.
     readonly property int formWidth: 720
     readonly property int narrowFormWidth: 560
@@ -29,9 +34,14 @@ QtObject {
         return width >= desktopWidth
     }
 
-    // Columns of cards at least `cardWidth` wide: one on a phone, at least two beyond it.
+    function isNarrow(width: real): bool {
+        return width < narrowWidth
+    }
+
+    // Columns of cards at least `cardWidth` wide with their inset on both sides: one on a phone,
+    // and one beyond it too while two would make the cards narrower than promised.
     function columns(width: real, cardWidth: real): int {
-        return isPhone(width) ? 1 : Math.max(2, Math.floor(width / cardWidth))
+        return isPhone(width) ? 1 : Math.max(1, Math.floor(width / (cardWidth + 2 * cardInset)))
     }
 
     // The width of a centred column that keeps `margin` on both sides and never exceeds `limit`.

@@ -13,8 +13,9 @@ GridView {
     // Cards are at least this wide in a grid (see Adaptive).
     property real cardWidth: Adaptive.recordCardWidth
     property real cardHeight: 120
-    // The space a card keeps inside its cell, where the selection outline is drawn.
-    property real cardInsetX: 8
+    // The space a card keeps inside its cell, where the selection outline is drawn (at most
+    // Adaptive.cardInset, which the column count allows for).
+    property real cardInsetX: Adaptive.cardInset
     property real cardInsetY: 4
     // Up from the first row goes back to this field.
     property Item searchField: null

@@ -47,6 +47,9 @@ Page {
                 text: root.title
                 font.pixelSize: 18
                 font.bold: true
+                // A long title shrinks to fit beside the buttons before it is cut.
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 13
                 elide: Label.ElideRight
                 horizontalAlignment: Qt.AlignHCenter
                 Layout.fillWidth: true

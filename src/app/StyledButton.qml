@@ -32,6 +32,9 @@ Button {
         color: "black"
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
+        // Side by side on a narrow phone a caption shrinks to fit before it is cut.
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 11
         elide: Text.ElideRight
     }
     background: Rectangle {

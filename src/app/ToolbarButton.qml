@@ -10,6 +10,13 @@ ToolButton {
     property alias shortcut: keys.keys
     property string toolTip: Accessible.name !== "" ? Accessible.name : text
 
+    // On a narrow window the button is as wide as its caption, not a full touch target.
+    readonly property bool compact: Adaptive.isNarrow(Window.width)
+    implicitWidth: Math.max(compact ? 0 : implicitBackgroundWidth + leftInset + rightInset,
+                            implicitContentWidth + leftPadding + rightPadding)
+    leftPadding: compact ? 4 : 6
+    rightPadding: compact ? 4 : 6
+
     ToolTip.text: keys.hint(toolTip)
     ToolTip.visible: hovered && ToolTip.text !== ""
     ToolTip.delay: 600

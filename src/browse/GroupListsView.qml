@@ -46,6 +46,9 @@ ScreenPage {
         component GroupTab: TabButton {
             font.capitalization: Font.MixedCase
             font.pixelSize: 15
+            // Four tabs share a narrow phone: the captions keep the room.
+            leftPadding: Adaptive.isNarrow(root.width) ? 4 : 12
+            rightPadding: Adaptive.isNarrow(root.width) ? 4 : 12
         }
 
         GroupTab { text: "Artist" }

@@ -17,8 +17,8 @@ SwipeRow {
 
     signal picked()
 
-    topPadding: 14
-    bottomPadding: 14
+    topPadding: 8
+    bottomPadding: 8
     leftPadding: 16
     rightPadding: 14
     insetX: 8
@@ -57,12 +57,12 @@ SwipeRow {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignVCenter
 
-            // Long lines shrink a little before they are cut.
+            // A long line goes on in a second line rather than being cut.
             component CardLine: Label {
                 font.pixelSize: 12
-                fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 10
                 color: "black"
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
                 elide: Text.ElideRight
                 visible: text.length > 0
                 Layout.fillWidth: true

@@ -9,6 +9,10 @@ CardGrid {
 
     signal deleteRequested(int index)
 
+    // In a cell narrower than 380 px each of a card's lines may take two: the card grows to
+    // show them whole.
+    cardHeight: cellWidth < 380 ? 176 : 120
+
     delegate: ListVinylTableViewCell {
         required property int index
         width: root.cellWidth

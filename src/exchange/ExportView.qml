@@ -43,9 +43,12 @@ ScreenPage {
                 onClicked: controller.CreateUpdateFileWithoutImages()
             }
         }
-        RowLayout {
+        // Side by side beyond a phone; on a phone the box has a line of its own, so its text shows whole.
+        GridLayout {
+            columns: Adaptive.isPhone(root.width) ? 1 : 2
+            columnSpacing: 10
+            rowSpacing: 0
             Layout.fillWidth: true
-            spacing: 10
             StyledButton {
                 objectName: "ExportCsvButton"
                 text: "Export CSV"

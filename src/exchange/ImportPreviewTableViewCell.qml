@@ -52,7 +52,7 @@ ItemDelegate {
                 objectName: "TitleLabel"
                 text: root.titleLabel
                 font.pixelSize: 15
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
                 Layout.fillWidth: true
             }
             Label {

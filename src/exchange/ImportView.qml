@@ -77,7 +77,7 @@ ScreenPage {
             objectName: "FormatLabel"
             text: controller.formatLabel
             visible: text.length > 0
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
             font.pixelSize: 14
             color: "#555555"
             Layout.fillWidth: true
@@ -115,8 +115,6 @@ ScreenPage {
             font.pixelSize: 12
             color: "#555555"
             wrapMode: Text.Wrap
-            maximumLineCount: 4
-            elide: Text.ElideRight
             Layout.fillWidth: true
         }
 

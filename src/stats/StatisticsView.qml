@@ -71,6 +71,9 @@ ScreenPage {
                                 text: figure.modelData.text
                                 font.pixelSize: 18
                                 font.bold: true
+                                // A large amount in a narrow column shrinks before it is cut.
+                                fontSizeMode: Text.HorizontalFit
+                                minimumPixelSize: 12
                                 elide: Label.ElideRight
                                 Layout.fillWidth: true
                             }

@@ -21,8 +21,6 @@ private slots:
     void firstDisplayIsDescendingAndEveryRefreshReverses();
     void sortChoicesOrderAndLabelTheSearch_data();
     void sortChoicesOrderAndLabelTheSearch();
-    void searchFollowsTheSortChoice_data();
-    void searchFollowsTheSortChoice();
     void sortButtonWhileSearchingOrdersFoundRecordsByName();
     void cardTextsFollowTheSortChoice_data();
     void cardTextsFollowTheSortChoice();
@@ -111,52 +109,6 @@ void TestCollectionList::sortChoicesOrderAndLabelTheSearch()
     for (const QString &line : column(*list.model(), "producerLabel"))
         shown.append(line.section(u": "_s, 1).section(u"  "_s, 0, 0));
     QCOMPARE(shown, producerLines);
-}
-
-void TestCollectionList::searchFollowsTheSortChoice_data()
-{
-    QTest::addColumn<int>("option");
-    QTest::addColumn<QString>("searchText");
-    QTest::addColumn<QStringList>("found");
-    QTest::addColumn<QString>("header");
-
-    // Lists run ascending after one sort choice; found records keep that order.
-    QTest::addRow("name, any case, inside the name") << 1 << u"ab"_s << QStringList{u"Abbey Road"_s, u"Cabaret"_s}
-                                                    << u"# Vinyl Records = 2 of 4"_s;
-    QTest::addRow("name, upper case typed") << 1 << u"BLU"_s << QStringList{u"Blue"_s} << u"# Vinyl Records = 1 of 4"_s;
-    QTest::addRow("name never matches artist") << 1 << u"beatles"_s << QStringList{} << u"# Vinyl Records = 0 of 4"_s;
-    QTest::addRow("year text") << 2 << u"1975"_s << QStringList{u"Blue"_s, u"Wish You Were Here"_s}
-                               << u"# Vinyl Records = 2 of 4"_s;
-    QTest::addRow("year, month as written") << 2 << u"Jan"_s << QStringList{u"Blue"_s} << u"# Vinyl Records = 1 of 4"_s;
-    QTest::addRow("year is case-sensitive") << 2 << u"jan"_s << QStringList{} << u"# Vinyl Records = 0 of 4"_s;
-    QTest::addRow("record label") << 3 << u"ab"_s << QStringList{u"Cabaret"_s} << u"# Vinyl Records = 1 of 4"_s;
-    QTest::addRow("artist") << 4 << u"PINK"_s << QStringList{u"Wish You Were Here"_s} << u"# Vinyl Records = 1 of 4"_s;
-    QTest::addRow("empty text shows all") << 1 << QString() << QStringList{u"Abbey Road"_s, u"Blue"_s, u"Cabaret"_s,
-                                                                         u"Wish You Were Here"_s}
-                                          << u"# Vinyl Records = 4 of 4"_s;
-}
-
-void TestCollectionList::searchFollowsTheSortChoice()
-{
-    QFETCH(int, option);
-    QFETCH(QString, searchText);
-    QFETCH(QStringList, found);
-    QFETCH(QString, header);
-
-    ListVinylTableViewController list(&m_app->app());
-    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-    list.sortOptionSelected(option);
-    list.updateSearchResults(searchText);
-
-    QStringList shown;
-    for (int row = 0; row < list.model()->rowCount(); ++row) {
-        const qint64 rowId = list.model()->data(list.model()->index(row), RecordCardModel::RowIdRole).toLongLong();
-        auto record = m_app->store().vinylByRowId(rowId);
-        QVERIFY(record && record.value());
-        shown.append(text(record.value()->name));
-    }
-    QCOMPARE(shown, found);
-    QCOMPARE(list.headerText(), header);
 }
 
 void TestCollectionList::sortButtonWhileSearchingOrdersFoundRecordsByName()

@@ -31,8 +31,6 @@ private slots:
     void groupNamesFromTheWalk();
     void headerWording_data();
     void headerWording();
-    void headerThroughTheScreen_data();
-    void headerThroughTheScreen();
     void searchNarrowsNamesIgnoringCase();
     void sortToggleReversesAndIsShared();
     void sortBeforeLoadDoesNothing();
@@ -102,29 +100,6 @@ void TestGroupLists::headerWording()
     QFETCH(bool, searching);
     QFETCH(QString, header);
     QCOMPARE(groupHeaderText(all, found, searching, u"Artist"_s), header);
-}
-
-void TestGroupLists::headerThroughTheScreen_data()
-{
-    QTest::addColumn<QStringList>("labels");
-    QTest::addColumn<QString>("header");
-
-    QTest::addRow("no labels") << QStringList{} << u"0 Label's"_s;
-    QTest::addRow("one label") << QStringList{u"Island"_s, u"Island"_s} << u"1 Label"_s;
-    QTest::addRow("two labels") << QStringList{u"Island"_s, u"Virgin"_s} << u"2 Label's"_s;
-}
-
-void TestGroupLists::headerThroughTheScreen()
-{
-    QFETCH(QStringList, labels);
-    QFETCH(QString, header);
-
-    TestApp app;
-    for (const QString &label : labels)
-        app.addVinyl(u"Album"_s, QString(), label);
-    LabelGroupTableViewController screen(&app.app());
-    QCOMPARE(screen.headerText(), header);
-    QCOMPARE(screen.placeholder(), u"Search By Artist"_s);
 }
 
 void TestGroupLists::searchNarrowsNamesIgnoringCase()

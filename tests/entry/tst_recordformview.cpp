@@ -3,9 +3,7 @@
 #include "notesviewcontroller.h"
 #include "testsupport.h"
 
-#include <QGuiApplication>
 #include <QInputMethodEvent>
-#include <QStyleHints>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
@@ -67,7 +65,8 @@ private slots:
     void cleanup()
     {
         m_app->app().navigator()->unwind(u"unwindToMenu"_s);
-        QTest::qWait(400);
+        QTRY_COMPARE(m_view->topName(), u"MainMenuView"_s);
+        QVERIFY(m_view->waitForTransition());
     }
 
     void typedCharactersPassTheFieldFilters_data()
@@ -106,8 +105,6 @@ private slots:
         QTRY_VERIFY(sheet->isVisible());
         // The first grade is the first row under the sheet's bar.
         const QPointF row = sheet->mapToScene(QPointF(sheet->width() / 2, 44 + 24));
-        // A second click soon after the first would count as a double click.
-        QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
         QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, row.toPoint());
         const QStringList grades = addScreen()->listOfVinylConditions();
         QVERIFY(!grades.isEmpty());
@@ -131,7 +128,6 @@ private slots:
         picker->setProperty("selectedDate", QDateTime(QDate(1971, 6, 22), QTime(0, 0)));
         addScreen()->doneDateIssuedClick(QDate(1971, 6, 22));
         QTRY_VERIFY(!picker->isVisible());
-        QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
         tap(u"ReleaseDateTextField"_s);
         QTRY_VERIFY(picker->isVisible());
         QCOMPARE(picker->property("selectedDate").toDateTime().date(), QDate::currentDate());
@@ -143,7 +139,8 @@ private slots:
         const Vinyl v = m_app->addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
         m_app->app().state()->setCurrentRecord(v);
         m_app->app().navigator()->show(u"NotesView"_s);
-        QTest::qWait(400);
+        QTRY_COMPARE(m_view->topName(), u"NotesView"_s);
+        QVERIFY(m_view->waitForTransition());
         QQuickItem *notes = item(u"NotesTextView"_s);
         QVERIFY(notes);
         notes->forceActiveFocus();

@@ -359,8 +359,8 @@ private slots:
 
     void emptyListIsAnErrorNotACrash()
     {
-        QCOMPARE(ReportContent::printedReport(u"List"_s, {}).errorMessage(), ReportTexts::kEmptyMessage);
-        QCOMPARE(ReportContent::filteredList(BreakdownKinds::Label, {}).errorMessage(), ReportTexts::kEmptyMessage);
+        QCOMPARE(ReportContent::printedReport(u"List"_s, {}).errorMessage(), u"No Vinyl's to Print!"_s);
+        QCOMPARE(ReportContent::filteredList(BreakdownKinds::Label, {}).errorMessage(), u"No Vinyl's to Print!"_s);
     }
 
     void coversAreScaledToTheirPrintedWidth_data()

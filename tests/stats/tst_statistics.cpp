@@ -257,7 +257,9 @@ private slots:
             if (chart.name != u"recordsPerYear"_s)
                 QTRY_VERIFY2(window.item(chart.name), qPrintable(chart.name));
         }
-        QTest::qWait(300); // the charts draw
+        // Every chart is drawn in a frame rendered now.
+        QVERIFY(window.waitForTransition());
+        QVERIFY(!window.window()->grabWindow().isNull());
     }
 
     void statsJsonHasEveryFigureAndSeries()

@@ -52,6 +52,35 @@ QObject *TourContext::find(const QString &objectName)
     return screen ? screen->findChild<QObject *>(objectName) : nullptr;
 }
 
+namespace {
+void collectCutTexts(QQuickItem *item, QStringList &cut)
+{
+    // What is hidden, see-through or folded away to nothing shows no text.
+    if (!item->isVisible() || item->opacity() <= 0 || item->width() < 1 || item->height() < 1)
+        return;
+    if (item->inherits("QQuickText") && item->property("truncated").toBool())
+        cut.append(u"text cut: \"%1\" (%2 px wide)"_s.arg(item->property("text").toString()).arg(item->width()));
+    // A grid of cards keeps its promised card width wherever it shows more than one column.
+    const QVariant cardWidth = item->property("cardWidth");
+    if (cardWidth.isValid() && item->property("columns").toInt() > 1) {
+        const qreal card = item->property("cellWidth").toReal() - 2 * item->property("cardInsetX").toReal();
+        if (card < cardWidth.toReal())
+            cut.append(u"%1: cards %2 px wide, under %3"_s.arg(item->objectName()).arg(card).arg(cardWidth.toReal()));
+    }
+    for (QQuickItem *child : item->childItems())
+        collectCutTexts(child, cut);
+}
+} // namespace
+
+QStringList TourContext::cutTexts()
+{
+    QStringList cut;
+    if (QQuickItem *screen = topScreen())
+        collectCutTexts(screen, cut);
+    cut.removeDuplicates();
+    return cut;
+}
+
 void TourContext::settle(int milliseconds)
 {
     QElapsedTimer timer;
@@ -117,10 +146,16 @@ int main(int argc, char *argv[])
         QString folder;
         QSize size;
     };
+    // Then the edges of the three: the narrowest phone, and each side of where the layout
+    // changes; at every one of them each text shows whole and every card keeps its width.
     const QList<TourSize> sizes = {
         {QString(), window->size()},
         {u"tablet"_s, QSize(834, 1194)},
         {u"desktop"_s, QSize(1400, 900)},
+        {u"width-320"_s, QSize(320, 640)},
+        {u"width-600"_s, QSize(600, 960)},
+        {u"width-990"_s, QSize(990, 760)},
+        {u"width-1100"_s, QSize(1100, 760)},
     };
 
     // The pointer rests outside the window, so no card shows the hover tint.
@@ -128,11 +163,18 @@ int main(int argc, char *argv[])
 
     TourContext context(**app, *window);
     int written = 0;
+    int cut = 0;
     const auto picture = [&](const QDir &dir, const TourStep &step) {
         step.prepare(context);
         if (step.settleFirst)
             context.settle();
         const QString path = dir.filePath(step.fileName);
+        if (step.settleFirst) {
+            for (const QString &problem : context.cutTexts()) {
+                ++cut;
+                fprintf(stderr, "tour: %s at %d px: %s\n", qPrintable(step.fileName), window->width(), qPrintable(problem));
+            }
+        }
         if (window->grabWindow().save(path)) {
             ++written;
             printf("%s\n", qPrintable(QDir::cleanPath(path)));
@@ -153,5 +195,7 @@ int main(int argc, char *argv[])
     for (const TourStep &step : lastSteps)
         picture(QDir(outDir), step);
     printf("%d screens written to %s\n", written, qPrintable(outDir));
-    return written == steps.size() * sizes.size() + lastSteps.size() ? 0 : 1;
+    if (cut > 0)
+        fprintf(stderr, "tour: %d texts or cards cut short\n", cut);
+    return written == steps.size() * sizes.size() + lastSteps.size() && cut == 0 ? 0 : 1;
 }

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -29,6 +30,9 @@ public:
     ScreenController *topController();
     // An item of the top screen by objectName.
     QObject *find(const QString &objectName);
+    // What the top screen shows cut short: elided texts, and cards narrower than their grid
+    // promises. Empty when everything shows whole.
+    QStringList cutTexts();
     // Lets animations, bindings and cover loading finish.
     void settle(int milliseconds = 400);
 

@@ -31,6 +31,9 @@ Card {
                 text: root.title
                 font.pixelSize: 15
                 font.bold: true
+                // Beside the back button on a narrow card the title shrinks before it is cut.
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 11
                 elide: Label.ElideRight
                 Layout.fillWidth: true
             }
