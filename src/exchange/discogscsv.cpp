@@ -216,10 +216,12 @@ void read(const QList<Csv::Row> &rows, ImportFile &file)
         }
         const QString release = f.at(ReleaseId);
         const auto first = release.isEmpty() ? recordOfRelease.cend() : recordOfRelease.constFind(release);
-        if (first == recordOfRelease.cend()) {
-            if (!release.isEmpty())
+        RecordLine line = recordLine(f, row.line);
+        // A row with a problem is listed on its own: the release's record is its first good row.
+        if (first == recordOfRelease.cend() || !line.problem.isEmpty()) {
+            if (!release.isEmpty() && line.problem.isEmpty())
                 recordOfRelease.insert(release, int(file.records.size()));
-            file.records.append(recordLine(f, row.line));
+            file.records.append(std::move(line));
             continue;
         }
         // Another copy of a release: one more of the record, whose notes keep this copy's too.
