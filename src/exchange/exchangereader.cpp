@@ -3,6 +3,7 @@
 #include "exchangeformat.h"
 #include "logging.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -57,21 +58,18 @@ std::optional<qint16> toInt16(QByteArrayView text)
 }
 
 // Calls visit(line, number) for every line of the text; a LF, a CR LF or a lone CR ends a
-// line (and counts as one).
+// line (and counts as one). One pass: each byte is looked at once, whatever the line ends.
 template<typename Visit>
 void forEachLine(QByteArrayView text, Visit &&visit)
 {
+    const char *const end = text.data() + text.size();
     qint64 number = 0;
-    qsizetype start = 0;
-    for (;;) {
-        qsizetype end = text.indexOf('\n', start);
-        const qsizetype stop = end < 0 ? text.size() : end;
-        if (const qsizetype cr = text.sliced(start, stop - start).indexOf('\r'); cr >= 0)
-            end = start + cr;
-        visit(text.sliced(start, (end < 0 ? text.size() : end) - start), ++number);
-        if (end < 0)
+    for (const char *start = text.data();;) {
+        const char *const stop = std::find_if(start, end, [](char c) { return c == '\n' || c == '\r'; });
+        visit(QByteArrayView(start, stop - start), ++number);
+        if (stop == end)
             return;
-        start = end + 1 + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n');
+        start = stop + 1 + (*stop == '\r' && stop + 1 != end && stop[1] == '\n');
     }
 }
 

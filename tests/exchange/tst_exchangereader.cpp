@@ -55,6 +55,7 @@ private slots:
         const QString file = u"[VINYLCOLLECTION]\n"_s + kLine + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n4.1^Second^2^3^\n"_s;
         QTest::newRow("LF") << file << 1 << 2;
         QTest::newRow("CR LF") << QString(file).replace(u"\n"_s, u"\r\n"_s) << 1 << 2;
+        QTest::newRow("CR") << QString(file).replace(u"\n"_s, u"\r"_s) << 1 << 2;
         QTest::newRow("empty lines are skipped") << QString(file).replace(u"\n"_s, u"\n\n"_s) << 1 << 2;
         QTest::newRow("no record marker") << QString(file).remove(u"[VINYLCOLLECTION]\n"_s) << 0 << 2;
         QTest::newRow("no track marker: tracks are not records")

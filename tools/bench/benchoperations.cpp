@@ -548,7 +548,67 @@ void measureUiPauses(BenchReport &report, BenchCollection &c)
     QFile::remove(file);
 }
 
+// Exchange files that a careless program or a hostile sender could make. Their line ends must
+// not make reading slow, and no shape may hold more than a small multiple of the file's size.
+struct CraftedFile
+{
+    QString name;
+    QByteArray head;                      // the section marker
+    std::function<QByteArray(int)> line; // line n, with its line end
+    qint64 bytes;                         // the file's size, reached by repeating lines
+};
+
+QList<CraftedFile> craftedFiles()
+{
+    constexpr qint64 kTenMb = 10 * 1024 * 1024;
+    // 100,000 track lines of 50 bytes, each numbered so that none matches another.
+    const auto trackLine = [](const char *end) {
+        return [end](int n) {
+            QByteArray line = "3.45^Song " + QByteArray::number(n).rightJustified(6, '0') + "^1^1^";
+            return line.leftJustified(50 - qstrlen(end), 'w') + end;
+        };
+    };
+    const QByteArray records = Exchange::kRecordMarker.toUtf8() + '\n';
+    const QByteArray tracks = Exchange::kTrackMarker.toUtf8() + '\n';
+    const QByteArray badFields = QByteArray("x^").repeated(Exchange::kRecordFieldCount - 1) + "x\n";
+    return {
+        {u"100,000 track lines ending in LF"_s, tracks, trackLine("\n"), 5'000'000},
+        {u"100,000 track lines ending in CR LF"_s, tracks, trackLine("\r\n"), 5'000'000},
+        {u"100,000 track lines ending in CR"_s, tracks, trackLine("\r"), 5'000'000},
+        {u"10 MB of empty lines"_s, records, [](int) { return QByteArray("\n"); }, kTenMb},
+        {u"10 MB of \"^\" record lines"_s, records, [](int) { return QByteArray("^\n"); }, kTenMb},
+        {u"10 MB of one-field track lines"_s, tracks, [](int) { return QByteArray("1\n"); }, kTenMb},
+        {u"10 MB of record lines, every field bad"_s, records, [badFields](int) { return badFields; }, kTenMb},
+        {u"one record line of 10 MB"_s, records,
+         [](int) { return "^^^^^^One long line^" + QByteArray(kTenMb, 'n') + '\n'; }, kTenMb},
+    };
+}
+
 } // namespace
+
+void measureCraftedFiles(BenchReport &report, const QString &folder)
+{
+    for (const CraftedFile &crafted : craftedFiles()) {
+        QByteArray bytes = crafted.head;
+        bytes.reserve(crafted.bytes + crafted.head.size());
+        int lines = 0;
+        while (bytes.size() < crafted.bytes)
+            bytes += crafted.line(lines++);
+        const QString file = QDir(folder).filePath(u"crafted.csv"_s);
+        QFile out(file);
+        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size()) {
+            std::fprintf(stderr, "bench: cannot write %s\n", qPrintable(file));
+            return;
+        }
+        out.close();
+        bytes.clear();
+        bytes.squeeze();
+        if (const auto figures = inOwnProcess({u"--import"_s, file}))
+            report.add({u"crafted: "_s + crafted.name, lines, figures->first, std::nullopt, std::nullopt, std::nullopt,
+                        figures->second, 200});
+        QFile::remove(file);
+    }
+}
 
 int runImport(const QString &file)
 {
