@@ -150,10 +150,11 @@ Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &pro
 
 Result<void> ImportMerge::buildLookups()
 {
-    // Only what is present can match: a record without a name matches no line.
+    // Only what is present can match: a record without a name matches no line. An empty
+    // artist is an artist too: a line without one matches a record without one.
     QSqlQuery q(m_store.database());
     q.setForwardOnly(true);
-    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL AND artist IS NOT NULL ORDER BY rowid"_s))
+    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the records"_s, q.lastError());
     m_records.reserve(m_file.records.size());
     while (q.next()) {

@@ -77,8 +77,8 @@ struct ImportCounts
 // Merges the lines of an import file into the store, or only says what merging would do: a
 // preview runs the very same decisions without writing.
 //
-// Records are matched by name and artist and tracks by vinylID and song, so importing the same
-// file again updates rather than duplicates. Matching only ever finds what was stored before the
+// Records are matched by name and artist (no artist matches no artist) and tracks by vinylID
+// and song, so importing the same file again updates rather than duplicates. Matching only ever finds what was stored before the
 // import: a record or track that an earlier line of the file created or updated is not matched
 // again, so two pressings of one album (or two tracks of one name) stay two. Where several
 // stored records share a name and artist, the one whose id equals the line's is taken first.
