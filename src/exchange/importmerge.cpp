@@ -49,6 +49,16 @@ QList<FieldChange> changes(const QList<FileAttribute<Entity>> &table, const Enti
     return list;
 }
 
+// Whether every attribute the line gives is the stored track's already.
+bool leavesAsItIs(const Track &given, const Track &stored)
+{
+    for (const TrackAttribute &attribute : FileAttributes::tracks()) {
+        if (FileAttributes::has(attribute, given) && !FileAttributes::same(attribute, given, stored))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 ImportMerge::ImportMerge(Store &store, const ImportFile &file, Mode mode) : m_store(store), m_file(file), m_mode(mode) {}
@@ -342,7 +352,19 @@ Result<void> ImportMerge::mergeTrack(int index)
         return {};
     }
     const Track &given = line.values;
-    const auto match = given.vinylID ? m_tracks.find(TrackKey{*given.vinylID, text(given.song)}) : m_tracks.end();
+    // A song can recur on a record: of the stored tracks with the line's record and song, the
+    // one the line leaves as it is, else the oldest.
+    auto match = m_tracks.end();
+    if (given.vinylID) {
+        for (auto [it, last] = m_tracks.equal_range(TrackKey{*given.vinylID, text(given.song)}); it != last; ++it) {
+            if (match == m_tracks.end() || it->rowId < match->rowId)
+                match = it;
+            if (leavesAsItIs(given, *it)) {
+                match = it;
+                break;
+            }
+        }
+    }
     if (match == m_tracks.end()) {
         if (m_mode == Mode::Apply) {
             Track t = given;

@@ -81,7 +81,9 @@ struct ImportCounts
 // and song, so importing the same file again updates rather than duplicates. Matching only ever finds what was stored before the
 // import: a record or track that an earlier line of the file created or updated is not matched
 // again, so two pressings of one album (or two tracks of one name) stay two. Where several
-// stored records share a name and artist, the one whose id equals the line's is taken first.
+// stored records share a name and artist, the one whose id equals the line's is taken first;
+// where several stored tracks share a vinylID and song, the one the line leaves as it is, else
+// the oldest.
 // A line that changes nothing writes nothing. Lines with a problem are skipped. A new record from
 // a CSV file that gives it no number takes the next free one (tracks refer to records by it);
 // exchange files keep the numbers they give.

@@ -56,8 +56,10 @@ private slots:
         QTest::newRow("exchange: a track changes")
             << u"[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n3.0^Song^1^3^\n"_s
             << u"[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n3.5^Song^1^3^\n"_s << u"0 new, 1 updated, 0 unchanged, 0 problems"_s;
-        QTest::newRow("CSV without an artist again") << u"name\nOne\nTwo\n"_s << u"name\nOne\nTwo\n"_s
-                                                     << u"0 new, 0 updated, 2 unchanged, 0 problems"_s;
+        const QString songTwice = u"[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n3.0^Intro^1^3^\n4.0^Intro^5^3^\n"_s;
+        const QString twoUnchanged = u"0 new, 0 updated, 2 unchanged, 0 problems"_s;
+        QTest::newRow("exchange again: a song twice on a record") << songTwice << songTwice << twoUnchanged;
+        QTest::newRow("CSV without an artist again") << u"name\nOne\nTwo\n"_s << u"name\nOne\nTwo\n"_s << twoUnchanged;
         QTest::newRow("CSV") << u"name,artist\nOne,A\n"_s << u"artist,name,quantity\nA,One,2\nB,Two,\nC,,1\n"_s
                              << u"1 new, 1 updated, 0 unchanged, 1 problem"_s;
     }
