@@ -73,7 +73,7 @@ void forEachLine(QByteArrayView text, Visit &&visit)
     }
 }
 
-RecordLine recordLine(const Fields &f, qint64 number, const QByteArray &document)
+RecordLine recordLine(const Fields &f, qint64 number, QByteArrayView document)
 {
     using namespace Exchange;
     RecordLine line;
@@ -132,6 +132,13 @@ TrackLine trackLine(const Fields &f, qint64 number)
     return line;
 }
 
+// The line that starts at `offset`, without its end.
+QByteArrayView lineAt(QByteArrayView utf8, qsizetype offset)
+{
+    const QByteArrayView rest = utf8.sliced(offset);
+    return rest.first(std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; }) - rest.begin());
+}
+
 } // namespace
 
 namespace ExchangeReader {
@@ -144,8 +151,10 @@ ImportFile read(QByteArray utf8)
     static const QByteArray recordMarker = Exchange::kRecordMarker.toUtf8();
     static const QByteArray trackMarker = Exchange::kTrackMarker.toUtf8();
 
-    // Nearly every line of a large file is a track line: their list is made once, not grown.
-    file.trackStarts.reserve(file.text.count('\n') + 1);
+    // The lists are made once, not grown; what no line takes is never touched.
+    const qsizetype lines = file.text.count('\n') + 1;
+    file.recordStarts.reserve(lines);
+    file.trackStarts.reserve(lines);
     enum class Section { None, Records, Tracks } section = Section::None;
     bool seenRecords = false;
     forEachLine(file.text, [&](QByteArrayView line, qint64 number) {
@@ -163,24 +172,20 @@ ImportFile read(QByteArray utf8)
         }
         if (line.isEmpty())
             return;
-        if (section == Section::Records)
-            file.records.append(recordLine(Fields(line), number, file.text));
-        else if (section == Section::Tracks)
-            file.trackStarts.append({line.data() - file.text.constData(), number});
+        if (section != Section::None)
+            (section == Section::Records ? file.recordStarts : file.trackStarts).append({line.data() - file.text.constData(), number});
     });
     return file;
 }
 
+RecordLine recordLineAt(QByteArrayView utf8, LineStart start)
+{
+    return recordLine(Fields(lineAt(utf8, start.offset)), start.number, utf8);
+}
+
 TrackLine trackLineAt(QByteArrayView utf8, LineStart start)
 {
-    QByteArrayView line = utf8.sliced(start.offset);
-    for (qsizetype i = 0; i < line.size(); ++i) {
-        if (line[i] == '\n' || line[i] == '\r') {
-            line.truncate(i);
-            break;
-        }
-    }
-    return trackLine(Fields(line), start.number);
+    return trackLine(Fields(lineAt(utf8, start.offset)), start.number);
 }
 
 Result<ImportCounts> importAll(Store &store, QByteArray utf8)

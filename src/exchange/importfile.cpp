@@ -10,6 +10,13 @@
 
 using namespace Qt::StringLiterals;
 
+RecordLine ImportFile::record(qsizetype index) const
+{
+    if (recordStarts.isEmpty())
+        return records.at(index);
+    return ExchangeReader::recordLineAt(text, recordStarts.at(index));
+}
+
 TrackLine ImportFile::track(qsizetype index) const
 {
     if (trackStarts.isEmpty())
@@ -42,7 +49,7 @@ QString summary(const ImportFile &file)
     const auto count = [&locale](qsizetype n, const QString &one, const QString &many) -> QString {
         return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
     };
-    QString text = formatName(file.format) + u": "_s + count(file.records.size(), u"record"_s, u"records"_s);
+    QString text = formatName(file.format) + u": "_s + count(file.recordCount(), u"record"_s, u"records"_s);
     if (file.trackCount() > 0)
         text += u", "_s + count(file.trackCount(), u"track"_s, u"tracks"_s);
     return text;

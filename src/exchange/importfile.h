@@ -63,9 +63,11 @@ struct ImportFile
 {
     ImportFormat format = ImportFormat::Unknown;
     QByteArray text; // the whole file, UTF-8: covers are read from it in place
+    // Lines read whole (CSV files) or, in an exchange file, only where they start: they are read
+    // when asked for, since a file can hold millions, and a line read whole weighs far more
+    // than its bytes.
     QList<RecordLine> records;
-    // Track lines read whole (CSV files) or, in an exchange file, only where they start: they
-    // are read when asked for, since a large collection has hundreds of thousands.
+    QList<LineStart> recordStarts;
     QList<TrackLine> tracks;
     QList<LineStart> trackStarts;
     // Columns of a CSV file that nothing is read from.
@@ -74,9 +76,11 @@ struct ImportFile
     // texts and the grades they became).
     QStringList remarks;
 
+    [[nodiscard]] qsizetype recordCount() const { return records.size() + recordStarts.size(); }
+    [[nodiscard]] RecordLine record(qsizetype index) const;
     [[nodiscard]] qsizetype trackCount() const { return tracks.size() + trackStarts.size(); }
     [[nodiscard]] TrackLine track(qsizetype index) const;
-    [[nodiscard]] qint64 lineCount() const { return records.size() + trackCount(); }
+    [[nodiscard]] qint64 lineCount() const { return recordCount() + trackCount(); }
     [[nodiscard]] QByteArrayView span(TextSpan s) const { return QByteArrayView(text).sliced(s.from, s.size); }
 };
 

@@ -145,7 +145,7 @@ Result<void> ImportMerge::run(const Progress &progress)
 Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &progress)
 {
     const qint64 total = m_file.lineCount();
-    const qint64 records = m_file.records.size();
+    const qint64 records = m_file.recordCount();
     for (qint64 next = from; next < to; ++next) {
         if (progress && next % kProgressEvery == 0 && !progress(next, total))
             return false;
@@ -166,7 +166,6 @@ Result<void> ImportMerge::buildLookups()
     q.setForwardOnly(true);
     if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the records"_s, q.lastError());
-    m_records.reserve(m_file.records.size());
     while (q.next()) {
         StoredRecord stored{q.value(0).toLongLong(), std::nullopt};
         if (!q.isNull(3))
@@ -177,6 +176,7 @@ Result<void> ImportMerge::buildLookups()
     if (!q.exec(u"SELECT MAX(id) FROM Vinyl"_s) || !q.next())
         return sqlError(u"Cannot read the records"_s, q.lastError());
     int highestId = q.value(0).toInt();
+    // Exchange lines keep their numbers (or none): only CSV lines, read whole, take new ones.
     for (const RecordLine &line : m_file.records)
         highestId = std::max(highestId, int(number(line.values.id)));
     m_nextId = highestId + 1;
@@ -260,7 +260,7 @@ std::optional<QByteArray> ImportMerge::decodeImage(TextSpan span, const QString 
 
 Result<void> ImportMerge::mergeRecord(int index)
 {
-    const RecordLine &line = m_file.records.at(index);
+    const RecordLine line = m_file.record(index);
     if (!line.problem.isEmpty()) {
         skip(false, index, line.line, line.problem);
         return {};

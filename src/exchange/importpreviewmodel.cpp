@@ -62,7 +62,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         if (t.vinylID)
             row.titleLabel += u" (record %1)"_s.arg(*t.vinylID);
     } else {
-        const RecordLine &line = m_file->records.at(outcome.index);
+        const RecordLine line = m_file->record(outcome.index);
         const Vinyl &v = line.values;
         row.lineLabel = u"Line %1"_s.arg(line.line);
         row.titleLabel = text(v.name);

@@ -563,7 +563,8 @@ QList<CraftedFile> craftedFiles()
     constexpr qint64 kTenMb = 10 * 1024 * 1024;
     // 100,000 track lines of 50 bytes, each numbered so that none matches another.
     const auto trackLine = [](const char *end) {
-        return [end](int n) {
+        // Explicit return types: a sum of byte arrays is a builder that must not outlive them.
+        return [end](int n) -> QByteArray {
             QByteArray line = "3.45^Song " + QByteArray::number(n).rightJustified(6, '0') + "^1^1^";
             return line.leftJustified(50 - qstrlen(end), 'w') + end;
         };
@@ -580,7 +581,7 @@ QList<CraftedFile> craftedFiles()
         {u"10 MB of one-field track lines"_s, tracks, [](int) { return QByteArray("1\n"); }, kTenMb},
         {u"10 MB of record lines, every field bad"_s, records, [badFields](int) { return badFields; }, kTenMb},
         {u"one record line of 10 MB"_s, records,
-         [](int) { return "^^^^^^One long line^" + QByteArray(kTenMb, 'n') + '\n'; }, kTenMb},
+         [](int) -> QByteArray { return "^^^^^^One long line^" + QByteArray(kTenMb, 'n') + '\n'; }, kTenMb},
     };
 }
 
