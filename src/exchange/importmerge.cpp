@@ -68,7 +68,7 @@ Result<ImportMerge::Preview> ImportMerge::preview(Store &store, const ImportFile
     ImportMerge merge(store, file, Mode::Preview);
     if (auto r = merge.run(progress); !r)
         return r.error();
-    return Preview{std::move(merge.m_counts), std::move(merge.m_outcomes)};
+    return Preview{std::move(merge.m_counts), std::move(merge.m_outcomes), std::move(merge.m_details)};
 }
 
 Result<ImportCounts> ImportMerge::apply(Store &store, const ImportFile &file, const Progress &progress)
@@ -208,15 +208,20 @@ void ImportMerge::record(ImportOutcome::Kind kind, bool track, int index, QList<
         {&m_counts.tracksAdded, &m_counts.tracksUpdated, &m_counts.tracksUnchanged},
     };
     ++*counts[track][kind];
-    if (m_mode == Mode::Preview)
-        m_outcomes.append({kind, track, index, std::move(changes), {}});
+    if (m_mode != Mode::Preview)
+        return;
+    m_outcomes.append({kind, track, index, changes.isEmpty() ? -1 : int(m_details.size())});
+    if (!changes.isEmpty())
+        m_details.append({std::move(changes), {}});
 }
 
 void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem)
 {
     m_counts.problems.append({line, problem});
-    if (m_mode == Mode::Preview)
-        m_outcomes.append({ImportOutcome::Problem, track, index, {}, problem});
+    if (m_mode != Mode::Preview)
+        return;
+    m_outcomes.append({ImportOutcome::Problem, track, index, int(m_details.size())});
+    m_details.append({{}, problem});
 }
 
 qint64 ImportMerge::takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id)

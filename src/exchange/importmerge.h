@@ -37,13 +37,20 @@ struct FieldChange
     QString after;
 };
 
-// What one line of a file does to the store.
+// What one line of a file does to the store. A preview keeps one for every line of a file that
+// can hold millions, so it is small: what an update changes and why a line is skipped are kept
+// apart, for those lines only.
 struct ImportOutcome
 {
     enum Kind : quint8 { New, Updated, Unchanged, Problem };
     Kind kind = New;
     bool track = false;
-    int index = 0; // in ImportFile::records or ImportFile::tracks
+    int index = 0;   // among the file's records or tracks
+    int detail = -1; // in ImportMerge::Preview::details, for an update or a problem
+};
+
+struct ImportDetail
+{
     QList<FieldChange> changes; // of an update
     QString problem;            // why a problem line is skipped
 };
@@ -98,6 +105,7 @@ public:
     {
         ImportCounts counts;
         QList<ImportOutcome> outcomes; // one per line: records first, then tracks
+        QList<ImportDetail> details;
     };
 
     // What merging the file would do; the store is only read.
@@ -149,6 +157,7 @@ private:
     int m_nextId = 1; // for new records that the file gives no number
     ImportCounts m_counts;
     QList<ImportOutcome> m_outcomes;
+    QList<ImportDetail> m_details;
     // The date of the values the import brings: one moment for the whole file.
     QDateTime m_started = QDateTime::currentDateTime();
 };

@@ -122,7 +122,7 @@ void ImportViewController::previewDone(const Result<void> &result)
     m_formatLabel = ImportFiles::summary(*m_file);
     m_countsLabel = ImportMerge::countsText(m_counts);
     m_remarksLabel = remarks(*m_file);
-    m_preview.setPreview(m_file, std::move(work->preview.outcomes));
+    m_preview.setPreview(m_file, std::move(work->preview.outcomes), std::move(work->preview.details));
     emit changed();
     emit previewFinished();
     showAlert(kTitle, kLoaded);

@@ -101,7 +101,7 @@ private slots:
         const ImportOutcome &outcome = preview->outcomes.first();
         QCOMPARE(outcome.kind, ImportOutcome::Updated);
         QStringList changes;
-        for (const FieldChange &change : outcome.changes)
+        for (const FieldChange &change : preview->details.value(outcome.detail).changes)
             changes << change.field + u": "_s + change.before + u" -> "_s + change.after;
         QCOMPARE(changes, (QStringList{u"Release Date: Mar 5, 1975 -> Jun 1, 1976"_s, u"Record Label: Old -> New"_s,
                                        u"Quantity: 1 -> 2"_s}));
@@ -120,7 +120,7 @@ private slots:
 
         ImportPreviewModel model;
         QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        model.setPreview(file, preview->outcomes);
+        model.setPreview(file, preview->outcomes, preview->details);
         QCOMPARE(model.rowCount(), 5);
         const auto row = [&model](int r) {
             QStringList texts;

@@ -548,8 +548,9 @@ void measureUiPauses(BenchReport &report, BenchCollection &c)
     QFile::remove(file);
 }
 
-// Exchange files that a careless program or a hostile sender could make. Their line ends must
-// not make reading slow, and no shape may hold more than a small multiple of the file's size.
+// Exchange files that a careless program or a hostile sender could make, previewed and imported
+// as the import screen does. Their line ends must not make reading slow, and no shape may hold
+// more than a small multiple of the file's size.
 struct CraftedFile
 {
     QString name;
@@ -604,14 +605,14 @@ void measureCraftedFiles(BenchReport &report, const QString &folder)
         out.close();
         bytes.clear();
         bytes.squeeze();
-        if (const auto figures = inOwnProcess({u"--import"_s, file}))
+        if (const auto figures = inOwnProcess({u"--import"_s, file, u"--preview"_s}))
             report.add({u"crafted: "_s + crafted.name, lines, figures->first, std::nullopt, std::nullopt, std::nullopt,
                         figures->second, 200});
         QFile::remove(file);
     }
 }
 
-int runImport(const QString &file)
+int runImport(const QString &file, bool previewFirst)
 {
     QTemporaryDir scratch;
     auto target = AppDelegate::create(scratch.path(), true, std::make_unique<RecordingPlatformServices>());
@@ -619,8 +620,16 @@ int runImport(const QString &file)
         return 1;
     QElapsedTimer timer;
     timer.start();
-    if (!importFile((*target)->persistentContainer(), file))
+    Store &store = (*target)->persistentContainer();
+    if (previewFirst) {
+        // As the import screen does: the preview stays while the file is merged.
+        const ImportFile read = ImportFiles::read(TextFile::readUtf8(file).valueOr(QByteArray()));
+        const auto preview = ImportMerge::preview(store, read);
+        if (read.format == ImportFormat::Unknown || !preview || !ImportMerge::apply(store, read))
+            return 1;
+    } else if (!importFile(store, file)) {
         return 1;
+    }
     std::printf("%.1f %.1f\n", double(timer.nsecsElapsed()) / 1e6, peakRssMb());
     return 0;
 }

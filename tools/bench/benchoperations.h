@@ -45,5 +45,6 @@ int runCompleteReport(const QString &dataDir);
 // in a process of its own, with its time and peak resident memory. `folder` holds them a while.
 void measureCraftedFiles(BenchReport &report, const QString &folder);
 
-// Imports the exchange file into an empty store; prints "<ms> <peak resident MB>".
-int runImport(const QString &file);
+// Imports the exchange file into an empty store, after previewing it when asked, as the import
+// screen does; prints "<ms> <peak resident MB>".
+int runImport(const QString &file, bool previewFirst);
