@@ -318,6 +318,7 @@ Result<void> ImportMerge::mergeRecord(int index)
 
     const bool withTexts = m_mode == Mode::Preview;
     QList<FieldChange> changed = changes(FileAttributes::records(), before, v, withTexts);
+    std::optional<Result<std::array<ExchangeEncoding, 2>>> exported; // read when a cover differs
     for (const auto &[side, cover, title] : {std::tuple{CoverSide::Front, &v.frontImage, u"Front Cover"_s},
                                              std::tuple{CoverSide::Back, &v.backImage, u"Back Cover"_s}}) {
         if (!*cover)
@@ -325,7 +326,17 @@ Result<void> ImportMerge::mergeRecord(int index)
         auto stored = m_store.coverImage(v.rowId, side);
         if (!stored)
             return stored.error();
-        if (*stored == **cover) {
+        bool same = *stored == **cover;
+        if (!same) {
+            // An exported file carries the JPEG made of the stored picture rather than the
+            // picture itself: that JPEG is the same cover, and the stored picture stays.
+            if (!exported)
+                exported = m_store.exchangeEncodings(v.rowId);
+            if (!*exported)
+                return exported->error();
+            same = (**exported)[side == CoverSide::Front ? 0 : 1].kept == **cover;
+        }
+        if (same) {
             cover->reset();
             continue;
         }

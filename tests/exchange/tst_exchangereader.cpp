@@ -266,6 +266,18 @@ private slots:
         QCOMPARE(t.store().writeCount(), writes); // the same covers again change nothing
     }
 
+    // An exported file carries JPEGs made of the stored pictures: imported back, they change nothing.
+    void exportedCoversImportBackUnchanged()
+    {
+        TestApp t;
+        const QString png = base64Png();
+        QVERIFY(ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + kLine.chopped(1) + png + u'^').toUtf8()).ok());
+        auto counts = ExchangeReader::importAll(t.store(), ExchangeWriter::build(t.store(), true).valueOr({}));
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->recordsUnchanged, 1);
+        QCOMPARE(records(t.store()).value(0).frontImage, QByteArray::fromBase64(png.toLatin1()));
+    }
+
     void recordsMatchByNameAndArtistExactly()
     {
         TestApp t;
