@@ -369,10 +369,13 @@ Result<void> ImportMerge::mergeTrack(int index)
     }
     const Track &given = line.values;
     // A song can recur on a record: of the stored tracks with the line's record and song, the
-    // one the line leaves as it is, else the oldest.
+    // one the line leaves as it is, else the oldest. Only a few are looked at (the oldest of
+    // those is taken), so that thousands of tracks of one song still merge in linear time.
+    constexpr int kLookedAt = 16;
     auto match = m_tracks.end();
     if (given.vinylID) {
-        for (auto [it, last] = m_tracks.equal_range(TrackKey{*given.vinylID, text(given.song)}); it != last; ++it) {
+        auto [it, last] = m_tracks.equal_range(TrackKey{*given.vinylID, text(given.song)});
+        for (int looked = 0; it != last && looked < kLookedAt; ++it, ++looked) {
             if (match == m_tracks.end() || it->rowId < match->rowId)
                 match = it;
             if (leavesAsItIs(given, *it)) {
