@@ -548,13 +548,13 @@ void measureUiPauses(BenchReport &report, BenchCollection &c)
     QFile::remove(file);
 }
 
-// Exchange files that a careless program or a hostile sender could make, previewed and imported
+// Exchange and CSV files that a careless program or a hostile sender could make, previewed and imported
 // as the import screen does. Their line ends must not make reading slow, and no shape may hold
 // more than a small multiple of the file's size.
 struct CraftedFile
 {
     QString name;
-    QByteArray head;                      // the section marker
+    QByteArray head;                      // the section marker or header line
     std::function<QByteArray(int)> line; // line n, with its line end
     qint64 bytes;                         // the file's size, reached by repeating lines
 };
@@ -583,6 +583,11 @@ QList<CraftedFile> craftedFiles()
         {u"10 MB of record lines, every field bad"_s, records, [badFields](int) { return badFields; }, kTenMb},
         {u"one record line of 10 MB"_s, records,
          [](int) -> QByteArray { return "^^^^^^One long line^" + QByteArray(kTenMb, 'n') + '\n'; }, kTenMb},
+        {u"10 MB of one-field CSV rows"_s, "name\n", [](int) { return QByteArray("a\n"); }, kTenMb},
+        {u"10 MB of Discogs rows, each a problem"_s, "Artist,Title,release_id\n",
+         [](int n) -> QByteArray { return "A,," + QByteArray::number(n) + '\n'; }, kTenMb},
+        {u"one CSV field of 10 MB"_s, "name\n", [](int) -> QByteArray { return '"' + QByteArray(kTenMb, 'n') + "\"\n"; },
+         kTenMb},
     };
 }
 
