@@ -34,7 +34,7 @@ struct ConditionGrade
 
 // Whether a CSV header line is a Discogs collection export's.
 [[nodiscard]] bool recognises(const QStringList &header);
-// Reads the rows after the header (rows.first()) into file.
-void read(const QList<Csv::Row> &rows, ImportFile &file);
+// Reads the rows of file.text after the header (rows.first()) into file.
+void read(QList<Csv::RowStart> rows, ImportFile &file);
 
 } // namespace DiscogsCsv

@@ -176,9 +176,12 @@ Result<void> ImportMerge::buildLookups()
     if (!q.exec(u"SELECT MAX(id) FROM Vinyl"_s) || !q.next())
         return sqlError(u"Cannot read the records"_s, q.lastError());
     int highestId = q.value(0).toInt();
-    // Exchange lines keep their numbers (or none): only CSV lines, read whole, take new ones.
-    for (const RecordLine &line : m_file.records)
-        highestId = std::max(highestId, int(number(line.values.id)));
+    // Exchange lines keep their numbers (or none) and Discogs rows give none: only spreadsheet
+    // lines take new ones, after the highest the file gives.
+    if (m_file.format == ImportFormat::Spreadsheet) {
+        for (qsizetype i = 0; i < m_file.recordCount(); ++i)
+            highestId = std::max(highestId, int(number(m_file.record(i).values.id)));
+    }
     m_nextId = highestId + 1;
     if (m_file.trackCount() == 0)
         return {};

@@ -182,10 +182,10 @@ private slots:
         const ImportFile file = discogsExport();
         QCOMPARE(file.format, ImportFormat::Discogs);
         QCOMPARE(file.ignoredColumns, (QStringList{u"Rating"_s, u"CollectionFolder"_s, u"Date Added"_s, u"Shelf"_s}));
-        QCOMPARE(file.records.size(), 12);
-        QCOMPARE(file.records.at(1).remark, u"2 copies: lines 3 and 15"_s);
-        QCOMPARE(file.records.at(3).line, 5);
-        QCOMPARE(file.records.at(4).line, 8); // after the three lines of the note above
+        QCOMPARE(file.recordCount(), 12);
+        QCOMPARE(file.record(1).remark, u"2 copies: lines 3 and 15"_s);
+        QCOMPARE(file.record(3).line, 5);
+        QCOMPARE(file.record(4).line, 8); // after the three lines of the note above
         // Every condition text the site uses turns up, each said once, in the table's order.
         QCOMPARE(file.remarks.size(), DiscogsCsv::conditionGrades().size());
         QCOMPARE(file.remarks.first(), u"\"Mint (M)\" \u2192 Mint"_s);
@@ -227,8 +227,8 @@ private slots:
         QFETCH(QStringList, expected);
         const ImportFile file = ImportFiles::read((u"Artist,Title,Label,Format,Released,release_id\n"_s + row + u'\n').toUtf8());
         QCOMPARE(file.format, ImportFormat::Discogs);
-        QCOMPARE(file.records.size(), 1);
-        const RecordLine &line = file.records.first();
+        QCOMPARE(file.recordCount(), 1);
+        const RecordLine line = file.record(0);
         if (expected.size() == 1) {
             QCOMPARE(line.problem, expected.first());
             return;
@@ -259,7 +259,7 @@ private slots:
         QFETCH(QStringList, lines);
         const ImportFile file = ImportFiles::read((u"Artist,Title,Label,Format,Released,release_id\n"_s + rows).toUtf8());
         QStringList read;
-        for (const RecordLine &line : file.records) {
+        for (const RecordLine &line : file.recordLines()) {
             const Vinyl &v = line.values;
             read << u"%1: "_s.arg(line.line) + (line.problem.isEmpty() ? u"%1 x %2"_s.arg(text(v.name)).arg(number(v.quantity)) : line.problem);
         }
@@ -308,7 +308,7 @@ private slots:
         QCOMPARE(file.format, ImportFormat::Spreadsheet);
         QCOMPARE(file.ignoredColumns, ignored);
         QStringList readValues, readProblems;
-        for (const RecordLine &line : file.records) {
+        for (const RecordLine &line : file.recordLines()) {
             const Vinyl &v = line.values;
             readValues << QStringList{text(v.name), text(v.artist), text(v.recordLabel),
                                       v.releaseDate ? v.releaseDate->date().toString(Qt::ISODate) : QString(),
