@@ -218,13 +218,23 @@ void ImportMerge::record(ImportOutcome::Kind kind, bool track, int index, QList<
         m_details.append({std::move(changes), {}});
 }
 
-void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem)
+void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem, bool linesOwn)
 {
-    m_counts.problems.append({line, problem});
+    if (m_counts.problems.size() < ImportCounts::kListedProblems)
+        m_counts.problems.append({line, problem});
+    else
+        ++m_counts.moreProblems;
     if (m_mode != Mode::Preview)
         return;
-    m_outcomes.append({ImportOutcome::Problem, track, index, int(m_details.size())});
-    m_details.append({{}, problem});
+    int detail = -1;
+    if (!linesOwn) {
+        detail = m_problemDetails.value(problem, int(m_details.size()));
+        if (detail == m_details.size()) {
+            m_problemDetails.insert(problem, detail);
+            m_details.append({{}, problem});
+        }
+    }
+    m_outcomes.append({ImportOutcome::Problem, track, index, detail});
 }
 
 qint64 ImportMerge::takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id)
@@ -270,7 +280,7 @@ Result<void> ImportMerge::mergeRecord(int index)
 {
     const RecordLine line = m_file.record(index);
     if (!line.problem.isEmpty()) {
-        skip(false, index, line.line, line.problem);
+        skip(false, index, line.line, line.problem, true);
         return {};
     }
 
@@ -304,7 +314,7 @@ Result<void> ImportMerge::mergeRecord(int index)
     if (!updating) {
         if (!v.id && m_file.format != ImportFormat::Exchange) {
             if (m_nextId > std::numeric_limits<qint16>::max()) {
-                skip(false, index, line.line, kNoRecordNumberLeft);
+                skip(false, index, line.line, kNoRecordNumberLeft, false);
                 return {};
             }
             v.id = qint16(m_nextId++);
@@ -367,7 +377,7 @@ Result<void> ImportMerge::mergeTrack(int index)
 {
     const TrackLine line = m_file.track(index);
     if (!line.problem.isEmpty()) {
-        skip(true, index, line.line, line.problem);
+        skip(true, index, line.line, line.problem, true);
         return {};
     }
     const Track &given = line.values;
@@ -426,7 +436,7 @@ Result<void> ImportMerge::mergeTrack(int index)
 QString ImportMerge::countsText(const ImportCounts &counts)
 {
     const QLocale locale;
-    const qint64 problems = counts.problems.size();
+    const qint64 problems = counts.problemCount();
     return u"%1 new, %2 updated, %3 unchanged, %4 %5"_s.arg(locale.toString(counts.added()),
                                                            locale.toString(counts.updated()),
                                                            locale.toString(counts.unchanged()), locale.toString(problems),

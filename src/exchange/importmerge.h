@@ -27,6 +27,8 @@ inline const QString kStopped = QStringLiteral(
 inline const QString kPartlyImported = QStringLiteral(
     "The first %1 lines of the file were imported before it; Undo Last Import puts the collection back as it was.");
 inline const QString kNothingImported = QStringLiteral("Nothing was imported; the collection is as it was.");
+// Follows the problems listed: "%1" more lines were skipped.
+inline const QString kMoreProblems = QStringLiteral("and %1 more");
 } // namespace ImportMessages
 
 // One field a line changes on a stored record or track, as the preview shows it.
@@ -52,7 +54,7 @@ struct ImportOutcome
 struct ImportDetail
 {
     QList<FieldChange> changes; // of an update
-    QString problem;            // why a problem line is skipped
+    QString problem;            // why a problem line is skipped, when not the line's own problem
 };
 
 struct ImportProblem
@@ -71,7 +73,11 @@ struct ImportCounts
     qint64 tracksUpdated = 0;
     qint64 tracksUnchanged = 0;
     qint64 unreadableImages = 0;
-    QList<ImportProblem> problems; // the lines skipped, in file order
+    // The first lines skipped, in file order, up to kListedProblems; the rest are counted only,
+    // since every line of a crafted file can be a problem.
+    static constexpr qsizetype kListedProblems = 1000;
+    QList<ImportProblem> problems;
+    qint64 moreProblems = 0;
     // An import stopped by a cancel: the store holds the first linesApplied lines of the file.
     bool stopped = false;
     qint64 linesApplied = 0;
@@ -79,6 +85,7 @@ struct ImportCounts
     [[nodiscard]] qint64 added() const { return recordsAdded + tracksAdded; }
     [[nodiscard]] qint64 updated() const { return recordsUpdated + tracksUpdated; }
     [[nodiscard]] qint64 unchanged() const { return recordsUnchanged + tracksUnchanged; }
+    [[nodiscard]] qint64 problemCount() const { return problems.size() + moreProblems; }
 };
 
 // Merges the lines of an import file into the store, or only says what merging would do: a
@@ -137,7 +144,9 @@ private:
     qint64 takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id);
     // Counts a new, updated or unchanged line, and keeps its outcome for a preview.
     void record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes = {});
-    void skip(bool track, int index, qint64 line, const QString &problem);
+    // A line skipped for its own problem, which a preview reads again from the line, or for
+    // one the merge found.
+    void skip(bool track, int index, qint64 line, const QString &problem, bool linesOwn);
 
     using RecordKey = QPair<QString, QString>; // name, artist
     using TrackKey = QPair<qint16, QString>;   // vinylID, song
@@ -158,6 +167,7 @@ private:
     ImportCounts m_counts;
     QList<ImportOutcome> m_outcomes;
     QList<ImportDetail> m_details;
+    QHash<QString, int> m_problemDetails; // the detail of each problem the merge found
     // The date of the values the import brings: one moment for the whole file.
     QDateTime m_started = QDateTime::currentDateTime();
 };

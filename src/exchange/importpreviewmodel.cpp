@@ -54,8 +54,10 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
     Row row;
     row.kindLabel = kinds[outcome.kind];
     QString remark;
+    QString problem; // the line's own
     if (outcome.track) {
         const TrackLine line = m_file->track(outcome.index);
+        problem = line.problem;
         const Track &t = line.values;
         row.lineLabel = u"Line %1"_s.arg(line.line);
         row.titleLabel = text(t.song);
@@ -65,6 +67,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
             row.titleLabel += u" (record %1)"_s.arg(*t.vinylID);
     } else {
         const RecordLine line = m_file->record(outcome.index);
+        problem = line.problem;
         const Vinyl &v = line.values;
         row.lineLabel = u"Line %1"_s.arg(line.line);
         row.titleLabel = text(v.name);
@@ -84,7 +87,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
     }
     const ImportDetail detail = outcome.detail >= 0 ? m_details.value(outcome.detail) : ImportDetail();
     if (outcome.kind == ImportOutcome::Problem)
-        remark = detail.problem;
+        remark = outcome.detail >= 0 ? detail.problem : problem;
     QStringList details;
     for (const FieldChange &change : detail.changes)
         details.append(u"%1: %2 \u2192 %3"_s.arg(change.field, change.before, change.after));

@@ -62,6 +62,9 @@ private slots:
         QTest::newRow("CSV without an artist again") << u"name\nOne\nTwo\n"_s << u"name\nOne\nTwo\n"_s << twoUnchanged;
         QTest::newRow("CSV") << u"name,artist\nOne,A\n"_s << u"artist,name,quantity\nA,One,2\nB,Two,\nC,,1\n"_s
                              << u"1 new, 1 updated, 0 unchanged, 1 problem"_s;
+        const qint64 many = ImportCounts::kListedProblems + 2; // more than are listed: counted all the same
+        QTest::newRow("CSV: every line a problem") << QString() << u"name,id\n"_s + u",1\n"_s.repeated(many)
+                                                   << u"0 new, 0 updated, 0 unchanged, %1 problems"_s.arg(QLocale().toString(many));
     }
 
     void previewDecidesWhatTheImportDoes()
@@ -140,10 +143,6 @@ private slots:
         model.showKind(ImportOutcome::Problem);
         QCOMPARE(model.rowCount(), 1);
         QCOMPARE(model.data(model.index(0), ImportPreviewModel::LineLabelRole).toString(), u"Line 7"_s);
-        model.showKind(ImportPreviewModel::kAllKinds);
-        QCOMPARE(model.rowCount(), 5);
-        model.clear();
-        QCOMPARE(model.rowCount(), 0);
     }
 
     // Tracks find their record by its number, so a new record from a CSV file gets one.
