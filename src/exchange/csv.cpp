@@ -29,15 +29,17 @@ Row readRow(QByteArrayView text, qsizetype &at, qint64 &line, bool keep, bool &b
     row.line = line;
     blank = true;
     QByteArray field;
+    const auto kept = [&]() { return keep && row.fields.size() < kMaxFields; };
     const auto take = [&](qsizetype from, qsizetype to) {
         if (to > from) {
             blank = false;
-            if (keep)
+            if (kept())
                 field += text.sliced(from, to - from);
         }
     };
     const auto endField = [&]() {
-        if (keep)
+        ++row.count;
+        if (kept())
             row.fields.append(QString::fromUtf8(field));
         field.clear();
     };
@@ -66,7 +68,7 @@ Row readRow(QByteArrayView text, qsizetype &at, qint64 &line, bool keep, bool &b
                 // CR LF, CR and LF inside a field all become one line feed.
                 passLineEnd(text, at, line);
                 blank = false;
-                if (keep)
+                if (kept())
                     field += '\n';
             }
             if (!closed) {
@@ -141,9 +143,9 @@ QString rowProblem(const Row &row, qsizetype columns)
 {
     if (!row.error.isEmpty())
         return u"the line cannot be read: "_s + row.error;
-    if (row.fields.size() > columns)
+    if (row.count > columns)
         return u"the line cannot be read: it has %1 fields where the header has %2 (a comma outside quotes?)"_s
-            .arg(row.fields.size())
+            .arg(row.count)
             .arg(columns);
     return {};
 }

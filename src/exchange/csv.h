@@ -10,9 +10,14 @@
 // breaks and doubled quotes; lines end in CR LF or LF. Spreadsheets and web sites write them.
 namespace Csv {
 
+// A row keeps its first kMaxFields fields and counts the rest: no file that can be imported
+// has more columns, and a crafted row can hold millions.
+constexpr qsizetype kMaxFields = 1024;
+
 struct Row
 {
     QStringList fields;
+    qsizetype count = 0; // the fields in the row, kept or not
     qint64 line = 0; // the file line the row starts on, 1-based
     // Why the row cannot be read (a quote that is never closed); empty when it can.
     QString error;

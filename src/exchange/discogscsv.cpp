@@ -3,6 +3,7 @@
 #include "fileattributes.h"
 
 #include <QHash>
+#include <QLocale>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,10 @@ const QStringList kColumns = {u"Catalog#"_s, u"Artist"_s, u"Title"_s, u"Label"_s
 // Condition texts that are no grade are named in the preview up to this many.
 constexpr qsizetype kListedConditions = 20;
 const QString kUnlistedConditions = u"other texts that are no grade: kept in the notes"_s;
+
+// The lines of a release's copies named in the preview, at most; the rest are counted.
+constexpr qsizetype kListedCopies = 20;
+const QString kMoreCopies = u"%1 more"_s;
 
 // The album types and speeds are the record form's own texts.
 const QStringList kAlbumTypes = {u"Single Album"_s, u"Double Album"_s, u"Triple Album"_s, u"Quad Album"_s};
@@ -145,12 +150,15 @@ void addCopy(Vinyl &v, const RowFields &f)
         v.notes = text(v.notes) + u'\n' + notes;
 }
 
-// "lines 5 and 9", "lines 5, 9 and 12"
-QString linesText(const QList<qint64> &lines)
+// "lines 5 and 9", "lines 5, 9 and 12"; of more copies than kListedCopies, the first lines and
+// how many more: "lines 5, 9, … 80 and 1,204 more".
+QString linesText(const QList<qint64> &lines, qint64 copies)
 {
     QStringList numbers;
     for (qint64 line : lines)
         numbers.append(QString::number(line));
+    if (copies > lines.size())
+        return u"lines "_s + numbers.join(u", "_s) + u" and "_s + kMoreCopies.arg(QLocale().toString(copies - lines.size()));
     const QString last = numbers.takeLast();
     return u"lines "_s + numbers.join(u", "_s) + u" and "_s + last;
 }
@@ -200,12 +208,14 @@ public:
         if (!line.problem.isEmpty() || nextCopy.isEmpty() || nextCopy.at(first) < 0)
             return line;
         QList<qint64> lines{line.line};
-        for (qint32 copy = nextCopy.at(first); copy >= 0; copy = nextCopy.at(copy)) {
+        qint64 copies = 1;
+        for (qint32 copy = nextCopy.at(first); copy >= 0; copy = nextCopy.at(copy), ++copies) {
             const Csv::Row copyRow = Csv::rowAt(utf8, rows.at(copy));
             addCopy(line.values, RowFields(copyRow, positions));
-            lines.append(copyRow.line);
+            if (lines.size() < kListedCopies)
+                lines.append(copyRow.line);
         }
-        line.remark = u"%1 copies: %2"_s.arg(lines.size()).arg(linesText(lines));
+        line.remark = u"%1 copies: %2"_s.arg(QLocale().toString(copies), linesText(lines, copies));
         return line;
     }
 };
