@@ -588,6 +588,10 @@ QList<CraftedFile> craftedFiles()
          [](int n) -> QByteArray { return "A,," + QByteArray::number(n) + '\n'; }, kTenMb},
         {u"one CSV field of 10 MB"_s, "name\n", [](int) -> QByteArray { return '"' + QByteArray(kTenMb, 'n') + "\"\n"; },
          kTenMb},
+        {u"one CSV row of 10 MB of commas"_s, "name\n", [](int) -> QByteArray { return 'x' + QByteArray(kTenMb, ',') + '\n'; },
+         kTenMb},
+        {u"10 MB of Discogs copies of one release"_s, "Artist,Title,release_id\n", [](int) { return QByteArray("A,T,1\n"); },
+         kTenMb},
     };
 }
 
