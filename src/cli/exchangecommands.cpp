@@ -117,6 +117,8 @@ int importCommand(CliContext &context)
     context.out << ImportMerge::countsText(*counts) << "\n";
     for (const ImportProblem &problem : std::as_const(counts->problems))
         context.out << ImportMerge::problemText(problem) << "\n";
+    if (counts->moreProblems > 0)
+        context.out << ImportMessages::kMoreProblems.arg(counts->moreProblems) << "\n";
     if (counts->unreadableImages > 0)
         context.err << "platterbox: " << counts->unreadableImages
                     << " cover pictures could not be read and were left out\n";

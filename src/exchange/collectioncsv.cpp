@@ -75,6 +75,30 @@ Line lineOf(const QList<const FileAttribute<Entity> *> &columns, const Csv::Row 
     return line;
 }
 
+// The record rows, then the track rows, each read under the columns of its header.
+class SpreadsheetLines final : public ImportLines
+{
+public:
+    QList<Csv::RowStart> rows; // every row of the file, its header lines too
+    QList<const RecordAttribute *> recordColumns;
+    QList<const TrackAttribute *> trackColumns;
+    qsizetype firstRecord = 0;
+    qsizetype records = 0;
+    qsizetype firstTrack = 0;
+    qsizetype tracks = 0;
+
+    qsizetype recordCount() const override { return records; }
+    qsizetype trackCount() const override { return tracks; }
+    RecordLine record(QByteArrayView utf8, qsizetype index) const override
+    {
+        return lineOf<RecordLine>(recordColumns, Csv::rowAt(utf8, rows.at(firstRecord + index)));
+    }
+    TrackLine track(QByteArrayView utf8, qsizetype index) const override
+    {
+        return lineOf<TrackLine>(trackColumns, Csv::rowAt(utf8, rows.at(firstTrack + index)));
+    }
+};
+
 template<typename Entity>
 QByteArray headerLine(const QList<FileAttribute<Entity>> &table)
 {
@@ -112,30 +136,35 @@ Section sectionOf(const QStringList &header)
     return Section::None;
 }
 
-void read(const QList<Csv::Row> &rows, ImportFile &file)
+void read(QList<Csv::RowStart> rows, ImportFile &file)
 {
     file.format = ImportFormat::Spreadsheet;
-    QList<const RecordAttribute *> recordColumns;
-    QList<const TrackAttribute *> trackColumns;
-    Section section = sectionOf(rows.first().fields);
-    if (section == Section::Records)
-        recordColumns = columnsOf(FileAttributes::records(), rows.first().fields, file.ignoredColumns);
-    else
-        trackColumns = columnsOf(FileAttributes::tracks(), rows.first().fields, file.ignoredColumns);
-    for (qsizetype i = 1; i < rows.size(); ++i) {
-        const Csv::Row &row = rows.at(i);
+    auto lines = std::make_shared<SpreadsheetLines>();
+    const QStringList header = Csv::rowAt(file.text, rows.first()).fields;
+    const qsizetype after = rows.size() - 1;
+    if (sectionOf(header) != Section::Records) {
+        lines->trackColumns = columnsOf(FileAttributes::tracks(), header, file.ignoredColumns);
+        lines->firstTrack = 1;
+        lines->tracks = after;
+    } else {
+        lines->recordColumns = columnsOf(FileAttributes::records(), header, file.ignoredColumns);
+        lines->firstRecord = 1;
+        lines->records = after;
         // A track header line after the records starts the tracks' section.
-        if (section == Section::Records && FileAttributes::find(FileAttributes::tracks(), row.fields.first())
-            && sectionOf(row.fields) == Section::Tracks) {
-            section = Section::Tracks;
-            trackColumns = columnsOf(FileAttributes::tracks(), row.fields, file.ignoredColumns);
-            continue;
+        for (qsizetype i = 1; i < rows.size(); ++i) {
+            const Csv::Row row = Csv::rowAt(file.text, rows.at(i));
+            if (FileAttributes::find(FileAttributes::tracks(), row.fields.first())
+                && sectionOf(row.fields) == Section::Tracks) {
+                lines->trackColumns = columnsOf(FileAttributes::tracks(), row.fields, file.ignoredColumns);
+                lines->records = i - 1;
+                lines->firstTrack = i + 1;
+                lines->tracks = rows.size() - i - 1;
+                break;
+            }
         }
-        if (section == Section::Records)
-            file.records.append(lineOf<RecordLine>(recordColumns, row));
-        else
-            file.tracks.append(lineOf<TrackLine>(trackColumns, row));
     }
+    lines->rows = std::move(rows);
+    file.lines = std::move(lines);
 }
 
 Result<Files> write(Store &store, bool tracksInRecordsFile, const Progress &progress)

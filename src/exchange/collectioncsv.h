@@ -27,8 +27,8 @@ enum class Section { None, Records, Tracks };
 // What a header line heads: records when it names the album name, tracks when it names the
 // vinylID and song (and no album name).
 [[nodiscard]] Section sectionOf(const QStringList &header);
-// Reads the rows (rows.first() is a header that sectionOf() knows) into file.
-void read(const QList<Csv::Row> &rows, ImportFile &file);
+// Reads the rows of file.text (rows.first() is a header that sectionOf() knows) into file.
+void read(QList<Csv::RowStart> rows, ImportFile &file);
 
 struct Files
 {

@@ -3,6 +3,7 @@
 #include "fileattributes.h"
 
 #include <QHash>
+#include <QLocale>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +17,14 @@ enum Column { CatalogNumber, Artist, Title, Label, Format, Released, ReleaseId, 
 const QStringList kColumns = {u"Catalog#"_s, u"Artist"_s, u"Title"_s, u"Label"_s, u"Format"_s, u"Released"_s,
                               u"release_id"_s, u"Collection Media Condition"_s, u"Collection Sleeve Condition"_s,
                               u"Collection Notes"_s};
+
+// Condition texts that are no grade are named in the preview up to this many.
+constexpr qsizetype kListedConditions = 20;
+const QString kUnlistedConditions = u"other texts that are no grade: kept in the notes"_s;
+
+// The lines of a release's copies named in the preview, at most; the rest are counted.
+constexpr qsizetype kListedCopies = 20;
+const QString kMoreCopies = u"%1 more"_s;
 
 // The album types and speeds are the record form's own texts.
 const QStringList kAlbumTypes = {u"Single Album"_s, u"Double Album"_s, u"Triple Album"_s, u"Quad Album"_s};
@@ -111,7 +120,7 @@ RecordLine recordLine(const RowFields &f, qint64 line)
     if (const QString released = f.at(Released); !released.isEmpty() && released != u"0") {
         v.releaseDate = FileAttributes::parseIsoDate(released);
         if (!v.releaseDate && r.problem.isEmpty())
-            r.problem = u"Released \"%1\" is not a date"_s.arg(released);
+            r.problem = u"Released \"%1\" is not a date"_s.arg(FileAttributes::excerpt(released));
     }
     const QString format = f.at(Format);
     v.doubleAlbum = albumType(format);
@@ -133,19 +142,31 @@ RecordLine recordLine(const RowFields &f, qint64 line)
     return r;
 }
 
-// "lines 5 and 9", "lines 5, 9 and 12"
-QString linesText(const QList<qint64> &lines)
+// Another copy of a release: one more of the record, whose notes keep this copy's too.
+void addCopy(Vinyl &v, const RowFields &f)
+{
+    v.quantity = qint16(std::min(32767, number(v.quantity) + 1));
+    if (const QString notes = f.at(Notes); !notes.isEmpty() && !text(v.notes).contains(notes))
+        v.notes = text(v.notes) + u'\n' + notes;
+}
+
+// "lines 5 and 9", "lines 5, 9 and 12"; of more copies than kListedCopies, the first lines and
+// how many more: "lines 5, 9, … 80 and 1,204 more".
+QString linesText(const QList<qint64> &lines, qint64 copies)
 {
     QStringList numbers;
     for (qint64 line : lines)
         numbers.append(QString::number(line));
+    if (copies > lines.size())
+        return u"lines "_s + numbers.join(u", "_s) + u" and "_s + kMoreCopies.arg(QLocale().toString(copies - lines.size()));
     const QString last = numbers.takeLast();
     return u"lines "_s + numbers.join(u", "_s) + u" and "_s + last;
 }
 
 // How each condition text of the file was taken, in the table's order; `conditions` holds
 // the texts found, by their lower-case form.
-QStringList conditionRemarks(QHash<QString, QString> conditions)
+// `unlisted` when more texts that are no grade were found than are listed.
+QStringList conditionRemarks(QHash<QString, QString> conditions, bool unlisted)
 {
     QStringList remarks;
     for (const ConditionGrade &entry : conditionGrades()) {
@@ -157,9 +178,47 @@ QStringList conditionRemarks(QHash<QString, QString> conditions)
     QStringList unknown = conditions.values();
     unknown.sort();
     for (const QString &condition : std::as_const(unknown))
-        remarks.append(u"\"%1\" is no grade: kept in the notes"_s.arg(condition));
+        remarks.append(u"\"%1\" is no grade: kept in the notes"_s.arg(FileAttributes::excerpt(condition)));
+    if (unlisted)
+        remarks.append(kUnlistedConditions);
     return remarks;
 }
+
+// The record lines: each a row, and a release's record the copies of its later rows too.
+class DiscogsLines final : public ImportLines
+{
+public:
+    QList<Csv::RowStart> rows; // rows.first() is the header
+    qsizetype columns = 0;     // in the header
+    QList<qsizetype> positions;
+    QList<qint32> recordRows; // the row of each record line
+    // The row of the next copy of a row's release; -1 for none. Empty while no release has two.
+    QList<qint32> nextCopy;
+
+    qsizetype recordCount() const override { return recordRows.size(); }
+    qsizetype trackCount() const override { return 0; }
+    TrackLine track(QByteArrayView, qsizetype) const override { return {}; }
+    RecordLine record(QByteArrayView utf8, qsizetype index) const override
+    {
+        const qint32 first = recordRows.at(index);
+        const Csv::Row row = Csv::rowAt(utf8, rows.at(first));
+        if (const QString problem = Csv::rowProblem(row, columns); !problem.isEmpty())
+            return RecordLine{row.line, {}, {}, {}, {}, problem, {}};
+        RecordLine line = recordLine(RowFields(row, positions), row.line);
+        if (!line.problem.isEmpty() || nextCopy.isEmpty() || nextCopy.at(first) < 0)
+            return line;
+        QList<qint64> lines{line.line};
+        qint64 copies = 1;
+        for (qint32 copy = nextCopy.at(first); copy >= 0; copy = nextCopy.at(copy), ++copies) {
+            const Csv::Row copyRow = Csv::rowAt(utf8, rows.at(copy));
+            addCopy(line.values, RowFields(copyRow, positions));
+            if (lines.size() < kListedCopies)
+                lines.append(copyRow.line);
+        }
+        line.remark = u"%1 copies: %2"_s.arg(QLocale().toString(copies), linesText(lines, copies));
+        return line;
+    }
+};
 
 } // namespace
 
@@ -188,53 +247,58 @@ bool recognises(const QStringList &header)
            && Csv::column(header, kColumns.at(ReleaseId)) >= 0;
 }
 
-void read(const QList<Csv::Row> &rows, ImportFile &file)
+void read(QList<Csv::RowStart> rows, ImportFile &file)
 {
     file.format = ImportFormat::Discogs;
-    const QStringList &header = rows.first().fields;
-    QList<qsizetype> positions;
+    auto lines = std::make_shared<DiscogsLines>();
+    const QStringList header = Csv::rowAt(file.text, rows.first()).fields;
+    lines->columns = header.size();
     for (const QString &name : kColumns)
-        positions.append(Csv::column(header, name));
+        lines->positions.append(Csv::column(header, name));
     for (qsizetype i = 0; i < header.size(); ++i) {
-        if (!positions.contains(i) && !header.at(i).trimmed().isEmpty())
+        if (!lines->positions.contains(i) && !header.at(i).trimmed().isEmpty())
             file.ignoredColumns.append(header.at(i).trimmed());
     }
 
-    QHash<QString, int> recordOfRelease; // release_id -> its record line
-    QHash<int, QList<qint64>> copies;    // record line -> the file lines of its copies, when several
+    QHash<QString, qint32> lastCopy; // release_id -> the row of its latest copy
     QHash<QString, QString> conditions;
-    for (qsizetype i = 1; i < rows.size(); ++i) {
-        const Csv::Row &row = rows.at(i);
-        if (const QString problem = Csv::rowProblem(row, header.size()); !problem.isEmpty()) {
-            file.records.append(RecordLine{row.line, {}, {}, {}, {}, problem, {}});
+    bool unlisted = false;
+    for (qint32 i = 1; i < rows.size(); ++i) {
+        const Csv::Row row = Csv::rowAt(file.text, rows.at(i));
+        if (!Csv::rowProblem(row, lines->columns).isEmpty()) {
+            lines->recordRows.append(i);
             continue;
         }
-        const RowFields f(row, positions);
+        const RowFields f(row, lines->positions);
         for (Column c : {MediaCondition, SleeveCondition}) {
-            if (const QString condition = f.at(c); !condition.isEmpty())
+            const QString condition = f.at(c);
+            if (condition.isEmpty())
+                continue;
+            // Texts that are no grade are listed up to a number; a crafted file may hold millions.
+            if (gradeOf(condition) || conditions.size() < kListedConditions + conditionGrades().size()
+                || conditions.contains(condition.toLower()))
                 conditions.insert(condition.toLower(), condition);
+            else
+                unlisted = true;
         }
         const QString release = f.at(ReleaseId);
-        const auto first = release.isEmpty() ? recordOfRelease.cend() : recordOfRelease.constFind(release);
-        if (first == recordOfRelease.cend()) {
-            if (!release.isEmpty())
-                recordOfRelease.insert(release, int(file.records.size()));
-            file.records.append(recordLine(f, row.line));
+        const auto last = release.isEmpty() ? lastCopy.end() : lastCopy.find(release);
+        // A row with a problem is listed on its own: the release's record is its first good row.
+        const bool good = recordLine(f, row.line).problem.isEmpty();
+        if (last == lastCopy.end() || !good) {
+            if (!release.isEmpty() && good)
+                lastCopy.insert(release, i);
+            lines->recordRows.append(i);
             continue;
         }
-        // Another copy of a release: one more of the record, whose notes keep this copy's too.
-        Vinyl &v = file.records[*first].values;
-        v.quantity = qint16(std::min(32767, number(v.quantity) + 1));
-        if (const QString notes = f.at(Notes); !notes.isEmpty() && !text(v.notes).contains(notes))
-            v.notes = text(v.notes) + u'\n' + notes;
-        QList<qint64> &lines = copies[*first];
-        if (lines.isEmpty())
-            lines.append(file.records.at(*first).line);
-        lines.append(row.line);
+        if (lines->nextCopy.isEmpty())
+            lines->nextCopy.fill(-1, rows.size());
+        lines->nextCopy[*last] = i;
+        *last = i;
     }
-    for (auto it = copies.cbegin(); it != copies.cend(); ++it)
-        file.records[it.key()].remark = u"%1 copies: %2"_s.arg(it->size()).arg(linesText(*it));
-    file.remarks = conditionRemarks(conditions);
+    file.remarks = conditionRemarks(conditions, unlisted);
+    lines->rows = std::move(rows);
+    file.lines = std::move(lines);
 }
 
 } // namespace DiscogsCsv

@@ -18,6 +18,8 @@
 // media and sleeve conditions the grades of the reference lists; Collection Notes, Catalog#
 // and release_id the notes, each on a line of its own. The site lists each copy of a release
 // on a row of its own: rows with one release_id become one record whose quantity counts them.
+// A row that cannot be imported (no title, a date that is none) is a problem of its own and no
+// copy; the release's record is its first row without a problem.
 namespace DiscogsCsv {
 
 // A condition text of the site and the reference-list grade it becomes ("" for none: the text
@@ -32,7 +34,7 @@ struct ConditionGrade
 
 // Whether a CSV header line is a Discogs collection export's.
 [[nodiscard]] bool recognises(const QStringList &header);
-// Reads the rows after the header (rows.first()) into file.
-void read(const QList<Csv::Row> &rows, ImportFile &file);
+// Reads the rows of file.text after the header (rows.first()) into file.
+void read(QList<Csv::RowStart> rows, ImportFile &file);
 
 } // namespace DiscogsCsv

@@ -3,6 +3,7 @@
 #include "exchangeformat.h"
 #include "logging.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -57,25 +58,22 @@ std::optional<qint16> toInt16(QByteArrayView text)
 }
 
 // Calls visit(line, number) for every line of the text; a LF, a CR LF or a lone CR ends a
-// line (and counts as one).
+// line (and counts as one). One pass: each byte is looked at once, whatever the line ends.
 template<typename Visit>
 void forEachLine(QByteArrayView text, Visit &&visit)
 {
+    const char *const end = text.data() + text.size();
     qint64 number = 0;
-    qsizetype start = 0;
-    for (;;) {
-        qsizetype end = text.indexOf('\n', start);
-        const qsizetype stop = end < 0 ? text.size() : end;
-        if (const qsizetype cr = text.sliced(start, stop - start).indexOf('\r'); cr >= 0)
-            end = start + cr;
-        visit(text.sliced(start, (end < 0 ? text.size() : end) - start), ++number);
-        if (end < 0)
+    for (const char *start = text.data();;) {
+        const char *const stop = std::find_if(start, end, [](char c) { return c == '\n' || c == '\r'; });
+        visit(QByteArrayView(start, stop - start), ++number);
+        if (stop == end)
             return;
-        start = end + 1 + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n');
+        start = stop + 1 + (*stop == '\r' && stop + 1 != end && stop[1] == '\n');
     }
 }
 
-RecordLine recordLine(const Fields &f, qint64 number, const QByteArray &document)
+RecordLine recordLine(const Fields &f, qint64 number, QByteArrayView document)
 {
     using namespace Exchange;
     RecordLine line;
@@ -134,6 +132,13 @@ TrackLine trackLine(const Fields &f, qint64 number)
     return line;
 }
 
+// The line that starts at `offset`, without its end.
+QByteArrayView lineAt(QByteArrayView utf8, qsizetype offset)
+{
+    const QByteArrayView rest = utf8.sliced(offset);
+    return rest.first(std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; }) - rest.begin());
+}
+
 } // namespace
 
 namespace ExchangeReader {
@@ -146,8 +151,10 @@ ImportFile read(QByteArray utf8)
     static const QByteArray recordMarker = Exchange::kRecordMarker.toUtf8();
     static const QByteArray trackMarker = Exchange::kTrackMarker.toUtf8();
 
-    // Nearly every line of a large file is a track line: their list is made once, not grown.
-    file.trackStarts.reserve(file.text.count('\n') + 1);
+    // The lists are made once, not grown; what no line takes is never touched.
+    const qsizetype lines = file.text.count('\n') + 1;
+    file.recordStarts.reserve(lines);
+    file.trackStarts.reserve(lines);
     enum class Section { None, Records, Tracks } section = Section::None;
     bool seenRecords = false;
     forEachLine(file.text, [&](QByteArrayView line, qint64 number) {
@@ -165,24 +172,20 @@ ImportFile read(QByteArray utf8)
         }
         if (line.isEmpty())
             return;
-        if (section == Section::Records)
-            file.records.append(recordLine(Fields(line), number, file.text));
-        else if (section == Section::Tracks)
-            file.trackStarts.append({line.data() - file.text.constData(), number});
+        if (section != Section::None)
+            (section == Section::Records ? file.recordStarts : file.trackStarts).append({line.data() - file.text.constData(), number});
     });
     return file;
 }
 
+RecordLine recordLineAt(QByteArrayView utf8, LineStart start)
+{
+    return recordLine(Fields(lineAt(utf8, start.offset)), start.number, utf8);
+}
+
 TrackLine trackLineAt(QByteArrayView utf8, LineStart start)
 {
-    QByteArrayView line = utf8.sliced(start.offset);
-    for (qsizetype i = 0; i < line.size(); ++i) {
-        if (line[i] == '\n' || line[i] == '\r') {
-            line.truncate(i);
-            break;
-        }
-    }
-    return trackLine(Fields(line), start.number);
+    return trackLine(Fields(lineAt(utf8, start.offset)), start.number);
 }
 
 Result<ImportCounts> importAll(Store &store, QByteArray utf8)

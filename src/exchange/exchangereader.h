@@ -23,10 +23,12 @@ inline const QString kFoundTracks = QStringLiteral("Found [TRACKCOLLECTION]");
 // duplicates.
 namespace ExchangeReader {
 
-// Reads the UTF-8 bytes in place: only the fields' texts become strings, the covers stay bytes.
+// Reads the UTF-8 bytes in place: only where each line starts is kept; its fields become
+// strings when the line is merged, and the covers stay bytes.
 [[nodiscard]] ImportFile read(QByteArray utf8);
 
-// The track line that starts there in the bytes.
+// The record or track line that starts there in the bytes.
+[[nodiscard]] RecordLine recordLineAt(QByteArrayView utf8, LineStart start);
 [[nodiscard]] TrackLine trackLineAt(QByteArrayView utf8, LineStart start);
 
 // Reads and merges the whole file (command line, tests, benchmark).

@@ -87,12 +87,12 @@ std::optional<double> readNumber(const QString &text)
 
 Error notA(const QString &title, const QString &text, const QString &what)
 {
-    return Error{u"%1 \"%2\" is not %3"_s.arg(title, text, what)};
+    return Error{u"%1 \"%2\" is not %3"_s.arg(title, excerpt(text), what)};
 }
 
 Error outOfRange(const QString &title, const QString &text)
 {
-    return Error{u"%1 \"%2\" is out of range"_s.arg(title, text)};
+    return Error{u"%1 \"%2\" is out of range"_s.arg(title, excerpt(text))};
 }
 
 } // namespace
@@ -218,5 +218,10 @@ std::optional<QDateTime> parseIsoDate(const QString &text)
 PB_FILE_ATTRIBUTE_FUNCTIONS(Vinyl)
 PB_FILE_ATTRIBUTE_FUNCTIONS(Track)
 #undef PB_FILE_ATTRIBUTE_FUNCTIONS
+
+QString excerpt(const QString &text)
+{
+    return text.size() <= kExcerptLength ? text : text.first(kExcerptLength - 1) + u'\u2026';
+}
 
 } // namespace FileAttributes

@@ -70,4 +70,9 @@ void clear(const FileAttribute<Entity> &attribute, Entity &object);
 // day reads as the first) or an ISO date and time, as local time; nullopt for anything else.
 [[nodiscard]] std::optional<QDateTime> parseIsoDate(const QString &text);
 
+// A value as a problem quotes it: at most kExcerptLength characters, a longer one cut and ending
+// in "…", so that a problem never holds a whole line of a file.
+constexpr qsizetype kExcerptLength = 40;
+[[nodiscard]] QString excerpt(const QString &text);
+
 } // namespace FileAttributes

@@ -10,11 +10,26 @@
 
 using namespace Qt::StringLiterals;
 
+RecordLine ImportFile::record(qsizetype index) const
+{
+    if (lines)
+        return lines->record(text, index);
+    return ExchangeReader::recordLineAt(text, recordStarts.at(index));
+}
+
 TrackLine ImportFile::track(qsizetype index) const
 {
-    if (trackStarts.isEmpty())
-        return tracks.at(index);
+    if (lines)
+        return lines->track(text, index);
     return ExchangeReader::trackLineAt(text, trackStarts.at(index));
+}
+
+QList<RecordLine> ImportFile::recordLines() const
+{
+    QList<RecordLine> all;
+    for (qsizetype i = 0; i < recordCount(); ++i)
+        all.append(record(i));
+    return all;
 }
 
 namespace ImportFiles {
@@ -42,7 +57,7 @@ QString summary(const ImportFile &file)
     const auto count = [&locale](qsizetype n, const QString &one, const QString &many) -> QString {
         return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
     };
-    QString text = formatName(file.format) + u": "_s + count(file.records.size(), u"record"_s, u"records"_s);
+    QString text = formatName(file.format) + u": "_s + count(file.recordCount(), u"record"_s, u"records"_s);
     if (file.trackCount() > 0)
         text += u", "_s + count(file.trackCount(), u"track"_s, u"tracks"_s);
     return text;
@@ -53,15 +68,17 @@ ImportFile read(QByteArray utf8)
     if (Exchange::hasRecordSection(utf8) || Exchange::hasTrackSection(utf8))
         return ExchangeReader::read(std::move(utf8));
     ImportFile file;
-    // CSV files hold no pictures: they are small enough to read as text.
-    const QList<Csv::Row> rows = Csv::parse(QString::fromUtf8(utf8));
-    if (!rows.isEmpty() && rows.first().error.isEmpty()) {
-        if (DiscogsCsv::recognises(rows.first().fields))
-            DiscogsCsv::read(rows, file);
-        else if (CollectionCsv::sectionOf(rows.first().fields) != CollectionCsv::Section::None)
-            CollectionCsv::read(rows, file);
-    }
     file.text = std::move(utf8);
+    QList<Csv::RowStart> rows = Csv::rowStarts(file.text);
+    if (rows.isEmpty())
+        return file;
+    const Csv::Row header = Csv::rowAt(file.text, rows.first());
+    if (!header.error.isEmpty())
+        return file;
+    if (DiscogsCsv::recognises(header.fields))
+        DiscogsCsv::read(std::move(rows), file);
+    else if (CollectionCsv::sectionOf(header.fields) != CollectionCsv::Section::None)
+        CollectionCsv::read(std::move(rows), file);
     return file;
 }
 

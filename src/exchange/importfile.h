@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <memory>
+
 // A file to import, read line by line into what each line asks of the store, whatever the
 // file's format. Reading never touches the store; ImportMerge decides and applies.
 
@@ -59,24 +61,40 @@ struct LineStart
     qint64 number = 0;
 };
 
+// The lines of a CSV file, kept in a compact form and read from the file's bytes when asked for.
+class ImportLines
+{
+public:
+    virtual ~ImportLines() = default;
+    [[nodiscard]] virtual qsizetype recordCount() const = 0;
+    [[nodiscard]] virtual qsizetype trackCount() const = 0;
+    [[nodiscard]] virtual RecordLine record(QByteArrayView utf8, qsizetype index) const = 0;
+    [[nodiscard]] virtual TrackLine track(QByteArrayView utf8, qsizetype index) const = 0;
+};
+
 struct ImportFile
 {
     ImportFormat format = ImportFormat::Unknown;
     QByteArray text; // the whole file, UTF-8: covers are read from it in place
-    QList<RecordLine> records;
-    // Track lines read whole (CSV files) or, in an exchange file, only where they start: they
-    // are read when asked for, since a large collection has hundreds of thousands.
-    QList<TrackLine> tracks;
+    // Lines are kept only as where they start (an exchange file) or in a CSV reader's compact
+    // form, and read when asked for: a file can hold millions, and a line read whole weighs far
+    // more than its bytes.
+    QList<LineStart> recordStarts;
     QList<LineStart> trackStarts;
+    std::shared_ptr<const ImportLines> lines;
     // Columns of a CSV file that nothing is read from.
     QStringList ignoredColumns;
     // What the preview tells about the whole file: how the file's texts were taken (condition
     // texts and the grades they became).
     QStringList remarks;
 
-    [[nodiscard]] qsizetype trackCount() const { return tracks.size() + trackStarts.size(); }
+    [[nodiscard]] qsizetype recordCount() const { return lines ? lines->recordCount() : recordStarts.size(); }
+    [[nodiscard]] RecordLine record(qsizetype index) const;
+    [[nodiscard]] qsizetype trackCount() const { return lines ? lines->trackCount() : trackStarts.size(); }
     [[nodiscard]] TrackLine track(qsizetype index) const;
-    [[nodiscard]] qint64 lineCount() const { return records.size() + trackCount(); }
+    // Every record line read, for a file known to be small.
+    [[nodiscard]] QList<RecordLine> recordLines() const;
+    [[nodiscard]] qint64 lineCount() const { return recordCount() + trackCount(); }
     [[nodiscard]] QByteArrayView span(TextSpan s) const { return QByteArrayView(text).sliced(s.from, s.size); }
 };
 

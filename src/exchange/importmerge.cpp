@@ -49,6 +49,16 @@ QList<FieldChange> changes(const QList<FileAttribute<Entity>> &table, const Enti
     return list;
 }
 
+// Whether every attribute the line gives is the stored track's already.
+bool leavesAsItIs(const Track &given, const Track &stored)
+{
+    for (const TrackAttribute &attribute : FileAttributes::tracks()) {
+        if (FileAttributes::has(attribute, given) && !FileAttributes::same(attribute, given, stored))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 ImportMerge::ImportMerge(Store &store, const ImportFile &file, Mode mode) : m_store(store), m_file(file), m_mode(mode) {}
@@ -58,7 +68,7 @@ Result<ImportMerge::Preview> ImportMerge::preview(Store &store, const ImportFile
     ImportMerge merge(store, file, Mode::Preview);
     if (auto r = merge.run(progress); !r)
         return r.error();
-    return Preview{std::move(merge.m_counts), std::move(merge.m_outcomes)};
+    return Preview{std::move(merge.m_counts), std::move(merge.m_outcomes), std::move(merge.m_details)};
 }
 
 Result<ImportCounts> ImportMerge::apply(Store &store, const ImportFile &file, const Progress &progress)
@@ -137,7 +147,7 @@ Result<void> ImportMerge::run(const Progress &progress)
 Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &progress)
 {
     const qint64 total = m_file.lineCount();
-    const qint64 records = m_file.records.size();
+    const qint64 records = m_file.recordCount();
     for (qint64 next = from; next < to; ++next) {
         if (progress && next % kProgressEvery == 0 && !progress(next, total))
             return false;
@@ -152,12 +162,12 @@ Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &pro
 
 Result<void> ImportMerge::buildLookups()
 {
-    // Only what is present can match: a record without a name matches no line.
+    // Only what is present can match: a record without a name matches no line. An empty
+    // artist is an artist too: a line without one matches a record without one.
     QSqlQuery q(m_store.database());
     q.setForwardOnly(true);
-    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL AND artist IS NOT NULL ORDER BY rowid"_s))
+    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL ORDER BY rowid"_s))
         return sqlError(u"Cannot read the records"_s, q.lastError());
-    m_records.reserve(m_file.records.size());
     while (q.next()) {
         StoredRecord stored{q.value(0).toLongLong(), std::nullopt};
         if (!q.isNull(3))
@@ -168,8 +178,12 @@ Result<void> ImportMerge::buildLookups()
     if (!q.exec(u"SELECT MAX(id) FROM Vinyl"_s) || !q.next())
         return sqlError(u"Cannot read the records"_s, q.lastError());
     int highestId = q.value(0).toInt();
-    for (const RecordLine &line : m_file.records)
-        highestId = std::max(highestId, int(number(line.values.id)));
+    // Exchange lines keep their numbers (or none) and Discogs rows give none: only spreadsheet
+    // lines take new ones, after the highest the file gives.
+    if (m_file.format == ImportFormat::Spreadsheet) {
+        for (qsizetype i = 0; i < m_file.recordCount(); ++i)
+            highestId = std::max(highestId, int(number(m_file.record(i).values.id)));
+    }
     m_nextId = highestId + 1;
     if (m_file.trackCount() == 0)
         return {};
@@ -199,15 +213,30 @@ void ImportMerge::record(ImportOutcome::Kind kind, bool track, int index, QList<
         {&m_counts.tracksAdded, &m_counts.tracksUpdated, &m_counts.tracksUnchanged},
     };
     ++*counts[track][kind];
-    if (m_mode == Mode::Preview)
-        m_outcomes.append({kind, track, index, std::move(changes), {}});
+    if (m_mode != Mode::Preview)
+        return;
+    m_outcomes.append({kind, track, index, changes.isEmpty() ? -1 : int(m_details.size())});
+    if (!changes.isEmpty())
+        m_details.append({std::move(changes), {}});
 }
 
-void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem)
+void ImportMerge::skip(bool track, int index, qint64 line, const QString &problem, bool linesOwn)
 {
-    m_counts.problems.append({line, problem});
-    if (m_mode == Mode::Preview)
-        m_outcomes.append({ImportOutcome::Problem, track, index, {}, problem});
+    if (m_counts.problems.size() < ImportCounts::kListedProblems)
+        m_counts.problems.append({line, problem});
+    else
+        ++m_counts.moreProblems;
+    if (m_mode != Mode::Preview)
+        return;
+    int detail = -1;
+    if (!linesOwn) {
+        detail = m_problemDetails.value(problem, int(m_details.size()));
+        if (detail == m_details.size()) {
+            m_problemDetails.insert(problem, detail);
+            m_details.append({{}, problem});
+        }
+    }
+    m_outcomes.append({ImportOutcome::Problem, track, index, detail});
 }
 
 qint64 ImportMerge::takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id)
@@ -251,9 +280,9 @@ std::optional<QByteArray> ImportMerge::decodeImage(TextSpan span, const QString 
 
 Result<void> ImportMerge::mergeRecord(int index)
 {
-    const RecordLine &line = m_file.records.at(index);
+    const RecordLine line = m_file.record(index);
     if (!line.problem.isEmpty()) {
-        skip(false, index, line.line, line.problem);
+        skip(false, index, line.line, line.problem, true);
         return {};
     }
 
@@ -287,7 +316,7 @@ Result<void> ImportMerge::mergeRecord(int index)
     if (!updating) {
         if (!v.id && m_file.format != ImportFormat::Exchange) {
             if (m_nextId > std::numeric_limits<qint16>::max()) {
-                skip(false, index, line.line, kNoRecordNumberLeft);
+                skip(false, index, line.line, kNoRecordNumberLeft, false);
                 return {};
             }
             v.id = qint16(m_nextId++);
@@ -304,6 +333,7 @@ Result<void> ImportMerge::mergeRecord(int index)
 
     const bool withTexts = m_mode == Mode::Preview;
     QList<FieldChange> changed = changes(FileAttributes::records(), before, v, withTexts);
+    std::optional<Result<std::array<ExchangeEncoding, 2>>> exported; // read when a cover differs
     for (const auto &[side, cover, title] : {std::tuple{CoverSide::Front, &v.frontImage, u"Front Cover"_s},
                                              std::tuple{CoverSide::Back, &v.backImage, u"Back Cover"_s}}) {
         if (!*cover)
@@ -311,7 +341,17 @@ Result<void> ImportMerge::mergeRecord(int index)
         auto stored = m_store.coverImage(v.rowId, side);
         if (!stored)
             return stored.error();
-        if (*stored == **cover) {
+        bool same = *stored == **cover;
+        if (!same) {
+            // An exported file carries the JPEG made of the stored picture rather than the
+            // picture itself: that JPEG is the same cover, and the stored picture stays.
+            if (!exported)
+                exported = m_store.exchangeEncodings(v.rowId);
+            if (!*exported)
+                return exported->error();
+            same = (**exported)[side == CoverSide::Front ? 0 : 1].kept == **cover;
+        }
+        if (same) {
             cover->reset();
             continue;
         }
@@ -339,11 +379,26 @@ Result<void> ImportMerge::mergeTrack(int index)
 {
     const TrackLine line = m_file.track(index);
     if (!line.problem.isEmpty()) {
-        skip(true, index, line.line, line.problem);
+        skip(true, index, line.line, line.problem, true);
         return {};
     }
     const Track &given = line.values;
-    const auto match = given.vinylID ? m_tracks.find(TrackKey{*given.vinylID, text(given.song)}) : m_tracks.end();
+    // A song can recur on a record: of the stored tracks with the line's record and song, the
+    // one the line leaves as it is, else the oldest. Only a few are looked at (the oldest of
+    // those is taken), so that thousands of tracks of one song still merge in linear time.
+    constexpr int kLookedAt = 16;
+    auto match = m_tracks.end();
+    if (given.vinylID) {
+        auto [it, last] = m_tracks.equal_range(TrackKey{*given.vinylID, text(given.song)});
+        for (int looked = 0; it != last && looked < kLookedAt; ++it, ++looked) {
+            if (match == m_tracks.end() || it->rowId < match->rowId)
+                match = it;
+            if (leavesAsItIs(given, *it)) {
+                match = it;
+                break;
+            }
+        }
+    }
     if (match == m_tracks.end()) {
         if (m_mode == Mode::Apply) {
             Track t = given;
@@ -383,7 +438,7 @@ Result<void> ImportMerge::mergeTrack(int index)
 QString ImportMerge::countsText(const ImportCounts &counts)
 {
     const QLocale locale;
-    const qint64 problems = counts.problems.size();
+    const qint64 problems = counts.problemCount();
     return u"%1 new, %2 updated, %3 unchanged, %4 %5"_s.arg(locale.toString(counts.added()),
                                                            locale.toString(counts.updated()),
                                                            locale.toString(counts.unchanged()), locale.toString(problems),

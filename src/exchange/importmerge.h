@@ -27,6 +27,8 @@ inline const QString kStopped = QStringLiteral(
 inline const QString kPartlyImported = QStringLiteral(
     "The first %1 lines of the file were imported before it; Undo Last Import puts the collection back as it was.");
 inline const QString kNothingImported = QStringLiteral("Nothing was imported; the collection is as it was.");
+// Follows the problems listed: "%1" more lines were skipped.
+inline const QString kMoreProblems = QStringLiteral("and %1 more");
 } // namespace ImportMessages
 
 // One field a line changes on a stored record or track, as the preview shows it.
@@ -37,15 +39,22 @@ struct FieldChange
     QString after;
 };
 
-// What one line of a file does to the store.
+// What one line of a file does to the store. A preview keeps one for every line of a file that
+// can hold millions, so it is small: what an update changes and why a line is skipped are kept
+// apart, for those lines only.
 struct ImportOutcome
 {
     enum Kind : quint8 { New, Updated, Unchanged, Problem };
     Kind kind = New;
     bool track = false;
-    int index = 0; // in ImportFile::records or ImportFile::tracks
+    int index = 0;   // among the file's records or tracks
+    int detail = -1; // in ImportMerge::Preview::details, for an update or a problem
+};
+
+struct ImportDetail
+{
     QList<FieldChange> changes; // of an update
-    QString problem;            // why a problem line is skipped
+    QString problem;            // why a problem line is skipped, when not the line's own problem
 };
 
 struct ImportProblem
@@ -64,7 +73,11 @@ struct ImportCounts
     qint64 tracksUpdated = 0;
     qint64 tracksUnchanged = 0;
     qint64 unreadableImages = 0;
-    QList<ImportProblem> problems; // the lines skipped, in file order
+    // The first lines skipped, in file order, up to kListedProblems; the rest are counted only,
+    // since every line of a crafted file can be a problem.
+    static constexpr qsizetype kListedProblems = 1000;
+    QList<ImportProblem> problems;
+    qint64 moreProblems = 0;
     // An import stopped by a cancel: the store holds the first linesApplied lines of the file.
     bool stopped = false;
     qint64 linesApplied = 0;
@@ -72,16 +85,19 @@ struct ImportCounts
     [[nodiscard]] qint64 added() const { return recordsAdded + tracksAdded; }
     [[nodiscard]] qint64 updated() const { return recordsUpdated + tracksUpdated; }
     [[nodiscard]] qint64 unchanged() const { return recordsUnchanged + tracksUnchanged; }
+    [[nodiscard]] qint64 problemCount() const { return problems.size() + moreProblems; }
 };
 
 // Merges the lines of an import file into the store, or only says what merging would do: a
 // preview runs the very same decisions without writing.
 //
-// Records are matched by name and artist and tracks by vinylID and song, so importing the same
-// file again updates rather than duplicates. Matching only ever finds what was stored before the
+// Records are matched by name and artist (no artist matches no artist) and tracks by vinylID
+// and song, so importing the same file again updates rather than duplicates. Matching only ever finds what was stored before the
 // import: a record or track that an earlier line of the file created or updated is not matched
 // again, so two pressings of one album (or two tracks of one name) stay two. Where several
-// stored records share a name and artist, the one whose id equals the line's is taken first.
+// stored records share a name and artist, the one whose id equals the line's is taken first;
+// where several stored tracks share a vinylID and song, the one the line leaves as it is, else
+// the oldest.
 // A line that changes nothing writes nothing. Lines with a problem are skipped. A new record from
 // a CSV file that gives it no number takes the next free one (tracks refer to records by it);
 // exchange files keep the numbers they give.
@@ -96,6 +112,7 @@ public:
     {
         ImportCounts counts;
         QList<ImportOutcome> outcomes; // one per line: records first, then tracks
+        QList<ImportDetail> details;
     };
 
     // What merging the file would do; the store is only read.
@@ -127,7 +144,9 @@ private:
     qint64 takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id);
     // Counts a new, updated or unchanged line, and keeps its outcome for a preview.
     void record(ImportOutcome::Kind kind, bool track, int index, QList<FieldChange> changes = {});
-    void skip(bool track, int index, qint64 line, const QString &problem);
+    // A line skipped for its own problem, which a preview reads again from the line, or for
+    // one the merge found.
+    void skip(bool track, int index, qint64 line, const QString &problem, bool linesOwn);
 
     using RecordKey = QPair<QString, QString>; // name, artist
     using TrackKey = QPair<qint16, QString>;   // vinylID, song
@@ -147,6 +166,8 @@ private:
     int m_nextId = 1; // for new records that the file gives no number
     ImportCounts m_counts;
     QList<ImportOutcome> m_outcomes;
+    QList<ImportDetail> m_details;
+    QHash<QString, int> m_problemDetails; // the detail of each problem the merge found
     // The date of the values the import brings: one moment for the whole file.
     QDateTime m_started = QDateTime::currentDateTime();
 };

@@ -6,11 +6,13 @@ using namespace Qt::StringLiterals;
 
 ImportPreviewModel::ImportPreviewModel(QObject *parent) : QAbstractListModel(parent) {}
 
-void ImportPreviewModel::setPreview(std::shared_ptr<const ImportFile> file, QList<ImportOutcome> outcomes)
+void ImportPreviewModel::setPreview(std::shared_ptr<const ImportFile> file, QList<ImportOutcome> outcomes,
+                                    QList<ImportDetail> details)
 {
     beginResetModel();
     m_file = std::move(file);
     m_outcomes = std::move(outcomes);
+    m_details = std::move(details);
     m_rows.clear();
     m_kind = kAllKinds;
     select();
@@ -19,7 +21,7 @@ void ImportPreviewModel::setPreview(std::shared_ptr<const ImportFile> file, QLis
 
 void ImportPreviewModel::clear()
 {
-    setPreview(nullptr, {});
+    setPreview(nullptr, {}, {});
 }
 
 void ImportPreviewModel::showKind(int kind)
@@ -52,8 +54,10 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
     Row row;
     row.kindLabel = kinds[outcome.kind];
     QString remark;
+    QString problem; // the line's own
     if (outcome.track) {
         const TrackLine line = m_file->track(outcome.index);
+        problem = line.problem;
         const Track &t = line.values;
         row.lineLabel = u"Line %1"_s.arg(line.line);
         row.titleLabel = text(t.song);
@@ -62,7 +66,8 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         if (t.vinylID)
             row.titleLabel += u" (record %1)"_s.arg(*t.vinylID);
     } else {
-        const RecordLine &line = m_file->records.at(outcome.index);
+        const RecordLine line = m_file->record(outcome.index);
+        problem = line.problem;
         const Vinyl &v = line.values;
         row.lineLabel = u"Line %1"_s.arg(line.line);
         row.titleLabel = text(v.name);
@@ -80,10 +85,11 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         if (!line.remark.isEmpty() && outcome.kind != ImportOutcome::Problem)
             remark += (remark.isEmpty() ? QString() : u"\n"_s) + line.remark;
     }
+    const ImportDetail detail = outcome.detail >= 0 ? m_details.value(outcome.detail) : ImportDetail();
     if (outcome.kind == ImportOutcome::Problem)
-        remark = outcome.problem;
+        remark = outcome.detail >= 0 ? detail.problem : problem;
     QStringList details;
-    for (const FieldChange &change : outcome.changes)
+    for (const FieldChange &change : detail.changes)
         details.append(u"%1: %2 \u2192 %3"_s.arg(change.field, change.before, change.after));
     if (!remark.isEmpty())
         details.append(remark);

@@ -38,7 +38,7 @@ public:
 
     explicit ImportPreviewModel(QObject *parent = nullptr);
 
-    void setPreview(std::shared_ptr<const ImportFile> file, QList<ImportOutcome> outcomes);
+    void setPreview(std::shared_ptr<const ImportFile> file, QList<ImportOutcome> outcomes, QList<ImportDetail> details);
     void clear();
     // Shows only the lines of one kind, or every line (kAllKinds).
     void showKind(int kind);
@@ -61,6 +61,7 @@ private:
 
     std::shared_ptr<const ImportFile> m_file;
     QList<ImportOutcome> m_outcomes;
+    QList<ImportDetail> m_details;
     QList<int> m_shown; // outcome indices, in the order shown
     int m_kind = kAllKinds;
     mutable QHash<int, Row> m_rows; // by outcome index, made when first shown

@@ -122,7 +122,7 @@ void ImportViewController::previewDone(const Result<void> &result)
     m_formatLabel = ImportFiles::summary(*m_file);
     m_countsLabel = ImportMerge::countsText(m_counts);
     m_remarksLabel = remarks(*m_file);
-    m_preview.setPreview(m_file, std::move(work->preview.outcomes));
+    m_preview.setPreview(m_file, std::move(work->preview.outcomes), std::move(work->preview.details));
     emit changed();
     emit previewFinished();
     showAlert(kTitle, kLoaded);
@@ -188,10 +188,11 @@ QString ImportViewController::completionMessage() const
     const QList<ImportProblem> &problems = m_counts.problems;
     if (!problems.isEmpty()) {
         message += u"\n\nSkipped:"_s;
-        for (qsizetype i = 0; i < std::min<qsizetype>(problems.size(), kListedProblems); ++i)
+        const qsizetype listed = std::min<qsizetype>(problems.size(), kListedProblems);
+        for (qsizetype i = 0; i < listed; ++i)
             message += u'\n' + ImportMerge::problemText(problems.at(i));
-        if (problems.size() > kListedProblems)
-            message += u"\nand %1 more"_s.arg(QLocale().toString(problems.size() - kListedProblems));
+        if (m_counts.problemCount() > listed)
+            message += u'\n' + ImportMessages::kMoreProblems.arg(QLocale().toString(m_counts.problemCount() - listed));
     }
     return message + unreadableNote(m_counts.unreadableImages);
 }

@@ -55,6 +55,7 @@ private slots:
         const QString file = u"[VINYLCOLLECTION]\n"_s + kLine + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n4.1^Second^2^3^\n"_s;
         QTest::newRow("LF") << file << 1 << 2;
         QTest::newRow("CR LF") << QString(file).replace(u"\n"_s, u"\r\n"_s) << 1 << 2;
+        QTest::newRow("CR") << QString(file).replace(u"\n"_s, u"\r"_s) << 1 << 2;
         QTest::newRow("empty lines are skipped") << QString(file).replace(u"\n"_s, u"\n\n"_s) << 1 << 2;
         QTest::newRow("no record marker") << QString(file).remove(u"[VINYLCOLLECTION]\n"_s) << 0 << 2;
         QTest::newRow("no track marker: tracks are not records")
@@ -259,6 +260,18 @@ private slots:
         const qint64 writes = t.store().writeCount();
         QVERIFY(ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + line + u"\n"_s).toUtf8()).ok());
         QCOMPARE(t.store().writeCount(), writes); // the same covers again change nothing
+    }
+
+    // An exported file carries JPEGs made of the stored pictures: imported back, they change nothing.
+    void exportedCoversImportBackUnchanged()
+    {
+        TestApp t;
+        const QString png = base64Png();
+        QVERIFY(ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + kLine.chopped(1) + png + u'^').toUtf8()).ok());
+        auto counts = ExchangeReader::importAll(t.store(), ExchangeWriter::build(t.store(), true).valueOr({}));
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->recordsUnchanged, 1);
+        QCOMPARE(records(t.store()).value(0).frontImage, QByteArray::fromBase64(png.toLatin1()));
     }
 
     void recordsMatchByNameAndArtistExactly()

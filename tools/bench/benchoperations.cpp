@@ -548,9 +548,80 @@ void measureUiPauses(BenchReport &report, BenchCollection &c)
     QFile::remove(file);
 }
 
+// Exchange and CSV files that a careless program or a hostile sender could make, previewed and imported
+// as the import screen does. Their line ends must not make reading slow, and no shape may hold
+// more than a small multiple of the file's size.
+struct CraftedFile
+{
+    QString name;
+    QByteArray head;                      // the section marker or header line
+    std::function<QByteArray(int)> line; // line n, with its line end
+    qint64 bytes;                         // the file's size, reached by repeating lines
+};
+
+QList<CraftedFile> craftedFiles()
+{
+    constexpr qint64 kTenMb = 10 * 1024 * 1024;
+    // 100,000 track lines of 50 bytes, each numbered so that none matches another.
+    const auto trackLine = [](const char *end) {
+        // Explicit return types: a sum of byte arrays is a builder that must not outlive them.
+        return [end](int n) -> QByteArray {
+            QByteArray line = "3.45^Song " + QByteArray::number(n).rightJustified(6, '0') + "^1^1^";
+            return line.leftJustified(50 - qstrlen(end), 'w') + end;
+        };
+    };
+    const QByteArray records = Exchange::kRecordMarker.toUtf8() + '\n';
+    const QByteArray tracks = Exchange::kTrackMarker.toUtf8() + '\n';
+    const QByteArray badFields = QByteArray("x^").repeated(Exchange::kRecordFieldCount - 1) + "x\n";
+    return {
+        {u"100,000 track lines ending in LF"_s, tracks, trackLine("\n"), 5'000'000},
+        {u"100,000 track lines ending in CR LF"_s, tracks, trackLine("\r\n"), 5'000'000},
+        {u"100,000 track lines ending in CR"_s, tracks, trackLine("\r"), 5'000'000},
+        {u"10 MB of empty lines"_s, records, [](int) { return QByteArray("\n"); }, kTenMb},
+        {u"10 MB of \"^\" record lines"_s, records, [](int) { return QByteArray("^\n"); }, kTenMb},
+        {u"10 MB of one-field track lines"_s, tracks, [](int) { return QByteArray("1\n"); }, kTenMb},
+        {u"10 MB of record lines, every field bad"_s, records, [badFields](int) { return badFields; }, kTenMb},
+        {u"one record line of 10 MB"_s, records,
+         [](int) -> QByteArray { return "^^^^^^One long line^" + QByteArray(kTenMb, 'n') + '\n'; }, kTenMb},
+        {u"10 MB of one-field CSV rows"_s, "name\n", [](int) { return QByteArray("a\n"); }, kTenMb},
+        {u"10 MB of Discogs rows, each a problem"_s, "Artist,Title,release_id\n",
+         [](int n) -> QByteArray { return "A,," + QByteArray::number(n) + '\n'; }, kTenMb},
+        {u"one CSV field of 10 MB"_s, "name\n", [](int) -> QByteArray { return '"' + QByteArray(kTenMb, 'n') + "\"\n"; },
+         kTenMb},
+        {u"one CSV row of 10 MB of commas"_s, "name\n", [](int) -> QByteArray { return 'x' + QByteArray(kTenMb, ',') + '\n'; },
+         kTenMb},
+        {u"10 MB of Discogs copies of one release"_s, "Artist,Title,release_id\n", [](int) { return QByteArray("A,T,1\n"); },
+         kTenMb},
+    };
+}
+
 } // namespace
 
-int runImport(const QString &file)
+void measureCraftedFiles(BenchReport &report, const QString &folder)
+{
+    for (const CraftedFile &crafted : craftedFiles()) {
+        QByteArray bytes = crafted.head;
+        bytes.reserve(crafted.bytes + crafted.head.size());
+        int lines = 0;
+        while (bytes.size() < crafted.bytes)
+            bytes += crafted.line(lines++);
+        const QString file = QDir(folder).filePath(u"crafted.csv"_s);
+        QFile out(file);
+        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size()) {
+            std::fprintf(stderr, "bench: cannot write %s\n", qPrintable(file));
+            return;
+        }
+        out.close();
+        bytes.clear();
+        bytes.squeeze();
+        if (const auto figures = inOwnProcess({u"--import"_s, file, u"--preview"_s}))
+            report.add({u"crafted: "_s + crafted.name, lines, figures->first, std::nullopt, std::nullopt, std::nullopt,
+                        figures->second, 200});
+        QFile::remove(file);
+    }
+}
+
+int runImport(const QString &file, bool previewFirst)
 {
     QTemporaryDir scratch;
     auto target = AppDelegate::create(scratch.path(), true, std::make_unique<RecordingPlatformServices>());
@@ -558,8 +629,16 @@ int runImport(const QString &file)
         return 1;
     QElapsedTimer timer;
     timer.start();
-    if (!importFile((*target)->persistentContainer(), file))
+    Store &store = (*target)->persistentContainer();
+    if (previewFirst) {
+        // As the import screen does: the preview stays while the file is merged.
+        const ImportFile read = ImportFiles::read(TextFile::readUtf8(file).valueOr(QByteArray()));
+        const auto preview = ImportMerge::preview(store, read);
+        if (read.format == ImportFormat::Unknown || !preview || !ImportMerge::apply(store, read))
+            return 1;
+    } else if (!importFile(store, file)) {
         return 1;
+    }
     std::printf("%.1f %.1f\n", double(timer.nsecsElapsed()) / 1e6, peakRssMb());
     return 0;
 }

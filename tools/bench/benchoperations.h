@@ -41,5 +41,10 @@ bool openEveryScreen(const QString &dataDir);
 // `platterbox report --pdf` writes it; prints "<ms> <peak resident MB>" for the parent.
 int runCompleteReport(const QString &dataDir);
 
-// Imports the exchange file into an empty store; prints "<ms> <peak resident MB>".
-int runImport(const QString &file);
+// Imports crafted exchange files (odd line ends, millions of short lines, one huge line), each
+// in a process of its own, with its time and peak resident memory. `folder` holds them a while.
+void measureCraftedFiles(BenchReport &report, const QString &folder);
+
+// Imports the exchange file into an empty store, after previewing it when asked, as the import
+// screen does; prints "<ms> <peak resident MB>".
+int runImport(const QString &file, bool previewFirst);

@@ -4,7 +4,8 @@
 // "--resident DIR" form opens a collection's screens in a fresh process and prints its peak
 // resident memory, so the figure is not raised by the benchmark's own export and import; the
 // "--complete-report DIR" form writes the complete printed report the same way, and the
-// "--import FILE" form imports an exchange file into an empty store.
+// "--import FILE [--preview]" form imports an exchange file into an empty store (previewed
+// first, as the import screen does).
 #include "appdelegate.h"
 #include "bench.h"
 #include "benchoperations.h"
@@ -56,13 +57,19 @@ int main(int argc, char *argv[])
     if (arguments.value(1) == u"--complete-report"_s)
         return runCompleteReport(arguments.value(2));
     if (arguments.value(1) == u"--import"_s)
-        return runImport(arguments.value(2));
+        return runImport(arguments.value(2), arguments.value(3) == u"--preview"_s);
 
     const QString outDir = arguments.value(1, u"build/bench"_s);
     QDir().mkpath(outDir);
 
     BenchReport report;
     report.print();
+    // PLATTERBOX_BENCH_ONLY="crafted" imports the crafted files alone, with no collection.
+    const QStringList only = qEnvironmentVariable("PLATTERBOX_BENCH_ONLY").split(u',', Qt::SkipEmptyParts);
+    if (only.isEmpty() || only.contains(u"crafted"_s))
+        measureCraftedFiles(report, outDir);
+    if (only == QStringList{u"crafted"_s})
+        return report.writeJson(QDir(outDir).filePath(u"results.json"_s), peakRssMb()) ? 0 : 1;
     std::optional<double> resident;
     // PLATTERBOX_BENCH_SIZES="1000,10000" runs a quicker subset.
     QList<int> sizes{1000, 10000, 32767};
