@@ -47,11 +47,10 @@ QThreadStorage<ThreadConnection *> s_connections;
 QByteArray readCover(const QString &storeFile, qint64 rowId, bool front)
 {
     if (!s_connections.hasLocalData()) {
-        auto *c = new ThreadConnection{u"platterbox-covers-"_s + QString::number(++s_connectionCounter)};
+        auto *c = new ThreadConnection{u"platterbox-covers-"_s + QString::number(++s_connectionCounter), storeFile};
         QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, c->name);
         Store::configureReader(db, storeFile);
         db.open();
-        c->storeFile = storeFile;
         s_connections.setLocalData(c);
     }
     QSqlDatabase db = QSqlDatabase::database(s_connections.localData()->name, false);
