@@ -24,14 +24,6 @@ TrackLine ImportFile::track(qsizetype index) const
     return ExchangeReader::trackLineAt(text, trackStarts.at(index));
 }
 
-QList<RecordLine> ImportFile::recordLines() const
-{
-    QList<RecordLine> all;
-    for (qsizetype i = 0; i < recordCount(); ++i)
-        all.append(record(i));
-    return all;
-}
-
 namespace ImportFiles {
 
 QString formatName(ImportFormat format)

@@ -92,8 +92,6 @@ struct ImportFile
     [[nodiscard]] RecordLine record(qsizetype index) const;
     [[nodiscard]] qsizetype trackCount() const { return lines ? lines->trackCount() : trackStarts.size(); }
     [[nodiscard]] TrackLine track(qsizetype index) const;
-    // Every record line read, for a file known to be small.
-    [[nodiscard]] QList<RecordLine> recordLines() const;
     [[nodiscard]] qint64 lineCount() const { return recordCount() + trackCount(); }
     [[nodiscard]] QByteArrayView span(TextSpan s) const { return QByteArrayView(text).sliced(s.from, s.size); }
 };

@@ -284,10 +284,9 @@ Result<void> seal(const QString &path, const QByteArray &placeholder)
 // Whether the file's content is what its checksum says; backups of the first format carry none.
 Result<void> verify(const QString &path, const QString &checksum, int format)
 {
-    const QString name = QFileInfo(path).fileName();
-    const Error damaged{u"%1 is damaged: its content is not what it was when it was written (its checksum differs)."_s.arg(name)};
     if (format < 2)
         return {};
+    const QString name = QFileInfo(path).fileName();
     const QByteArray stored = checksum.toLatin1();
     if (!stored.startsWith(kChecksumPrefix) || stored.size() != kChecksumPrefix.size() + kDigestDigits)
         return Error{u"%1 is damaged: its checksum is missing."_s.arg(name)};
@@ -296,7 +295,7 @@ Result<void> verify(const QString &path, const QString &checksum, int format)
         return Error{u"Cannot read %1."_s.arg(name)};
     const qsizetype offset = checksumOffset(mapped.bytes(), stored);
     if (offset < 0 || digestOf(mapped.bytes(), offset) != stored)
-        return damaged;
+        return Error{u"%1 is damaged: its content is not what it was when it was written (its checksum differs)."_s.arg(name)};
     return {};
 }
 

@@ -19,6 +19,14 @@ namespace {
 const QString kDiscogsHeader = u"Catalog#,Artist,Title,Label,Format,Rating,Released,release_id,CollectionFolder,Date Added,"
                                "Collection Media Condition,Collection Sleeve Condition,Collection Notes\n"_s;
 
+QList<RecordLine> recordLines(const ImportFile &file)
+{
+    QList<RecordLine> all;
+    for (qsizetype i = 0; i < file.recordCount(); ++i)
+        all.append(file.record(i));
+    return all;
+}
+
 QDateTime day(int y, int m, int d)
 {
     return QDateTime(QDate(y, m, d), QTime(0, 0));
@@ -259,7 +267,7 @@ private slots:
         QFETCH(QStringList, lines);
         const ImportFile file = ImportFiles::read((u"Artist,Title,Label,Format,Released,release_id\n"_s + rows).toUtf8());
         QStringList read;
-        for (const RecordLine &line : file.recordLines()) {
+        for (const RecordLine &line : recordLines(file)) {
             const Vinyl &v = line.values;
             read << u"%1: "_s.arg(line.line) + (line.problem.isEmpty() ? u"%1 x %2"_s.arg(text(v.name)).arg(number(v.quantity)) : line.problem);
         }
@@ -308,7 +316,7 @@ private slots:
         QCOMPARE(file.format, ImportFormat::Spreadsheet);
         QCOMPARE(file.ignoredColumns, ignored);
         QStringList readValues, readProblems;
-        for (const RecordLine &line : file.recordLines()) {
+        for (const RecordLine &line : recordLines(file)) {
             const Vinyl &v = line.values;
             readValues << QStringList{text(v.name), text(v.artist), text(v.recordLabel),
                                       v.releaseDate ? v.releaseDate->date().toString(Qt::ISODate) : QString(),
