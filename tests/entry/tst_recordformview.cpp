@@ -103,8 +103,17 @@ private slots:
         QQuickItem *sheet = item(u"ListPickerView"_s);
         QVERIFY(sheet);
         QTRY_VERIFY(sheet->isVisible());
-        // The first grade is the first row under the sheet's bar.
-        const QPointF row = sheet->mapToScene(QPointF(sheet->width() / 2, 44 + 24));
+        // The first grade's row, once the sheet's list has made it.
+        QQuickItem *list = nullptr;
+        for (QQuickItem *child : sheet->findChildren<QQuickItem *>()) {
+            if (child->inherits("QQuickListView"))
+                list = child;
+        }
+        QVERIFY(list);
+        QQuickItem *first = nullptr;
+        QTRY_VERIFY(QMetaObject::invokeMethod(list, "itemAtIndex", Q_RETURN_ARG(QQuickItem *, first), Q_ARG(int, 0))
+                    && first && first->height() > 0);
+        const QPointF row = first->mapToScene(QPointF(first->width() / 2, first->height() / 2));
         QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, row.toPoint());
         const QStringList grades = addScreen()->listOfVinylConditions();
         QVERIFY(!grades.isEmpty());
