@@ -1,7 +1,9 @@
 // Platterbox: a personal catalogue of a vinyl-record collection.
 #include "appdelegate.h"
 #include "appshell.h"
+#include "datafolder.h"
 #include "desktopplatformservices.h"
+#include "logging.h"
 #include "windowgeometry.h"
 
 #include <QApplication>
@@ -14,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[])
 {
-    AppShell::installConsoleFormat();
+    installConsoleFormat();
     QApplication application(argc, argv);
     QApplication::setOrganizationName(u"Platterbox"_s);
     QApplication::setApplicationName(u"Platterbox"_s);
@@ -25,12 +27,12 @@ int main(int argc, char *argv[])
     QStringList arguments = QApplication::arguments();
     bool chosen = false;
     bool malformed = false;
-    const QString dataDirOption = AppShell::takeDataDirOption(arguments, &malformed);
+    const QString dataDirOption = DataFolder::takeOption(arguments, &malformed);
     if (malformed) {
         qCritical().noquote() << u"usage: platterbox-app [--data-dir DIR] (DIR must not be empty)"_s;
         return 2;
     }
-    const QString dataDir = AppDelegate::resolveDataDir(dataDirOption, &chosen);
+    const QString dataDir = DataFolder::resolve(dataDirOption, &chosen);
     auto app = AppDelegate::create(dataDir, chosen, std::make_unique<DesktopPlatformServices>());
     if (!app) {
         // Only a store that cannot be opened ends the program.

@@ -1,7 +1,6 @@
 #include "breakdown.h"
 
 #include "collectionlist.h"
-#include "coverimageprovider.h"
 #include "formatters.h"
 #include "groupnames.h"
 
@@ -62,7 +61,6 @@ RecordCard makeCard(const Vinyl &vinyl, const BreakdownKind &kind, bool searchin
 
     RecordCard card;
     card.rowId = vinyl.rowId;
-    card.coverSource = CoverImageProvider::source(vinyl.rowId);
     card.nameLabel = (detail ? u"Album:  "_s : u"Album: "_s) + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
     if (vinyl.releaseDate)
         card.releaseDateLabel = u"Release Date: "_s + Formatters::mediumDate(*vinyl.releaseDate);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "appstate.h"
+#include "currentrecord.h"
 #include "entities.h"
 #include "fetchrequest.h"
-#include "recordcardmodel.h"
+#include "recordcard.h"
 
 #include <QList>
 #include <QString>

@@ -2,6 +2,7 @@
 
 #include "backgroundjob.h"
 #include "breakdown.h"
+#include "filteredlistpdf.h"
 #include "recordcardmodel.h"
 #include "result.h"
 #include "screencontroller.h"
@@ -9,15 +10,6 @@
 #include <functional>
 #include <optional>
 
-// What the PDF writer of a breakdown list is handed: the records shown (in the order shown,
-// without their covers), the file to write and the store to read the covers from.
-struct BreakdownPdfRequest
-{
-    const BreakdownKind &kind;
-    QList<Vinyl> records;
-    QString outputFilePath;
-    QString storeFilePath;
-};
 // Runs off the UI thread; it counts the records written and stops when cancelled, leaving
 // no file.
 using BreakdownPdfWriter = std::function<Result<void>(const BreakdownPdfRequest &, const BackgroundJob::Progress &)>;

@@ -1,7 +1,6 @@
 #include "collectionlist.h"
 
 #include "browsetexts.h"
-#include "coverimageprovider.h"
 #include "formatters.h"
 #include "textorder.h"
 
@@ -45,7 +44,6 @@ RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &text
 {
     RecordCard card;
     card.rowId = vinyl.rowId;
-    card.coverSource = CoverImageProvider::source(vinyl.rowId);
     // Sorted by year or label the name line is left as laid out (empty): the card leads
     // with what the list is sorted by instead.
     if (sortName == BrowseTexts::kSortName)

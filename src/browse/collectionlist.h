@@ -1,7 +1,7 @@
 #pragma once
 
 #include "entities.h"
-#include "recordcardmodel.h"
+#include "recordcard.h"
 
 #include <QHash>
 #include <QList>

@@ -1,5 +1,7 @@
 #include "recordcardmodel.h"
 
+#include "coverimageprovider.h"
+
 #include <numeric>
 
 RecordCardModel::RecordCardModel(QObject *parent) : QAbstractListModel(parent) {}
@@ -64,7 +66,7 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
     case SpeedLabelRole:
         return card.speedLabel;
     case CoverSourceRole:
-        return card.coverSource;
+        return CoverImageProvider::source(card.rowId);
     default:
         return {};
     }

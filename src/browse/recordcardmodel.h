@@ -1,23 +1,13 @@
 #pragma once
 
+#include "recordcard.h"
+
 #include <QAbstractListModel>
 #include <QList>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
-
-// The five text lines and the cover of one record card.
-struct RecordCard
-{
-    qint64 rowId = 0;
-    QString nameLabel;
-    QString releaseDateLabel;
-    QString producerLabel;
-    QString costLabel;
-    QString speedLabel;
-    QString coverSource;
-};
 
 // The record cards a list screen shows, in the order shown. Cards come either whole or
 // from a lookup by record index, so that a long list makes only the cards that get shown.

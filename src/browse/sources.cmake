@@ -1,6 +1,7 @@
 # Files of this folder, relative to src/.
 list(APPEND PB_SOURCES
     browse/browsetexts.h browse/textorder.h
+    browse/recordcard.h
     browse/recordcardmodel.h browse/recordcardmodel.cpp
     browse/collectionlist.h browse/collectionlist.cpp
     browse/listvinyltableviewcontroller.h browse/listvinyltableviewcontroller.cpp

@@ -1,6 +1,6 @@
 // `backup`, `restore` and `undo-import`: the lossless copies of the collection from the command
 // line, through the same logic as the import/export screen.
-#include "appdelegate.h"
+#include "datafolder.h"
 #include "cli.h"
 #include "formatters.h"
 #include "snapshots.h"
@@ -19,7 +19,7 @@ bool oneFileArgument(CliContext &context, const char *usage)
 // A read-only collection is neither replaced nor put back; said before anything is read.
 bool writable(CliContext &context)
 {
-    const auto writable = context.app.persistentContainer().checkWritable();
+    const auto writable = context.folder.persistentContainer().checkWritable();
     if (!writable)
         context.err << "platterbox: " << writable.errorMessage() << "\n";
     return writable.ok();
@@ -31,7 +31,7 @@ int backupCommand(CliContext &context)
 {
     if (!oneFileArgument(context, "backup FILE"))
         return CliBadUsage;
-    auto written = Backup::backUp(context.app.backupPaths(), context.arguments.first());
+    auto written = Backup::backUp(context.folder.backupPaths(), context.arguments.first());
     if (!written) {
         context.err << "platterbox: " << written.errorMessage() << "\n";
         return CliBadInput;
@@ -53,11 +53,10 @@ int restoreCommand(CliContext &context)
         context.err << "platterbox: " << info.errorMessage() << "\n";
         return CliBadInput;
     }
-    if (auto restored = context.app.snapshots().restore(path); !restored) {
+    if (auto restored = context.folder.snapshots().restore(path); !restored) {
         context.err << "platterbox: " << restored.errorMessage() << "\n";
         return CliBadInput;
     }
-    context.app.collectionReplaced();
     context.out << "Restored " << info->records << " records from " << path
                 << "; 'platterbox undo-import' puts back the collection it replaced\n";
     return CliOk;
@@ -71,12 +70,11 @@ int undoImportCommand(CliContext &context)
     }
     if (!writable(context))
         return CliBadInput;
-    const auto undone = context.app.snapshots().undoLatest();
+    const auto undone = context.folder.snapshots().undoLatest();
     if (!undone) {
         context.err << "platterbox: " << undone.errorMessage() << "\n";
         return CliBadInput;
     }
-    context.app.collectionReplaced();
     context.out << "The collection is back as it was before the " << undone->kind << " of " << undone->source << " on "
                 << Formatters::mediumDate(undone->created) << " " << undone->created.toString(u"HH:mm") << "\n";
     return CliOk;

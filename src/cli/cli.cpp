@@ -1,8 +1,6 @@
 #include "cli.h"
 
-#include "appdelegate.h"
-#include "appshell.h"
-#include "desktopplatformservices.h"
+#include "datafolder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +48,7 @@ int usage(QTextStream &err)
 int runCli(QStringList arguments, QTextStream &out, QTextStream &err)
 {
     bool malformed = false;
-    const QString dataDirOption = AppShell::takeDataDirOption(arguments, &malformed);
+    const QString dataDirOption = DataFolder::takeOption(arguments, &malformed);
     // Asked for, the usage is the answer: on standard output, with success.
     if (!malformed && (arguments.value(0) == u"--help"_s || arguments.value(0) == u"-h"_s)) {
         printUsage(out);
@@ -71,14 +69,14 @@ int runCli(QStringList arguments, QTextStream &out, QTextStream &err)
     }
 
     bool chosen = false;
-    const QString dataDir = AppDelegate::resolveDataDir(dataDirOption, &chosen);
-    auto app = AppDelegate::create(dataDir, chosen, std::make_unique<DesktopPlatformServices>());
-    if (!app) {
-        err << "Unresolved error " << app.errorMessage() << "\n";
+    const QString dataDir = DataFolder::resolve(dataDirOption, &chosen);
+    auto folder = DataFolder::open(dataDir, chosen);
+    if (!folder) {
+        err << "Unresolved error " << folder.errorMessage() << "\n";
         err.flush();
         return CliBadInput;
     }
-    CliContext context{**app, arguments, out, err};
+    CliContext context{**folder, arguments, out, err};
     const int code = command->run(context);
     out.flush();
     err.flush();

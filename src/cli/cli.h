@@ -3,15 +3,15 @@
 #include <QStringList>
 #include <QTextStream>
 
-class AppDelegate;
+class DataFolder;
 
 // Exit codes of the command-line tool.
 enum CliExit { CliOk = 0, CliBadInput = 1, CliBadUsage = 2 };
 
-// What a command works with: the opened store, its own arguments and the two streams.
+// What a command works with: the opened data folder, its own arguments and the two streams.
 struct CliContext
 {
-    AppDelegate &app;
+    DataFolder &folder;
     QStringList arguments; // after the command name
     QTextStream &out;
     QTextStream &err;

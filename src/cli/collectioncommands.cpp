@@ -1,6 +1,6 @@
 // `demo` and `stats`: fill the store with sample records, and sum it up (every figure and
 // chart series as JSON with --json).
-#include "appdelegate.h"
+#include "datafolder.h"
 #include "cli.h"
 #include "collectiontotals.h"
 #include "formatters.h"
@@ -25,7 +25,7 @@ int demoCommand(CliContext &context)
     }
     SampleOptions options;
     options.records = count;
-    auto done = addSampleCollection(context.app.persistentContainer(), options);
+    auto done = addSampleCollection(context.folder.persistentContainer(), options);
     if (!done) {
         context.err << "platterbox: " << done.errorMessage() << "\n";
         return CliBadInput;
@@ -42,7 +42,7 @@ int statsCommand(CliContext &context)
         return CliBadUsage;
     }
     if (json) {
-        auto statistics = StatisticsQueries::compute(context.app.persistentContainer());
+        auto statistics = StatisticsQueries::compute(context.folder.persistentContainer());
         if (!statistics) {
             context.err << "platterbox: " << statistics.errorMessage() << "\n";
             return CliBadInput;
@@ -50,7 +50,7 @@ int statsCommand(CliContext &context)
         context.out << QJsonDocument(statisticsJson(*statistics)).toJson(QJsonDocument::Indented);
         return CliOk;
     }
-    auto totals = collectionTotals(context.app.persistentContainer());
+    auto totals = collectionTotals(context.folder.persistentContainer());
     if (!totals) {
         context.err << "platterbox: " << totals.errorMessage() << "\n";
         return CliBadInput;

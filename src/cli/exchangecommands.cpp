@@ -1,13 +1,12 @@
 // `export` and `import`: the exchange file and CSV files from the command line, through the same
 // writers, readers and merge as the export and import screens.
-#include "appdelegate.h"
+#include "datafolder.h"
 #include "cli.h"
 #include "collectioncsv.h"
 #include "exchangeformat.h"
 #include "exchangewriter.h"
 #include "importfile.h"
 #include "importmerge.h"
-#include "importviewcontroller.h"
 #include "snapshots.h"
 #include "textfile.h"
 
@@ -31,7 +30,7 @@ bool writeFile(CliContext &context, const QString &path, const QByteArray &data)
 
 int exportCsv(CliContext &context, const QString &path, bool oneFile)
 {
-    auto files = CollectionCsv::write(context.app.persistentContainer(), oneFile);
+    auto files = CollectionCsv::write(context.folder.persistentContainer(), oneFile);
     if (!files) {
         context.err << "platterbox: " << files.errorMessage() << "\n";
         return CliBadInput;
@@ -60,7 +59,7 @@ int exportCommand(CliContext &context)
     if (csv)
         return exportCsv(context, path, oneFile);
     int unreadable = 0;
-    auto text = ExchangeWriter::build(context.app.persistentContainer(), images, &unreadable);
+    auto text = ExchangeWriter::build(context.folder.persistentContainer(), images, &unreadable);
     if (!text) {
         context.err << "platterbox: " << text.errorMessage() << "\n";
         return CliBadInput;
@@ -81,7 +80,7 @@ int importCommand(CliContext &context)
         return CliBadUsage;
     }
     const QString path = arguments.first();
-    if (const auto writable = context.app.persistentContainer().checkWritable(); !dryRun && !writable) {
+    if (const auto writable = context.folder.persistentContainer().checkWritable(); !dryRun && !writable) {
         context.err << "platterbox: " << writable.errorMessage() << "\n";
         return CliBadInput;
     }
@@ -101,13 +100,13 @@ int importCommand(CliContext &context)
     if (!file.ignoredColumns.isEmpty())
         context.out << "Not read: " << file.ignoredColumns.join(u", "_s) << "\n";
 
-    Store &store = context.app.persistentContainer();
+    Store &store = context.folder.persistentContainer();
     Result<ImportCounts> counts = Error{};
     if (dryRun) {
         auto preview = ImportMerge::preview(store, file);
         counts = preview ? Result<ImportCounts>(preview->counts) : Result<ImportCounts>(preview.error());
     } else {
-        Snapshots snapshots = context.app.snapshots();
+        Snapshots snapshots = context.folder.snapshots();
         counts = ImportMerge::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
     }
     if (!counts) {
@@ -122,6 +121,6 @@ int importCommand(CliContext &context)
     if (counts->unreadableImages > 0)
         context.err << "platterbox: " << counts->unreadableImages
                     << " cover pictures could not be read and were left out\n";
-    context.out << (dryRun ? u"Dry run: nothing was changed."_s : ImportViewController::kCompleted) << "\n";
+    context.out << (dryRun ? u"Dry run: nothing was changed."_s : ImportMessages::kCompleted) << "\n";
     return CliOk;
 }

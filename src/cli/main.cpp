@@ -1,6 +1,6 @@
 // The command-line tool: the same store and logic as the app, without a window.
-#include "appshell.h"
 #include "cli.h"
+#include "logging.h"
 
 #include <QGuiApplication>
 
@@ -10,7 +10,7 @@ int main(int argc, char *argv[])
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    AppShell::installConsoleFormat();
+    installConsoleFormat();
     QGuiApplication application(argc, argv);
     QGuiApplication::setOrganizationName(QStringLiteral("Platterbox"));
     QGuiApplication::setApplicationName(QStringLiteral("Platterbox"));

@@ -1,7 +1,7 @@
 // `report`: the printed collection report as a PDF file, through the same builder as the
 // printed-report screen.
-#include "appdelegate.h"
-#include "appstate.h"
+#include "datafolder.h"
+#include "currentrecord.h"
 #include "cli.h"
 #include "coverpictures.h"
 #include "reportbuilder.h"
@@ -21,21 +21,21 @@ const char *const kUsage =
 // The group option each origin needs.
 QString groupOption(const QString &origin)
 {
-    if (origin == OriginScreens::ArtistBreakdown)
+    if (origin == ReportOrigins::ArtistBreakdown)
         return u"--artist"_s;
-    if (origin == OriginScreens::LabelBreakdown)
+    if (origin == ReportOrigins::LabelBreakdown)
         return u"--label"_s;
-    if (origin == OriginScreens::ProducerBreakdown)
+    if (origin == ReportOrigins::ProducerBreakdown)
         return u"--producer"_s;
-    if (origin == OriginScreens::YearBreakdown)
+    if (origin == ReportOrigins::YearBreakdown)
         return u"--date"_s;
     return {};
 }
 
 QString originOf(const QString &option)
 {
-    for (const QString &origin : {OriginScreens::ArtistBreakdown, OriginScreens::LabelBreakdown,
-                                  OriginScreens::ProducerBreakdown, OriginScreens::YearBreakdown}) {
+    for (const QString &origin : {ReportOrigins::ArtistBreakdown, ReportOrigins::LabelBreakdown,
+                                  ReportOrigins::ProducerBreakdown, ReportOrigins::YearBreakdown}) {
         if (groupOption(origin) == option)
             return origin;
     }
@@ -76,8 +76,8 @@ int reportCommand(CliContext &context)
         }
     }
     if (origin.isEmpty())
-        origin = option.isEmpty() ? OriginScreens::List : originOf(option);
-    if (output.isEmpty() || (origin != OriginScreens::List && groupOption(origin).isEmpty())) {
+        origin = option.isEmpty() ? ReportOrigins::List : originOf(option);
+    if (output.isEmpty() || (origin != ReportOrigins::List && groupOption(origin).isEmpty())) {
         context.err << kUsage;
         return CliBadUsage;
     }
@@ -90,13 +90,13 @@ int reportCommand(CliContext &context)
     }
 
     CurrentRecord selected;
-    if (origin == OriginScreens::ArtistBreakdown)
+    if (origin == ReportOrigins::ArtistBreakdown)
         selected.artist = group;
-    else if (origin == OriginScreens::LabelBreakdown)
+    else if (origin == ReportOrigins::LabelBreakdown)
         selected.recordLabel = group;
-    else if (origin == OriginScreens::ProducerBreakdown)
+    else if (origin == ReportOrigins::ProducerBreakdown)
         selected.producer = group;
-    else if (origin == OriginScreens::YearBreakdown) {
+    else if (origin == ReportOrigins::YearBreakdown) {
         const QDate date = QDate::fromString(group, u"yyyy-MM-dd"_s);
         if (!date.isValid()) {
             context.err << "platterbox: --date wants a date like 1975-03-05, not \"" << group << "\"\n";
@@ -105,7 +105,7 @@ int reportCommand(CliContext &context)
         selected.releaseDate = date.startOfDay();
     }
 
-    Store &store = context.app.persistentContainer();
+    Store &store = context.folder.persistentContainer();
     auto records = ReportBuilder::fetchReport(store, origin, selected, ascending);
     if (!records) {
         context.err << "platterbox: " << records.errorMessage() << "\n";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "conditionlistmodel.h"
 #include "conditionlists.h"
 #include "screencontroller.h"
 

@@ -3,10 +3,8 @@
 #include "entities.h"
 #include "result.h"
 
-#include <QAbstractListModel>
 #include <QList>
 #include <QString>
-#include <QtQml/qqmlregistration.h>
 
 class Store;
 
@@ -45,27 +43,3 @@ Result<Condition> addCondition(Store &store, Entity entity, const QString &typed
 // Renames a grade: every entry that had the old text takes the typed text, trimmed.
 // Records keep the condition text they have.
 Result<void> renameCondition(Store &store, Entity entity, const QString &oldText, const QString &typed);
-
-// Rows of a condition list.
-class ConditionListModel : public QAbstractListModel
-{
-    Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("")
-
-public:
-    enum Roles { RowIdRole = Qt::UserRole + 1, ConditionLabelRole };
-
-    explicit ConditionListModel(QObject *parent = nullptr);
-
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-    void setEntries(QList<Condition> entries);
-    void removeRowAt(int row);
-    [[nodiscard]] const QList<Condition> &entries() const { return m_entries; }
-
-private:
-    QList<Condition> m_entries;
-};

@@ -1,6 +1,6 @@
 #include "recordform.h"
 
-#include "appstate.h"
+#include "currentrecord.h"
 #include "formatters.h"
 #include "settings.h"
 #include "store.h"

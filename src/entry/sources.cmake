@@ -7,8 +7,10 @@ list(APPEND PB_SOURCES
     entry/notesviewcontroller.h entry/notesviewcontroller.cpp
     entry/zoomviewcontroller.h entry/zoomviewcontroller.cpp
     entry/tracks.h entry/tracks.cpp
+    entry/trackslistmodel.h entry/trackslistmodel.cpp
     entry/trackscontrollers.h entry/trackscontrollers.cpp
     entry/conditionlists.h entry/conditionlists.cpp
+    entry/conditionlistmodel.h entry/conditionlistmodel.cpp
     entry/conditioncontrollers.h entry/conditioncontrollers.cpp
 )
 list(APPEND PB_QML

@@ -3,10 +3,8 @@
 #include "entities.h"
 #include "result.h"
 
-#include <QAbstractListModel>
 #include <QList>
 #include <QString>
-#include <QtQml/qqmlregistration.h>
 
 class Store;
 
@@ -58,27 +56,3 @@ struct TrackRow
 [[nodiscard]] TrackRow trackRow(const Track &track);
 // Rows whose song, lower-cased, contains the search text lower-cased; an empty search keeps all.
 [[nodiscard]] QList<TrackRow> filterTracks(const QList<TrackRow> &rows, const QString &searchText);
-
-// The rows the track list shows (the search result while searching).
-class TracksListModel : public QAbstractListModel
-{
-    Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("")
-
-public:
-    enum Roles { RowIdRole = Qt::UserRole + 1, SongLabelRole, TrackNumberLabelRole, DurationLabelRole, WrittenByLabelRole };
-
-    explicit TracksListModel(QObject *parent = nullptr);
-
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-    void setRows(QList<TrackRow> rows);
-    void removeRowAt(int row);
-    [[nodiscard]] const QList<TrackRow> &rows() const { return m_rows; }
-
-private:
-    QList<TrackRow> m_rows;
-};

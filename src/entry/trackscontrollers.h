@@ -2,6 +2,7 @@
 
 #include "screencontroller.h"
 #include "tracks.h"
+#include "trackslistmodel.h"
 
 // The tracks of the record in CurrentRecord: search by song, sort by track number,
 // swipe to delete, pick a track to edit it.

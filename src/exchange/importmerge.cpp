@@ -1,6 +1,6 @@
 #include "importmerge.h"
 
-#include "coverimageprovider.h"
+#include "coverchanges.h"
 #include "exchangeformat.h"
 #include "fileattributes.h"
 #include "logging.h"
@@ -369,7 +369,7 @@ Result<void> ImportMerge::mergeRecord(int index)
         if (auto r = ValueHistory::noteSave(m_store, v, before.value, QuoteSources::Import, m_started); !r)
             return r;
         if (v.frontImage || v.backImage)
-            CoverImageProvider::forget(v.rowId);
+            CoverChanges::changed(v.rowId);
     }
     record(ImportOutcome::Updated, false, index, withTexts ? changed : QList<FieldChange>());
     return {};

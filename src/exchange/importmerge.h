@@ -29,6 +29,7 @@ inline const QString kPartlyImported = QStringLiteral(
 inline const QString kNothingImported = QStringLiteral("Nothing was imported; the collection is as it was.");
 // Follows the problems listed: "%1" more lines were skipped.
 inline const QString kMoreProblems = QStringLiteral("and %1 more");
+inline const QString kCompleted = QStringLiteral("Data File Import Completed");
 } // namespace ImportMessages
 
 // One field a line changes on a stored record or track, as the preview shows it.

@@ -43,7 +43,7 @@ class ImportViewController : public ScreenController
 public:
     static inline const QString kTitle = QStringLiteral("Data Import File");
     static inline const QString kLoaded = QStringLiteral("File Loaded and Ready to Import");
-    static inline const QString kCompleted = QStringLiteral("Data File Import Completed");
+    static inline const QString kCompleted = ImportMessages::kCompleted;
     static inline const QString kCancelledTitle = QStringLiteral("Import Cancelled");
     static constexpr int kPreviewCharacters = 60000;
     // Problem lines listed by name in the completion alert; the rest are counted.

@@ -2,6 +2,7 @@
 
 #include "appstate.h"
 #include "backup.h"
+#include "datafolder.h"
 #include "navigator.h"
 #include "result.h"
 #include "settings.h"
@@ -18,9 +19,9 @@ class Snapshots;
 class QQmlEngine;
 class QJSEngine;
 
-// The application object: owns the one store (persistentContainer), the user defaults,
-// the shared state, the navigator and the platform services for the whole run. Screens
-// take everything they work on from here.
+// The application object: the collection's data folder (the one store, the user defaults,
+// documents and snapshots) with what the screens add to it: the shared state, the navigator
+// and the platform services for the whole run. Screens take everything they work on from here.
 class AppDelegate : public QObject
 {
     Q_OBJECT
@@ -33,50 +34,42 @@ class AppDelegate : public QObject
     Q_PROPERTY(QString readOnlyNotice READ readOnlyNotice CONSTANT)
 
 public:
-    // Opens the store in dataDir (created when missing); the settings live beside it when a
-    // data folder was chosen explicitly. Fails with the store's error.
+    // Opens the data folder dataDir (see DataFolder::open). Fails with the store's error.
     static Result<std::unique_ptr<AppDelegate>> create(const QString &dataDir, bool dataDirChosen,
                                                        std::unique_ptr<PlatformServices> platform);
-    // The data folder: --data-dir, else PLATTERBOX_DATA_DIR, else the platform's app-data folder.
-    [[nodiscard]] static QString resolveDataDir(const QString &option, bool *chosen = nullptr);
     ~AppDelegate() override;
 
     // The instance QML sees as the AppDelegate singleton: the one made last by create().
     [[nodiscard]] static AppDelegate *current();
     static AppDelegate *create(QQmlEngine *, QJSEngine *);
 
-    [[nodiscard]] Store &persistentContainer() { return *m_store; }
+    [[nodiscard]] DataFolder &dataFolder() { return *m_folder; }
+    [[nodiscard]] Store &persistentContainer() { return m_folder->persistentContainer(); }
     // Every change is written in its own transaction when it is made, so nothing is ever
     // pending here: this writes nothing and succeeds.
     Result<void> saveContext();
 
-    [[nodiscard]] bool readOnly() const { return m_store->isReadOnly(); }
+    [[nodiscard]] bool readOnly() const { return m_folder->readOnly(); }
     // The message every change of a read-only collection gives; empty when it can be changed.
-    [[nodiscard]] QString readOnlyNotice() const { return readOnly() ? m_store->readOnlyError().message : QString(); }
+    [[nodiscard]] QString readOnlyNotice() const { return m_folder->readOnlyNotice(); }
 
-    [[nodiscard]] Settings &settings() { return m_settings; }
+    [[nodiscard]] Settings &settings() { return m_folder->settings(); }
     [[nodiscard]] AppState *state() { return &m_state; }
     [[nodiscard]] Navigator *navigator() { return &m_navigator; }
     [[nodiscard]] PlatformServices &platform() { return *m_platform; }
 
-    [[nodiscard]] QString dataDir() const { return m_dataDir; }
-    // Where PDF files and full-size cover files go: <data folder>/Documents.
-    [[nodiscard]] QString documentsDir() const;
-    [[nodiscard]] static QString tempDir();
-    // The live store and its cover files, for backups, restores and snapshots.
-    [[nodiscard]] Backup::Paths backupPaths() const;
-    // The snapshots kept before imports and restores, in <data folder>/Snapshots.
+    [[nodiscard]] QString dataDir() const { return m_folder->dataDir(); }
+    [[nodiscard]] QString documentsDir() const { return m_folder->documentsDir(); }
+    [[nodiscard]] static QString tempDir() { return DataFolder::tempDir(); }
+    [[nodiscard]] Backup::Paths backupPaths() const { return m_folder->backupPaths(); }
     [[nodiscard]] Snapshots snapshots() const;
     // After a restore or an undo replaced the collection: nothing shown from before stays.
     void collectionReplaced();
 
 private:
-    AppDelegate(QString dataDir, const QString &settingsFile, std::unique_ptr<Store> store,
-                std::unique_ptr<PlatformServices> platform);
+    AppDelegate(std::unique_ptr<DataFolder> folder, std::unique_ptr<PlatformServices> platform);
 
-    QString m_dataDir;
-    Settings m_settings;
-    std::unique_ptr<Store> m_store;
+    std::unique_ptr<DataFolder> m_folder;
     std::unique_ptr<PlatformServices> m_platform;
     AppState m_state;
     Navigator m_navigator;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "currentrecord.h"
 #include "entities.h"
+#include "reporttexts.h"
 
 #include <QDateTime>
 #include <QImage>
@@ -10,33 +12,6 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
-
-// The record (or group) the user picked last. Strings are never absent here: an absent
-// attribute becomes the empty text.
-struct CurrentRecord
-{
-    qint64 rowId = 0; // the picked object's identity, so editors address exactly that record
-    qint16 id = 0;
-    QString name;
-    QString artist;
-    std::optional<QDateTime> releaseDate;
-    QString recordLabel;
-    qint16 quantity = 0;
-    double albumDuration = 0;
-    QString producer;
-    QString vinylCondition;
-    QString coverCondition;
-    QString recordSpeed;
-    QString doubleAlbum;
-    float cost = 0;
-    float value = 0;
-    QString notes;
-    std::optional<QImage> frontImage;
-    std::optional<QImage> backImage;
-    QList<QImage> images; // front then back, those present
-    QString frontImagePath;
-    QString backImagePath;
-};
 
 // Process-wide state shared by the screens: CurrentRecord, OriginScreen, SortAscending and
 // the track being edited.
@@ -89,11 +64,12 @@ private:
     qint64 m_currentConditionRowId = 0;
 };
 
+// The screens a record is picked from; the lists a report can be made from keep the report's names.
 namespace OriginScreens {
 inline const QString Menu = QStringLiteral("Menu");
-inline const QString List = QStringLiteral("List");
-inline const QString ArtistBreakdown = QStringLiteral("ArtistBreakdown");
-inline const QString LabelBreakdown = QStringLiteral("LabelBreakdown");
-inline const QString ProducerBreakdown = QStringLiteral("ProducerBreakdown");
-inline const QString YearBreakdown = QStringLiteral("YearBreakdown");
+inline const QString List = ReportOrigins::List;
+inline const QString ArtistBreakdown = ReportOrigins::ArtistBreakdown;
+inline const QString LabelBreakdown = ReportOrigins::LabelBreakdown;
+inline const QString ProducerBreakdown = ReportOrigins::ProducerBreakdown;
+inline const QString YearBreakdown = ReportOrigins::YearBreakdown;
 } // namespace OriginScreens

@@ -1,5 +1,6 @@
 #include "coverimageprovider.h"
 
+#include "coverchanges.h"
 #include "store.h"
 
 #include <QCache>
@@ -118,7 +119,11 @@ private:
 
 } // namespace
 
-CoverImageProvider::CoverImageProvider(QString storeFilePath) : m_storeFilePath(std::move(storeFilePath)) {}
+CoverImageProvider::CoverImageProvider(QString storeFilePath) : m_storeFilePath(std::move(storeFilePath))
+{
+    // An import changes pictures from its worker: the cached ones of those records go.
+    CoverChanges::setListener(&CoverImageProvider::forget);
+}
 
 QQuickImageResponse *CoverImageProvider::requestImageResponse(const QString &id, const QSize &requestedSize)
 {

@@ -6,3 +6,8 @@ void consoleLine(const QString &line)
 {
     qCInfo(lcPlatterbox).noquote() << line;
 }
+
+void installConsoleFormat()
+{
+    qSetMessagePattern(QStringLiteral("%{message}"));
+}

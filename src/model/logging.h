@@ -8,3 +8,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcPlatterbox)
 
 // Writes one console line exactly as given.
 void consoleLine(const QString &line);
+// Console lines are printed as they are, without a category prefix: every program calls this first.
+void installConsoleFormat();

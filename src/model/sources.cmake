@@ -1,6 +1,9 @@
 list(APPEND PB_SOURCES
     model/result.h model/entities.h model/fetchrequest.h
     model/store.h model/store.cpp
+    model/datafolder.h model/datafolder.cpp
+    model/coverchanges.h model/coverchanges.cpp
+    model/currentrecord.h
     model/valuehistory.h model/valuehistory.cpp
     model/recordnumbers.h model/recordnumbers.cpp
     model/logging.h model/logging.cpp

@@ -19,9 +19,4 @@ Result<void> write(const BreakdownPdfRequest &request, const BackgroundJob::Prog
     return ReportPdf::write(*content, request.outputFilePath, &covers, progress);
 }
 
-void install()
-{
-    BreakdownTableViewController::setPdfWriter(&write);
-}
-
 } // namespace FilteredListPdf

@@ -1,6 +1,6 @@
 #include "reportbuilder.h"
 
-#include "appstate.h"
+#include "currentrecord.h"
 #include "formatters.h"
 #include "reporttexts.h"
 #include "store.h"
@@ -71,18 +71,18 @@ QString filteredListTitle(const BreakdownKind &kind, const Vinyl &first, bool *h
 std::optional<FetchRequest> reportRequest(const QString &originScreen, const CurrentRecord &group, bool ascending)
 {
     FetchRequest request(Entity::Vinyl);
-    if (originScreen == OriginScreens::List) {
+    if (originScreen == ReportOrigins::List) {
         request.sortedBy(u"name"_s, ascending).sortedBy(u"artist"_s, ascending);
-    } else if (originScreen == OriginScreens::ArtistBreakdown) {
+    } else if (originScreen == ReportOrigins::ArtistBreakdown) {
         request.where(Predicate::equal(u"artist"_s, group.artist)).sortedBy(u"name"_s, ascending);
-    } else if (originScreen == OriginScreens::YearBreakdown) {
+    } else if (originScreen == ReportOrigins::YearBreakdown) {
         // The exact stored date and time, not the year the breakdown list shows.
         if (!group.releaseDate)
             return std::nullopt;
         request.where(Predicate::equal(u"releaseDate"_s, *group.releaseDate)).sortedBy(u"artist"_s, ascending);
-    } else if (originScreen == OriginScreens::ProducerBreakdown) {
+    } else if (originScreen == ReportOrigins::ProducerBreakdown) {
         request.where(Predicate::equal(u"producer"_s, group.producer)).sortedBy(u"name"_s, ascending);
-    } else if (originScreen == OriginScreens::LabelBreakdown) {
+    } else if (originScreen == ReportOrigins::LabelBreakdown) {
         // Always by artist then name: the label report does not follow the order toggle.
         request.where(Predicate::equal(u"recordLabel"_s, group.recordLabel)).sortedBy(u"artist"_s).sortedBy(u"name"_s);
     } else {
@@ -103,16 +103,16 @@ QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasVa
 {
     std::optional<QString> value;
     QString title;
-    if (originScreen == OriginScreens::ArtistBreakdown) {
+    if (originScreen == ReportOrigins::ArtistBreakdown) {
         title = ReportTexts::kReportByArtist;
         value = first.artist;
-    } else if (originScreen == OriginScreens::YearBreakdown) {
+    } else if (originScreen == ReportOrigins::YearBreakdown) {
         title = ReportTexts::kReportByDate;
         value = dateText(first);
-    } else if (originScreen == OriginScreens::ProducerBreakdown) {
+    } else if (originScreen == ReportOrigins::ProducerBreakdown) {
         title = ReportTexts::kReportByProducer;
         value = first.producer;
-    } else if (originScreen == OriginScreens::LabelBreakdown) {
+    } else if (originScreen == ReportOrigins::LabelBreakdown) {
         title = ReportTexts::kReportByLabel;
         value = first.recordLabel;
     } else {
@@ -159,17 +159,17 @@ Result<ReportContent> ReportContent::printedReport(const QString &originScreen, 
     bool hasValue = false;
     QString title = ReportBuilder::reportTitle(originScreen, records.first(), &hasValue);
     if (!hasValue)
-        return noTitleValue(originScreen == OriginScreens::YearBreakdown       ? u"release date"_s
-                            : originScreen == OriginScreens::LabelBreakdown    ? u"record label"_s
-                            : originScreen == OriginScreens::ProducerBreakdown ? u"producer"_s
+        return noTitleValue(originScreen == ReportOrigins::YearBreakdown       ? u"release date"_s
+                            : originScreen == ReportOrigins::LabelBreakdown    ? u"record label"_s
+                            : originScreen == ReportOrigins::ProducerBreakdown ? u"producer"_s
                                                                                : u"artist"_s);
     ReportContent content(Kind::PrintedReport, std::move(title), 17, std::move(records));
     content.m_order = {Line::Artist, Line::Album, Line::Date, Line::Producer, Line::Label};
-    if (originScreen == OriginScreens::YearBreakdown)
+    if (originScreen == ReportOrigins::YearBreakdown)
         content.m_order = {Line::Date, Line::Artist, Line::Album, Line::Producer, Line::Label};
-    else if (originScreen == OriginScreens::ProducerBreakdown)
+    else if (originScreen == ReportOrigins::ProducerBreakdown)
         content.m_order = {Line::Producer, Line::Artist, Line::Album, Line::Date, Line::Label};
-    else if (originScreen == OriginScreens::LabelBreakdown) // the label line comes twice, as users know it
+    else if (originScreen == ReportOrigins::LabelBreakdown) // the label line comes twice, as users know it
         content.m_order = {Line::Label, Line::Artist, Line::Album, Line::Date, Line::Producer, Line::Label};
     return content;
 }

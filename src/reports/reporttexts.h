@@ -38,3 +38,13 @@ inline const QString kFilteredByLabel = u"Vinyl Filtered by Record Label: "_s;
 inline const QString kFilteredByProducer = u"Vinyl Filtered by Producer: "_s;
 inline const QString kFilteredByYear = u"Vinyl Filtered by Year: "_s;
 } // namespace ReportTexts
+
+// The lists a printed report is made from, by the names the screens and `report --origin` give
+// them: the whole list, or one group of a breakdown list.
+namespace ReportOrigins {
+inline const QString List = QStringLiteral("List");
+inline const QString ArtistBreakdown = QStringLiteral("ArtistBreakdown");
+inline const QString LabelBreakdown = QStringLiteral("LabelBreakdown");
+inline const QString ProducerBreakdown = QStringLiteral("ProducerBreakdown");
+inline const QString YearBreakdown = QStringLiteral("YearBreakdown");
+} // namespace ReportOrigins

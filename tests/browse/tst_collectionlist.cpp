@@ -159,7 +159,7 @@ void TestCollectionList::cardTextsFollowTheSortChoice()
     QCOMPARE(card.producerLabel, producerLabel);
     QCOMPARE(card.costLabel, u"Cost: $12.50  Total Value: $30.00"_s);
     QCOMPARE(card.speedLabel, u"Length: 45.0 min  Type: Single Album"_s);
-    QCOMPARE(card.coverSource, u"image://cover/%1/front"_s.arg(card.rowId));
+    QCOMPARE(list.model()->index(0).data(RecordCardModel::CoverSourceRole).toString(), u"image://cover/%1/front"_s.arg(card.rowId));
 }
 
 void TestCollectionList::cardOfASparseRecord()

@@ -185,7 +185,7 @@ private slots:
         QVERIFY(addSampleCollection(t.store(), {60, 0, true, 7}));
         add(t, u"Arrival"_s, u"ABBA"_s, u"Polar"_s);
         add(t, u"Voulez-Vous"_s, u"ABBA"_s, u"Polar"_s);
-        FilteredListPdf::install();
+        BreakdownTableViewController::setPdfWriter(&FilteredListPdf::write);
         t.app().state()->editCurrentRecord().artist = u"ABBA"_s;
         ArtistBreakdownTableViewController list(&t.app());
         const QString path = QDir(t.app().documentsDir()).filePath(u"VinylFilteredByArtist.pdf"_s);
@@ -209,7 +209,7 @@ private slots:
     {
         TestApp t;
         QVERIFY(addSampleCollection(t.store(), {1000, 0, true, 5}));
-        FilteredListPdf::install();
+        BreakdownTableViewController::setPdfWriter(&FilteredListPdf::write);
         t.app().state()->setCurrentRecord(t.store().fetchVinyl(FetchRequest(Entity::Vinyl).limitedTo(1))->first());
         LabelBreakdownTableViewController list(&t.app());
         QVERIFY(list.model()->rowCount() > 10);
@@ -229,7 +229,7 @@ private slots:
     void breakdownShareOfNothingAlerts()
     {
         TestApp t;
-        FilteredListPdf::install();
+        BreakdownTableViewController::setPdfWriter(&FilteredListPdf::write);
         t.app().state()->editCurrentRecord().producer = u"Nobody"_s;
         ProducerBreakdownTableViewController list(&t.app());
         list.ShareProducerButtonClicked();

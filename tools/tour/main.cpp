@@ -1,6 +1,7 @@
 // The screen tour: every screen of the app, with a sample collection loaded, as PNG files.
 #include "appdelegate.h"
 #include "appshell.h"
+#include "logging.h"
 #include "recordingplatformservices.h"
 #include "samplecollection.h"
 #include "screencontroller.h"
@@ -91,7 +92,7 @@ void TourContext::settle(int milliseconds)
 
 int main(int argc, char *argv[])
 {
-    AppShell::installConsoleFormat();
+    installConsoleFormat();
     if (qEnvironmentVariableIsEmpty("PLATTERBOX_TOUR_GL"))
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     // The charts draw through Graphics View, which needs the widgets' application object.
