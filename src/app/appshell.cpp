@@ -1,10 +1,10 @@
-#include "appshell.h"
+#include "app/appshell.h"
 
-#include "appdelegate.h"
-#include "breakdowntableviewcontroller.h"
-#include "coverimageprovider.h"
-#include "filteredlistpdf.h"
-#include "reportpageprovider.h"
+#include "browse/breakdowntableviewcontroller.h"
+#include "reports/filteredlistpdf.h"
+#include "reports/reportpageprovider.h"
+#include "shell/appdelegate.h"
+#include "shell/coverimageprovider.h"
 
 #include <QQmlEngine>
 #include <QQuickStyle>
@@ -26,7 +26,7 @@ void prepareEngine(QQmlEngine &engine, AppDelegate &app)
 
 QUrl mainQmlUrl()
 {
-    return QUrl(u"qrc:/qt/qml/Platterbox/app/Main.qml"_s);
+    return QUrl(u"qrc:/qt/qml/Platterbox/shell/Main.qml"_s);
 }
 
 } // namespace AppShell

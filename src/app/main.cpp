@@ -1,10 +1,10 @@
 // Platterbox: a personal catalogue of a vinyl-record collection.
-#include "appdelegate.h"
-#include "appshell.h"
-#include "datafolder.h"
-#include "desktopplatformservices.h"
-#include "logging.h"
-#include "windowgeometry.h"
+#include "app/appshell.h"
+#include "app/windowgeometry.h"
+#include "shell/appdelegate.h"
+#include "shell/desktopplatformservices.h"
+#include "store/datafolder.h"
+#include "store/logging.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,6 +1,6 @@
-#include "windowgeometry.h"
+#include "app/windowgeometry.h"
 
-#include "settings.h"
+#include "store/settings.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,9 +1,9 @@
 // `backup`, `restore` and `undo-import`: the lossless copies of the collection from the command
 // line, through the same logic as the import/export screen.
-#include "datafolder.h"
-#include "cli.h"
-#include "formatters.h"
-#include "snapshots.h"
+#include "cli/cli.h"
+#include "store/datafolder.h"
+#include "store/formatters.h"
+#include "store/snapshots.h"
 
 
 namespace {

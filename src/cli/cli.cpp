@@ -1,6 +1,6 @@
-#include "cli.h"
+#include "cli/cli.h"
 
-#include "datafolder.h"
+#include "store/datafolder.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,11 @@
 // `demo` and `stats`: fill the store with sample records, and sum it up (every figure and
 // chart series as JSON with --json).
-#include "datafolder.h"
-#include "cli.h"
-#include "collectiontotals.h"
-#include "formatters.h"
-#include "samplecollection.h"
-#include "statistics.h"
+#include "cli/cli.h"
+#include "collection/statistics.h"
+#include "store/collectiontotals.h"
+#include "store/datafolder.h"
+#include "store/formatters.h"
+#include "store/samplecollection.h"
 
 #include <QJsonDocument>
 

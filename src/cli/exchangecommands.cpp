@@ -1,14 +1,14 @@
 // `export` and `import`: the exchange file and CSV files from the command line, through the same
 // writers, readers and merge as the export and import screens.
-#include "datafolder.h"
-#include "cli.h"
-#include "collectioncsv.h"
-#include "exchangeformat.h"
-#include "exchangewriter.h"
-#include "importfile.h"
-#include "importmerge.h"
-#include "snapshots.h"
-#include "textfile.h"
+#include "cli/cli.h"
+#include "exchange/collectioncsv.h"
+#include "exchange/exchangeformat.h"
+#include "exchange/exchangewriter.h"
+#include "exchange/importfile.h"
+#include "exchange/importmerge.h"
+#include "store/datafolder.h"
+#include "store/snapshots.h"
+#include "store/textfile.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

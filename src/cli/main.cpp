@@ -1,6 +1,6 @@
 // The command-line tool: the same store and logic as the app, without a window.
-#include "cli.h"
-#include "logging.h"
+#include "cli/cli.h"
+#include "store/logging.h"
 
 #include <QGuiApplication>
 

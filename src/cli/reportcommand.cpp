@@ -1,13 +1,13 @@
 // `report`: the printed collection report as a PDF file, through the same builder as the
 // printed-report screen.
-#include "datafolder.h"
-#include "currentrecord.h"
-#include "cli.h"
-#include "coverpictures.h"
-#include "reportbuilder.h"
-#include "reportpdf.h"
-#include "reporttexts.h"
-#include "store.h"
+#include "cli/cli.h"
+#include "reports/coverpictures.h"
+#include "reports/reportbuilder.h"
+#include "reports/reportpdf.h"
+#include "reports/reporttexts.h"
+#include "store/currentrecord.h"
+#include "store/datafolder.h"
+#include "store/store.h"
 
 #include <QDate>
 

@@ -1,9 +1,9 @@
 // The screens at phone, tablet and desktop widths, and the keyboard and mouse wheel on them:
 // the real window with a sample collection, driven by keys and wheel notches.
-#include "addvinylviewcontroller.h"
-#include "appstate.h"
-#include "mainmenuviewcontroller.h"
-#include "samplecollection.h"
+#include "entry/addvinylviewcontroller.h"
+#include "shell/appstate.h"
+#include "shell/mainmenuviewcontroller.h"
+#include "store/samplecollection.h"
 #include "testsupport.h"
 
 #include <QGuiApplication>

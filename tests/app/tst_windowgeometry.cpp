@@ -1,5 +1,5 @@
 // Where the main window opens, for the screens it may meet.
-#include "windowgeometry.h"
+#include "app/windowgeometry.h"
 
 #include <QTest>
 

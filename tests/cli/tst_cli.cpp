@@ -1,5 +1,5 @@
-#include "cli.h"
-#include "store.h"
+#include "cli/cli.h"
+#include "store/store.h"
 #include "testsupport.h"
 
 #include <QScopeGuard>

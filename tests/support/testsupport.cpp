@@ -1,7 +1,7 @@
 #include "testsupport.h"
 
-#include "appshell.h"
-#include "store.h"
+#include "app/appshell.h"
+#include "store/store.h"
 
 #include <QLocale>
 #include <QMutex>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "appdelegate.h"
-#include "entities.h"
-#include "recordingplatformservices.h"
+#include "shell/appdelegate.h"
+#include "shell/recordingplatformservices.h"
+#include "store/entities.h"
 
 #include <QStringList>
 #include <QTemporaryDir>

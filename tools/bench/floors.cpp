@@ -2,7 +2,7 @@
 
 #include "bench.h"
 
-#include "store.h"
+#include "store/store.h"
 
 #include <QDir>
 #include <QFile>

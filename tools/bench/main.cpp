@@ -6,9 +6,9 @@
 // "--complete-report DIR" form writes the complete printed report the same way, and the
 // "--import FILE [--preview]" form imports an exchange file into an empty store (previewed
 // first, as the import screen does).
-#include "appdelegate.h"
 #include "bench.h"
 #include "benchoperations.h"
+#include "shell/appdelegate.h"
 
 #include <QDir>
 #include <QGuiApplication>

@@ -1,10 +1,10 @@
 // The screen tour: every screen of the app, with a sample collection loaded, as PNG files.
-#include "appdelegate.h"
-#include "appshell.h"
-#include "logging.h"
-#include "recordingplatformservices.h"
-#include "samplecollection.h"
-#include "screencontroller.h"
+#include "app/appshell.h"
+#include "shell/appdelegate.h"
+#include "shell/recordingplatformservices.h"
+#include "shell/screencontroller.h"
+#include "store/logging.h"
+#include "store/samplecollection.h"
 #include "tour.h"
 
 #include <QCursor>

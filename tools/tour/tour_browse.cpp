@@ -1,8 +1,8 @@
 // The collection list under each sort choice and while searching, the group lists and the
 // breakdown lists, on the sample collection.
-#include "breakdowntableviewcontroller.h"
-#include "grouptableviewcontroller.h"
-#include "listvinyltableviewcontroller.h"
+#include "browse/breakdowntableviewcontroller.h"
+#include "browse/grouptableviewcontroller.h"
+#include "browse/listvinyltableviewcontroller.h"
 #include "tour.h"
 
 #include <QQuickItem>

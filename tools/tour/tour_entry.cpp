@@ -1,9 +1,9 @@
 // Tour steps of the entry screens: the add screen empty and filled, the edit screen, the
 // release-date picker in its three looks, the notes and the cover zoom.
-#include "addvinylviewcontroller.h"
-#include "appdelegate.h"
-#include "editvinylviewcontroller.h"
-#include "samplecollection.h"
+#include "entry/addvinylviewcontroller.h"
+#include "entry/editvinylviewcontroller.h"
+#include "shell/appdelegate.h"
+#include "store/samplecollection.h"
 #include "tour.h"
 
 #include <QLinearGradient>

@@ -1,8 +1,8 @@
 // The track list and editors, and the two condition lists.
-#include "appdelegate.h"
-#include "store.h"
+#include "entry/trackscontrollers.h"
+#include "shell/appdelegate.h"
+#include "store/store.h"
 #include "tour.h"
-#include "trackscontrollers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,16 +2,16 @@
 // the import screen with a loaded file, the preview and completion of a Discogs import, and the
 // question before undoing it; and, once every other screen is pictured, an export and an import
 // of a large collection in progress.
-#include "appdelegate.h"
-#include "exchangewriter.h"
-#include "exportviewcontroller.h"
-#include "importfile.h"
-#include "importmerge.h"
-#include "importexportviewcontroller.h"
-#include "importviewcontroller.h"
+#include "exchange/exchangewriter.h"
+#include "exchange/exportviewcontroller.h"
+#include "exchange/importexportviewcontroller.h"
+#include "exchange/importfile.h"
+#include "exchange/importmerge.h"
+#include "exchange/importviewcontroller.h"
+#include "shell/appdelegate.h"
 #include "tour.h"
 
-#include "samplecollection.h"
+#include "store/samplecollection.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 // Tour steps of the reports: the printed report opened from the collection list and from an
 // artist's breakdown list, the report while it prints, the empty report, and the overview guide.
-#include "appdelegate.h"
-#include "grouptableviewcontroller.h"
-#include "printvinylviewcontroller.h"
+#include "browse/grouptableviewcontroller.h"
+#include "reports/printvinylviewcontroller.h"
+#include "shell/appdelegate.h"
 #include "tour.h"
 
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 // The main menu, the reference-lists menu and the settings screen.
-#include "appdelegate.h"
-#include "mainmenuviewcontroller.h"
-#include "screencontroller.h"
-#include "settings.h"
+#include "shell/appdelegate.h"
+#include "shell/mainmenuviewcontroller.h"
+#include "shell/screencontroller.h"
+#include "store/settings.h"
 #include "tour.h"
 
 #include <QQuickItem>

@@ -1,8 +1,8 @@
 // Tour steps of the statistics screen, its lower charts, a decade opened into its years, and the
 // edit screen of a record with a value history.
-#include "appdelegate.h"
-#include "statisticsviewcontroller.h"
-#include "store.h"
+#include "shell/appdelegate.h"
+#include "stats/statisticsviewcontroller.h"
+#include "store/store.h"
 #include "tour.h"
 
 #include <QQuickItem>

@@ -1,6 +1,6 @@
 // Tour steps of the valuation screen: the whole collection, then a row picked.
 #include "tour.h"
-#include "valuationviewcontroller.h"
+#include "valuation/valuationviewcontroller.h"
 
 #include <QQuickItem>
 

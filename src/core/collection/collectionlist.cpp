@@ -1,0 +1,111 @@
+#include "collection/collectionlist.h"
+
+#include "collection/browsetexts.h"
+#include "collection/textorder.h"
+#include "store/formatters.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace CollectionList {
+
+QString sortAttribute(const QString &sortName)
+{
+    if (sortName == BrowseTexts::kSortName)
+        return u"name"_s;
+    if (sortName == BrowseTexts::kSortYear)
+        return u"releaseDate"_s;
+    if (sortName == BrowseTexts::kSortRecordLabel)
+        return u"recordLabel"_s;
+    if (sortName == BrowseTexts::kSortArtist)
+        return u"artist"_s;
+    return {};
+}
+
+QString TextCache::currency(double amount)
+{
+    auto it = m_currency.constFind(amount);
+    if (it == m_currency.constEnd())
+        it = m_currency.insert(amount, Formatters::currencyOrZero(amount));
+    return *it;
+}
+
+QString TextCache::mediumDate(const QDateTime &date)
+{
+    const qint64 key = date.toMSecsSinceEpoch();
+    auto it = m_dates.constFind(key);
+    if (it == m_dates.constEnd())
+        it = m_dates.insert(key, Formatters::mediumDate(date));
+    return *it;
+}
+
+RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts)
+{
+    RecordCard card;
+    card.rowId = vinyl.rowId;
+    // Sorted by year or label the name line is left as laid out (empty): the card leads
+    // with what the list is sorted by instead.
+    if (sortName == BrowseTexts::kSortName)
+        card.nameLabel = u"Album: "_s + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
+    else if (sortName == BrowseTexts::kSortArtist)
+        card.nameLabel = u"Artist: "_s + text(vinyl.artist) + u"  Album: "_s + text(vinyl.name);
+    card.releaseDateLabel =
+        u"Release Date: "_s + (vinyl.releaseDate ? texts.mediumDate(*vinyl.releaseDate) : u"N/A"_s);
+    if (sortName == BrowseTexts::kSortRecordLabel)
+        card.producerLabel = u"Record Label: "_s + text(vinyl.recordLabel) + u"  Speed: "_s + text(vinyl.recordSpeed);
+    else
+        card.producerLabel = u"Producer: "_s + text(vinyl.producer) + u"  Speed: "_s + text(vinyl.recordSpeed);
+    const double total = double(number(vinyl.quantity)) * double(number(vinyl.value));
+    card.costLabel = u"Cost: "_s + texts.currency(double(number(vinyl.cost))) + u"  Total Value: "_s
+        + texts.currency(total);
+    card.speedLabel = u"Length: "_s + Formatters::shortest(number(vinyl.albumDuration)) + u" min  Type: "_s
+        + text(vinyl.doubleAlbum);
+    return card;
+}
+
+std::optional<QList<int>> search(const QList<Vinyl> &records, const QList<int> &list, const QString &sortName,
+                                 const QString &text, TextCache &texts)
+{
+    if (text.isEmpty())
+        return list;
+
+    std::optional<QString> Vinyl::*attribute = nullptr;
+    if (sortName == BrowseTexts::kSortName)
+        attribute = &Vinyl::name;
+    else if (sortName == BrowseTexts::kSortRecordLabel)
+        attribute = &Vinyl::recordLabel;
+    else if (sortName == BrowseTexts::kSortArtist)
+        attribute = &Vinyl::artist;
+    else if (sortName != BrowseTexts::kSortYear)
+        return std::nullopt;
+
+    QList<int> found;
+    for (int index : list) {
+        const Vinyl &vinyl = records.at(index);
+        const bool matches = attribute
+            ? (vinyl.*attribute && (vinyl.*attribute)->contains(text, Qt::CaseInsensitive))
+            : (vinyl.releaseDate && texts.mediumDate(*vinyl.releaseDate).contains(text, Qt::CaseSensitive));
+        if (matches)
+            found.append(index);
+    }
+    return found;
+}
+
+void sortByName(const QList<Vinyl> &records, QList<int> &list, bool ascending)
+{
+    const auto nameOf = [&](int index) {
+        const std::optional<QString> &name = records.at(index).name;
+        return name ? QStringView(*name) : QStringView();
+    };
+    std::stable_sort(list.begin(), list.end(), [&](int a, int b) {
+        return ascending ? codePointLess(nameOf(a), nameOf(b)) : codePointLess(nameOf(b), nameOf(a));
+    });
+}
+
+QString headerText(qsizetype shown, qsizetype all)
+{
+    return BrowseTexts::kHeaderPrefix + QString::number(shown) + BrowseTexts::kHeaderOf + QString::number(all);
+}
+
+} // namespace CollectionList

@@ -1,0 +1,75 @@
+#include "collection/valuation.h"
+
+#include "store/appconfig.h"
+#include "store/formatters.h"
+
+#include <QUrl>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace Valuation {
+
+QString searchAddress(const QString &artist, const QString &name)
+{
+    QString query = u"what is a "_s + artist + u' ' + QString(name).replace(u'&', u"and"_s)
+                    + u" vinyl record album worth"_s;
+    query.remove(QChar(0x2019));
+    QString address = AppConfig::webSearchBase + QString::fromLatin1(QUrl::toPercentEncoding(query, " "));
+    address.replace(u' ', u'+');
+    address.replace(u"++"_s, u"+"_s);
+    return address;
+}
+
+QString lastQuoteText(const std::optional<QDateTime> &lastQuoted)
+{
+    return lastQuoted ? kLastValued.arg(Formatters::mediumDate(*lastQuoted)) : kNotValuedYet;
+}
+
+std::optional<float> parseNewValue(const QString &text)
+{
+    const auto value = Formatters::parseAmount(text);
+    if (!value || !std::isfinite(float(*value)))
+        return std::nullopt;
+    return float(*value);
+}
+
+Totals totals(const QList<Vinyl> &records)
+{
+    Totals sum;
+    for (const Vinyl &vinyl : records) {
+        sum.copies += number(vinyl.quantity);
+        sum.value += double(number(vinyl.quantity)) * double(number(vinyl.value));
+    }
+    return sum;
+}
+
+QString copiesText(const Totals &totals)
+{
+    return QString::number(totals.copies);
+}
+
+QString valueText(const Totals &totals)
+{
+    return Formatters::currencyOrZero(totals.value);
+}
+
+QString shareText(const Totals &totals)
+{
+    return u"Records held: "_s + copiesText(totals) + u"\nTotal value: "_s + valueText(totals) + u'\n';
+}
+
+RowTexts rowTexts(const Vinyl &vinyl)
+{
+    RowTexts texts;
+    texts.name = u"Name: "_s + text(vinyl.name);
+    texts.artist = u"Artist: "_s + text(vinyl.artist);
+    texts.recordLabel = u"Record Label: "_s + text(vinyl.recordLabel);
+    texts.released =
+        u"Date Released: "_s + (vinyl.releaseDate ? Formatters::monthYear(*vinyl.releaseDate) : u"N/A"_s);
+    texts.value = u"Value: "_s + Formatters::currencyOrZero(double(number(vinyl.value)));
+    return texts;
+}
+
+} // namespace Valuation

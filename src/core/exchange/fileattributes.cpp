@@ -1,0 +1,227 @@
+#include "exchange/fileattributes.h"
+
+#include "store/formatters.h"
+
+#include <QRegularExpression>
+
+#include <cfloat>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace FileAttributes {
+
+const QList<RecordAttribute> &records()
+{
+    static const QList<RecordAttribute> table = {
+        {u"id"_s, u"Record Number"_s, &Vinyl::id},
+        {u"name"_s, u"Album Name"_s, &Vinyl::name},
+        {u"artist"_s, u"Artist"_s, &Vinyl::artist},
+        {u"releaseDate"_s, u"Release Date"_s, &Vinyl::releaseDate},
+        {u"recordLabel"_s, u"Record Label"_s, &Vinyl::recordLabel},
+        {u"quantity"_s, u"Quantity"_s, &Vinyl::quantity},
+        {u"albumDuration"_s, u"Run Length (min)"_s, &Vinyl::albumDuration},
+        {u"producer"_s, u"Producer"_s, &Vinyl::producer},
+        {u"vinylCondition"_s, u"Vinyl Condition"_s, &Vinyl::vinylCondition},
+        {u"coverCondition"_s, u"Cover Condition"_s, &Vinyl::coverCondition},
+        {u"recordSpeed"_s, u"Record Speed"_s, &Vinyl::recordSpeed},
+        {u"doubleAlbum"_s, u"Single/Double"_s, &Vinyl::doubleAlbum},
+        {u"cost"_s, u"Cost"_s, &Vinyl::cost},
+        {u"value"_s, u"Est. Value"_s, &Vinyl::value},
+        {u"notes"_s, u"Notes"_s, &Vinyl::notes},
+    };
+    return table;
+}
+
+const QList<TrackAttribute> &tracks()
+{
+    static const QList<TrackAttribute> table = {
+        {u"vinylID"_s, u"Vinyl ID"_s, &Track::vinylID},
+        {u"trackNumber"_s, u"Track #"_s, &Track::trackNumber},
+        {u"song"_s, u"Song"_s, &Track::song},
+        {u"duration"_s, u"Duration"_s, &Track::duration},
+        {u"writtenBy"_s, u"Written By"_s, &Track::writtenBy},
+    };
+    return table;
+}
+
+template<typename Entity>
+const FileAttribute<Entity> *find(const QList<FileAttribute<Entity>> &table, const QString &header)
+{
+    const QString wanted = header.trimmed();
+    for (const FileAttribute<Entity> &attribute : table) {
+        if (wanted.compare(attribute.name, Qt::CaseInsensitive) == 0 || wanted.compare(attribute.title, Qt::CaseInsensitive) == 0)
+            return &attribute;
+    }
+    return nullptr;
+}
+
+namespace {
+
+template<typename T>
+QString plainText(const T &value)
+{
+    if constexpr (std::is_same_v<T, QString>)
+        return value;
+    else if constexpr (std::is_same_v<T, QDateTime>)
+        return value.toLocalTime().date().toString(Qt::ISODate);
+    else if constexpr (std::is_same_v<T, qint16>)
+        return QString::number(value);
+    else
+        return Formatters::shortest(value);
+}
+
+// A number with a "." decimal point, or in the locale's own style.
+std::optional<double> readNumber(const QString &text)
+{
+    bool ok = false;
+    double number = text.trimmed().toDouble(&ok);
+    if (!ok) {
+        const auto local = Formatters::parseDecimal(text.trimmed());
+        if (!local)
+            return std::nullopt;
+        number = *local;
+    }
+    return std::isnan(number) ? std::nullopt : std::optional<double>(number);
+}
+
+Error notA(const QString &title, const QString &text, const QString &what)
+{
+    return Error{u"%1 \"%2\" is not %3"_s.arg(title, excerpt(text), what)};
+}
+
+Error outOfRange(const QString &title, const QString &text)
+{
+    return Error{u"%1 \"%2\" is out of range"_s.arg(title, excerpt(text))};
+}
+
+} // namespace
+
+template<typename Entity>
+QString fileText(const FileAttribute<Entity> &attribute, const Entity &object)
+{
+    return std::visit([&](auto member) {
+        const auto &value = object.*member;
+        return value ? plainText(*value) : QString();
+    }, attribute.member);
+}
+
+template<typename Entity>
+QString shownText(const FileAttribute<Entity> &attribute, const Entity &object)
+{
+    return std::visit([&](auto member) -> QString {
+        const auto &value = object.*member;
+        if (!value)
+            return u"(none)"_s;
+        using T = std::decay_t<decltype(*value)>;
+        if constexpr (std::is_same_v<T, QDateTime>)
+            return Formatters::mediumDate(*value);
+        else if constexpr (std::is_same_v<T, float>)
+            return Formatters::twoDecimals(*value);
+        else
+            return plainText(*value);
+    }, attribute.member);
+}
+
+template<typename Entity>
+Result<void> read(const FileAttribute<Entity> &attribute, const QString &text, Entity &into)
+{
+    return std::visit([&](auto member) -> Result<void> {
+        auto &value = into.*member;
+        using T = std::decay_t<decltype(*value)>;
+        if constexpr (std::is_same_v<T, QString>) {
+            value = text;
+        } else if constexpr (std::is_same_v<T, QDateTime>) {
+            const QString trimmed = text.trimmed();
+            auto date = parseIsoDate(trimmed);
+            // The medium style only as it is written: its parser would take "31.02.1975" too.
+            if (const auto local = date ? std::nullopt : Formatters::parseMediumDate(trimmed);
+                local && Formatters::mediumDate(*local) == trimmed)
+                date = local;
+            if (!date)
+                return notA(attribute.title, text, u"a date"_s);
+            value = date;
+        } else {
+            const auto number = readNumber(text);
+            if (!number)
+                return notA(attribute.title, text, u"a number"_s);
+            if constexpr (std::is_same_v<T, qint16>) {
+                if (*number != std::trunc(*number))
+                    return notA(attribute.title, text, u"a whole number"_s);
+                if (*number < -32768 || *number > 32767)
+                    return outOfRange(attribute.title, text);
+                value = qint16(*number);
+            } else if constexpr (std::is_same_v<T, float>) {
+                if (!std::isfinite(*number) || std::fabs(*number) > FLT_MAX)
+                    return outOfRange(attribute.title, text);
+                value = float(*number);
+            } else {
+                if (!std::isfinite(*number))
+                    return outOfRange(attribute.title, text);
+                value = *number;
+            }
+        }
+        return {};
+    }, attribute.member);
+}
+
+template<typename Entity>
+bool has(const FileAttribute<Entity> &attribute, const Entity &object)
+{
+    return std::visit([&](auto member) { return (object.*member).has_value(); }, attribute.member);
+}
+
+template<typename Entity>
+bool same(const FileAttribute<Entity> &attribute, const Entity &a, const Entity &b)
+{
+    return std::visit([&](auto member) { return a.*member == b.*member; }, attribute.member);
+}
+
+template<typename Entity>
+void copy(const FileAttribute<Entity> &attribute, const Entity &from, Entity &to)
+{
+    std::visit([&](auto member) { to.*member = from.*member; }, attribute.member);
+}
+
+template<typename Entity>
+void clear(const FileAttribute<Entity> &attribute, Entity &object)
+{
+    std::visit([&](auto member) { (object.*member).reset(); }, attribute.member);
+}
+
+std::optional<QDateTime> parseIsoDate(const QString &text)
+{
+    static const QRegularExpression form(u"^(\\d{4})(?:-(\\d{1,2})(?:-(\\d{1,2}))?)?$"_s);
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch()) {
+        const QDateTime dateTime = QDateTime::fromString(text, Qt::ISODate);
+        return dateTime.isValid() ? std::optional<QDateTime>(dateTime.toLocalTime()) : std::nullopt;
+    }
+    const int year = match.captured(1).toInt();
+    const int month = std::max(1, match.captured(2).isEmpty() ? 1 : match.captured(2).toInt());
+    const int day = std::max(1, match.captured(3).isEmpty() ? 1 : match.captured(3).toInt());
+    const QDate date(year, month, day);
+    if (!date.isValid() || year == 0)
+        return std::nullopt;
+    return QDateTime(date, QTime(0, 0));
+}
+
+#define PB_FILE_ATTRIBUTE_FUNCTIONS(Entity)                                                                          \
+    template const FileAttribute<Entity> *find(const QList<FileAttribute<Entity>> &, const QString &);              \
+    template QString fileText(const FileAttribute<Entity> &, const Entity &);                                        \
+    template QString shownText(const FileAttribute<Entity> &, const Entity &);                                       \
+    template Result<void> read(const FileAttribute<Entity> &, const QString &, Entity &);                            \
+    template bool has(const FileAttribute<Entity> &, const Entity &);                                                \
+    template bool same(const FileAttribute<Entity> &, const Entity &, const Entity &);                               \
+    template void copy(const FileAttribute<Entity> &, const Entity &, Entity &);                                     \
+    template void clear(const FileAttribute<Entity> &, Entity &);
+PB_FILE_ATTRIBUTE_FUNCTIONS(Vinyl)
+PB_FILE_ATTRIBUTE_FUNCTIONS(Track)
+#undef PB_FILE_ATTRIBUTE_FUNCTIONS
+
+QString excerpt(const QString &text)
+{
+    return text.size() <= kExcerptLength ? text : text.first(kExcerptLength - 1) + u'\u2026';
+}
+
+} // namespace FileAttributes

@@ -1,0 +1,77 @@
+#include "exchange/importfile.h"
+
+#include "exchange/collectioncsv.h"
+#include "exchange/csv.h"
+#include "exchange/discogscsv.h"
+#include "exchange/exchangeformat.h"
+#include "exchange/exchangereader.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+RecordLine ImportFile::record(qsizetype index) const
+{
+    if (lines)
+        return lines->record(text, index);
+    return ExchangeReader::recordLineAt(text, recordStarts.at(index));
+}
+
+TrackLine ImportFile::track(qsizetype index) const
+{
+    if (lines)
+        return lines->track(text, index);
+    return ExchangeReader::trackLineAt(text, trackStarts.at(index));
+}
+
+namespace ImportFiles {
+
+QString formatName(ImportFormat format)
+{
+    switch (format) {
+    case ImportFormat::Exchange:
+        return u"Platterbox exchange file"_s;
+    case ImportFormat::Discogs:
+        return u"Discogs collection export"_s;
+    case ImportFormat::Spreadsheet:
+        return u"CSV file"_s;
+    case ImportFormat::Unknown:
+        break;
+    }
+    return u"Not a file Platterbox can read"_s;
+}
+
+QString summary(const ImportFile &file)
+{
+    if (file.format == ImportFormat::Unknown)
+        return formatName(file.format);
+    const QLocale locale;
+    const auto count = [&locale](qsizetype n, const QString &one, const QString &many) -> QString {
+        return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
+    };
+    QString text = formatName(file.format) + u": "_s + count(file.recordCount(), u"record"_s, u"records"_s);
+    if (file.trackCount() > 0)
+        text += u", "_s + count(file.trackCount(), u"track"_s, u"tracks"_s);
+    return text;
+}
+
+ImportFile read(QByteArray utf8)
+{
+    if (Exchange::hasRecordSection(utf8) || Exchange::hasTrackSection(utf8))
+        return ExchangeReader::read(std::move(utf8));
+    ImportFile file;
+    file.text = std::move(utf8);
+    QList<Csv::RowStart> rows = Csv::rowStarts(file.text);
+    if (rows.isEmpty())
+        return file;
+    const Csv::Row header = Csv::rowAt(file.text, rows.first());
+    if (!header.error.isEmpty())
+        return file;
+    if (DiscogsCsv::recognises(header.fields))
+        DiscogsCsv::read(std::move(rows), file);
+    else if (CollectionCsv::sectionOf(header.fields) != CollectionCsv::Section::None)
+        CollectionCsv::read(std::move(rows), file);
+    return file;
+}
+
+} // namespace ImportFiles

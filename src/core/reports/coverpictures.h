@@ -1,0 +1,76 @@
+#pragma once
+
+#include "store/entities.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QSqlQuery;
+
+// Reads stored covers over a read-only connection of its own to the store file, so a report
+// can be laid out on any thread. The connection belongs to the thread that made the reader.
+class CoverReader
+{
+public:
+    explicit CoverReader(const QString &storeFilePath);
+    ~CoverReader();
+    CoverReader(const CoverReader &) = delete;
+    CoverReader &operator=(const CoverReader &) = delete;
+
+    // The encoded cover; empty when the record has none or it cannot be read.
+    [[nodiscard]] QByteArray read(qint64 rowId, CoverSide side);
+
+private:
+    QString m_connectionName;
+    std::unique_ptr<QSqlQuery> m_query; // both covers of a record, prepared once
+    // The covers of the last record read: its other side is asked for next.
+    qint64 m_rowId = 0;
+    QByteArray m_covers[2];
+};
+
+// A cover as a report shows it: its size in pixels at the printed width and, when it was
+// decoded, the picture at that size.
+struct CoverPicture
+{
+    QSize size;
+    QImage image;
+    [[nodiscard]] bool exists() const { return size.isValid(); }
+};
+
+// Covers for reports, read one at a time at the size they are printed at. Nothing is kept
+// beyond the last record asked for, so a report of any length holds only the covers of the
+// page being drawn.
+class CoverPictures
+{
+public:
+    // width: the printed width in points; pictures have twice that many pixels. Records
+    // without their covers loaded have them read through `reader` (none: such records show
+    // no covers).
+    CoverPictures(CoverReader *reader, double width);
+
+    [[nodiscard]] double width() const { return m_width; }
+    [[nodiscard]] int pixelWidth() const;
+    // The record's cover; with decode false only its size is known (enough to lay a page out).
+    // No size when the record has none or its picture cannot be read.
+    [[nodiscard]] CoverPicture cover(const Vinyl &vinyl, CoverSide side, bool decode = true);
+
+    // The size a picture of `original` pixels has at the given pixel width.
+    [[nodiscard]] static QSize scaledSize(const QSize &original, int pixelWidth);
+    // Decodes encoded cover bytes to the given pixel width (height keeps the aspect); null
+    // when they are not a picture.
+    [[nodiscard]] static QImage decodeScaled(const QByteArray &bytes, int pixelWidth);
+
+private:
+    [[nodiscard]] QByteArray bytesOf(const Vinyl &vinyl, CoverSide side);
+
+    CoverReader *m_reader;
+    double m_width;
+    // The covers of the last record asked for: a page laid out again starts with them.
+    qint64 m_lastRowId = 0;
+    std::optional<CoverPicture> m_last[2]; // front, back; none until read
+};

@@ -1,0 +1,219 @@
+#include "reports/reportbuilder.h"
+
+#include "reports/reporttexts.h"
+#include "store/currentrecord.h"
+#include "store/formatters.h"
+#include "store/store.h"
+
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<QString> dateText(const Vinyl &vinyl)
+{
+    if (!vinyl.releaseDate)
+        return std::nullopt;
+    return Formatters::mediumDate(*vinyl.releaseDate);
+}
+
+// An amount as the filtered-list documents show it: the float's shortest text read back as a
+// number and given in the local currency. The text is written with a point in every locale,
+// so it is read back with one.
+Result<QString> currencyText(std::optional<float> amount, const QString &what, const Vinyl &vinyl)
+{
+    bool ok = false;
+    const double parsed = QLocale::c().toDouble(Formatters::shortest(number(amount)), &ok);
+    if (!ok || !std::isfinite(parsed))
+        return Error{ReportTexts::kUnreadableAmount.arg(what, text(vinyl.name))};
+    return Formatters::currency(parsed);
+}
+
+Error noTitleValue(const QString &attribute)
+{
+    return Error{ReportTexts::kNoTitleValue.arg(attribute)};
+}
+
+} // namespace
+
+namespace ReportBuilder {
+
+QString filteredListTitle(const BreakdownKind &kind, const Vinyl &first, bool *hasValue)
+{
+    std::optional<QString> value;
+    QString title;
+    switch (kind.group) {
+    case BreakdownKind::Group::Artist:
+        title = ReportTexts::kFilteredByArtist;
+        value = first.artist;
+        break;
+    case BreakdownKind::Group::Label:
+        title = ReportTexts::kFilteredByLabel;
+        value = first.recordLabel;
+        break;
+    case BreakdownKind::Group::Producer:
+        title = ReportTexts::kFilteredByProducer;
+        value = first.producer;
+        break;
+    case BreakdownKind::Group::Year:
+        title = ReportTexts::kFilteredByYear;
+        value = dateText(first);
+        break;
+    }
+    if (hasValue)
+        *hasValue = value.has_value();
+    return title + value.value_or(QString());
+}
+
+std::optional<FetchRequest> reportRequest(const QString &originScreen, const CurrentRecord &group, bool ascending)
+{
+    FetchRequest request(Entity::Vinyl);
+    if (originScreen == ReportOrigins::List) {
+        request.sortedBy(u"name"_s, ascending).sortedBy(u"artist"_s, ascending);
+    } else if (originScreen == ReportOrigins::ArtistBreakdown) {
+        request.where(Predicate::equal(u"artist"_s, group.artist)).sortedBy(u"name"_s, ascending);
+    } else if (originScreen == ReportOrigins::YearBreakdown) {
+        // The exact stored date and time, not the year the breakdown list shows.
+        if (!group.releaseDate)
+            return std::nullopt;
+        request.where(Predicate::equal(u"releaseDate"_s, *group.releaseDate)).sortedBy(u"artist"_s, ascending);
+    } else if (originScreen == ReportOrigins::ProducerBreakdown) {
+        request.where(Predicate::equal(u"producer"_s, group.producer)).sortedBy(u"name"_s, ascending);
+    } else if (originScreen == ReportOrigins::LabelBreakdown) {
+        // Always by artist then name: the label report does not follow the order toggle.
+        request.where(Predicate::equal(u"recordLabel"_s, group.recordLabel)).sortedBy(u"artist"_s).sortedBy(u"name"_s);
+    } else {
+        return std::nullopt;
+    }
+    return request;
+}
+
+Result<QList<Vinyl>> fetchReport(Store &store, const QString &originScreen, const CurrentRecord &group, bool ascending)
+{
+    const auto request = reportRequest(originScreen, group, ascending);
+    if (!request)
+        return QList<Vinyl>();
+    return store.fetchVinyl(*request);
+}
+
+QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasValue)
+{
+    std::optional<QString> value;
+    QString title;
+    if (originScreen == ReportOrigins::ArtistBreakdown) {
+        title = ReportTexts::kReportByArtist;
+        value = first.artist;
+    } else if (originScreen == ReportOrigins::YearBreakdown) {
+        title = ReportTexts::kReportByDate;
+        value = dateText(first);
+    } else if (originScreen == ReportOrigins::ProducerBreakdown) {
+        title = ReportTexts::kReportByProducer;
+        value = first.producer;
+    } else if (originScreen == ReportOrigins::LabelBreakdown) {
+        title = ReportTexts::kReportByLabel;
+        value = first.recordLabel;
+    } else {
+        title = ReportTexts::kCompleteList;
+        value = QString();
+    }
+    if (hasValue)
+        *hasValue = value.has_value();
+    return title + value.value_or(QString());
+}
+
+QString amountsLine(const Vinyl &vinyl)
+{
+    const float total = number(vinyl.value) * float(number(vinyl.quantity));
+    return u"Qty: "_s + QString::number(number(vinyl.quantity)) + u" - Cost: "_s + Formatters::shortest(number(vinyl.cost))
+        + u" - Total Value (Qty * Value): "_s + Formatters::currency(total);
+}
+
+} // namespace ReportBuilder
+
+ReportContent::ReportContent(Kind kind, QString title, int titlePointSize, QList<Vinyl> records)
+    : m_kind(kind), m_title(std::move(title)), m_titlePointSize(titlePointSize), m_records(std::move(records))
+{
+}
+
+Result<ReportContent> ReportContent::filteredList(const BreakdownKind &kind, QList<Vinyl> records)
+{
+    if (records.isEmpty())
+        return Error{ReportTexts::kEmptyMessage};
+    bool hasValue = false;
+    QString title = ReportBuilder::filteredListTitle(kind, records.first(), &hasValue);
+    if (!hasValue)
+        return noTitleValue(kind.group == BreakdownKind::Group::Artist     ? u"artist"_s
+                            : kind.group == BreakdownKind::Group::Label    ? u"record label"_s
+                            : kind.group == BreakdownKind::Group::Producer ? u"producer"_s
+                                                                           : u"release date"_s);
+    return ReportContent(Kind::FilteredList, std::move(title), 21, std::move(records));
+}
+
+Result<ReportContent> ReportContent::printedReport(const QString &originScreen, QList<Vinyl> records)
+{
+    if (records.isEmpty())
+        return Error{ReportTexts::kEmptyMessage};
+    bool hasValue = false;
+    QString title = ReportBuilder::reportTitle(originScreen, records.first(), &hasValue);
+    if (!hasValue)
+        return noTitleValue(originScreen == ReportOrigins::YearBreakdown       ? u"release date"_s
+                            : originScreen == ReportOrigins::LabelBreakdown    ? u"record label"_s
+                            : originScreen == ReportOrigins::ProducerBreakdown ? u"producer"_s
+                                                                               : u"artist"_s);
+    ReportContent content(Kind::PrintedReport, std::move(title), 17, std::move(records));
+    content.m_order = {Line::Artist, Line::Album, Line::Date, Line::Producer, Line::Label};
+    if (originScreen == ReportOrigins::YearBreakdown)
+        content.m_order = {Line::Date, Line::Artist, Line::Album, Line::Producer, Line::Label};
+    else if (originScreen == ReportOrigins::ProducerBreakdown)
+        content.m_order = {Line::Producer, Line::Artist, Line::Album, Line::Date, Line::Label};
+    else if (originScreen == ReportOrigins::LabelBreakdown) // the label line comes twice, as users know it
+        content.m_order = {Line::Label, Line::Artist, Line::Album, Line::Date, Line::Producer, Line::Label};
+    return content;
+}
+
+Result<QStringList> ReportContent::lines(int index) const
+{
+    const Vinyl &vinyl = m_records.at(index);
+    QStringList out;
+    auto line = [&out](const QString &label, const std::optional<QString> &value) {
+        if (value)
+            out.append(label + *value);
+    };
+    if (m_kind == Kind::PrintedReport) {
+        for (Line kind : m_order) {
+            switch (kind) {
+            case Line::Artist: line(u"Artist: "_s, vinyl.artist); break;
+            case Line::Album: line(u"Album Name: "_s, vinyl.name); break;
+            case Line::Date: line(u"Release Date: "_s, dateText(vinyl)); break;
+            case Line::Producer: line(u"Producer: "_s, vinyl.producer); break;
+            case Line::Label: line(u"Record Label: "_s, vinyl.recordLabel); break;
+            }
+        }
+        out.append(ReportBuilder::amountsLine(vinyl));
+        return out;
+    }
+    auto cost = currencyText(vinyl.cost, u"cost"_s, vinyl);
+    if (!cost)
+        return cost.error();
+    auto value = currencyText(vinyl.value, u"value"_s, vinyl);
+    if (!value)
+        return value.error();
+    line(u"Artist: "_s, vinyl.artist);
+    line(u"Album Name: "_s, vinyl.name);
+    line(u"Release Date: "_s, dateText(vinyl));
+    line(u"Record Label: "_s, vinyl.recordLabel);
+    out.append(u"Record Length (min): "_s + Formatters::shortest(number(vinyl.albumDuration)));
+    line(u"Producer: "_s, vinyl.producer);
+    line(u"Vinyl Condition: "_s, vinyl.vinylCondition);
+    line(u"Cover Condition: "_s, vinyl.coverCondition);
+    line(u"Record Speed: "_s, vinyl.recordSpeed);
+    line(u"Single/Double: "_s, vinyl.doubleAlbum);
+    out.append(u"Quantity: "_s + QString::number(number(vinyl.quantity)));
+    out.append(u"Cost: "_s + *cost);
+    out.append(u"Est. Value: "_s + *value);
+    line(u"Notes: "_s, vinyl.notes);
+    return out;
+}

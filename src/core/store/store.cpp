@@ -1,0 +1,963 @@
+#include "store/store.h"
+
+#include <QAtomicInteger>
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStringList>
+#include <QSqlDriver>
+#include <QTimeZone>
+#include <QUrl>
+#include <QUrlQuery>
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Kind { Text, Integer, Real, Date, Blob };
+
+struct Column
+{
+    QString name;
+    Kind kind;
+};
+
+// Column order of each table. The BLOBs come last so that the other columns of a row sit
+// before any overflow pages and list fetches never touch the image bytes.
+const QList<Column> &vinylColumns()
+{
+    static const QList<Column> columns = {
+        {u"id"_s, Kind::Integer},           {u"name"_s, Kind::Text},
+        {u"artist"_s, Kind::Text},          {u"releaseDate"_s, Kind::Date},
+        {u"recordLabel"_s, Kind::Text},     {u"producer"_s, Kind::Text},
+        {u"quantity"_s, Kind::Integer},     {u"albumDuration"_s, Kind::Real},
+        {u"vinylCondition"_s, Kind::Text},  {u"coverCondition"_s, Kind::Text},
+        {u"recordSpeed"_s, Kind::Text},     {u"doubleAlbum"_s, Kind::Text},
+        {u"cost"_s, Kind::Real},            {u"value"_s, Kind::Real},
+        {u"notes"_s, Kind::Text},           {u"frontImagePath"_s, Kind::Text},
+        {u"backImagePath"_s, Kind::Text},   {u"frontImage"_s, Kind::Blob},
+        {u"backImage"_s, Kind::Blob},
+    };
+    return columns;
+}
+constexpr int kVinylColumnsWithoutImages = 17;
+
+const QList<Column> &trackColumns()
+{
+    static const QList<Column> columns = {
+        {u"vinylID"_s, Kind::Integer}, {u"trackNumber"_s, Kind::Integer}, {u"song"_s, Kind::Text},
+        {u"writtenBy"_s, Kind::Text},  {u"duration"_s, Kind::Real},
+    };
+    return columns;
+}
+
+const QList<Column> &conditionColumns()
+{
+    static const QList<Column> columns = {{u"condition"_s, Kind::Text}};
+    return columns;
+}
+
+const QList<Column> &columnsOf(Entity entity)
+{
+    switch (entity) {
+    case Entity::Vinyl: return vinylColumns();
+    case Entity::Tracks: return trackColumns();
+    case Entity::VinylCondition:
+    case Entity::CoverCondition: return conditionColumns();
+    }
+    return conditionColumns();
+}
+
+const Column *findColumn(Entity entity, const QString &attribute)
+{
+    for (const Column &c : columnsOf(entity)) {
+        if (c.name == attribute)
+            return &c;
+    }
+    return nullptr;
+}
+
+Error sqlError(const QString &what, const QSqlError &error)
+{
+    return Error{what + u": "_s + error.text()};
+}
+
+// Values travel as QVariant; dates are stored as milliseconds since the epoch so that they
+// compare and sort as numbers.
+QVariant toStored(Kind kind, const QVariant &value)
+{
+    if (!value.isValid() || value.isNull())
+        return QVariant();
+    if (kind == Kind::Date && value.metaType() == QMetaType::fromType<QDateTime>())
+        return value.toDateTime().toMSecsSinceEpoch();
+    return value;
+}
+
+template<typename T>
+QVariant stored(const std::optional<T> &value)
+{
+    if (!value)
+        return QVariant();
+    if constexpr (std::is_same_v<T, QDateTime>)
+        return value->toMSecsSinceEpoch();
+    else if constexpr (std::is_same_v<T, float>)
+        return double(*value);
+    else
+        return QVariant::fromValue(*value);
+}
+
+// Reads go straight through SQLite's C API on the store's own connection: a list fetch of
+// the whole collection is the hottest path of the app, and per-value QVariants cost more
+// than the query itself.
+class Statement
+{
+public:
+    // A kept statement is the store's and is only reset when done with; any other is finalized.
+    enum Ownership { Own, Kept };
+    explicit Statement(sqlite3_stmt *statement, Ownership ownership = Own)
+        : m_statement(statement), m_ownership(ownership)
+    {
+    }
+    ~Statement()
+    {
+        if (m_ownership == Kept) {
+            sqlite3_reset(m_statement);
+            sqlite3_clear_bindings(m_statement);
+        } else {
+            sqlite3_finalize(m_statement);
+        }
+    }
+    Statement(const Statement &) = delete;
+    Statement &operator=(const Statement &) = delete;
+
+    bool next() { return sqlite3_step(m_statement) == SQLITE_ROW; }
+    [[nodiscard]] bool isNull(int i) const { return sqlite3_column_type(m_statement, i) == SQLITE_NULL; }
+    [[nodiscard]] qint64 integer(int i) const { return sqlite3_column_int64(m_statement, i); }
+    [[nodiscard]] double real(int i) const { return sqlite3_column_double(m_statement, i); }
+    [[nodiscard]] QString string(int i) const
+    {
+        const auto *data = reinterpret_cast<const char *>(sqlite3_column_text(m_statement, i));
+        const int size = sqlite3_column_bytes(m_statement, i);
+        return size > 0 ? QString::fromUtf8(data, size) : QString(u""_s);
+    }
+    [[nodiscard]] QByteArray blob(int i) const
+    {
+        const void *data = sqlite3_column_blob(m_statement, i);
+        const int size = sqlite3_column_bytes(m_statement, i);
+        return QByteArray(static_cast<const char *>(data), size);
+    }
+
+    [[nodiscard]] sqlite3_stmt *handle() const { return m_statement; }
+
+private:
+    sqlite3_stmt *m_statement;
+    Ownership m_ownership;
+};
+
+std::optional<QString> readText(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<QString>(q.string(i));
+}
+std::optional<qint16> readInt16(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<qint16>(qint16(q.integer(i)));
+}
+std::optional<double> readDouble(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<double>(q.real(i));
+}
+std::optional<float> readFloat(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<float>(float(q.real(i)));
+}
+std::optional<QDateTime> readDate(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<QDateTime>(QDateTime::fromMSecsSinceEpoch(q.integer(i)));
+}
+std::optional<QByteArray> readBlob(const Statement &q, int i)
+{
+    return q.isNull(i) ? std::nullopt : std::optional<QByteArray>(q.blob(i));
+}
+
+QString tableName(Entity entity)
+{
+    return entityName(entity);
+}
+
+QString columnList(Entity entity, bool includeImages)
+{
+    QStringList names{u"rowid"_s};
+    const auto &columns = columnsOf(entity);
+    const int n = (entity == Entity::Vinyl && !includeImages) ? kVinylColumnsWithoutImages : int(columns.size());
+    for (int i = 0; i < n; ++i)
+        names << u'"' + columns[i].name + u'"';
+    return names.join(u", "_s);
+}
+
+struct BuiltQuery
+{
+    QString sql;
+    QVariantList values;
+};
+
+Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selection, bool withOrder)
+{
+    BuiltQuery built;
+    built.sql = u"SELECT "_s + selection + u" FROM \""_s + tableName(request.entity) + u'"';
+    QStringList conditions;
+    for (const Predicate &p : request.predicates) {
+        const Column *column = findColumn(request.entity, p.attribute);
+        if (!column)
+            return Error{u"Unknown attribute "_s + p.attribute + u" of "_s + entityName(request.entity)};
+        const QVariant value = toStored(column->kind, p.value);
+        const QString quoted = u'"' + column->name + u'"';
+        if (value.isNull()) {
+            // Comparing with an absent value: only equality is meaningful.
+            conditions << (p.op == Predicate::Op::Equal ? quoted + u" IS NULL"_s : u"0"_s);
+            continue;
+        }
+        const char *op = p.op == Predicate::Op::Equal ? " = ?" : p.op == Predicate::Op::GreaterOrEqual ? " >= ?" : " < ?";
+        conditions << quoted + QLatin1StringView(op);
+        built.values << value;
+    }
+    if (!conditions.isEmpty())
+        built.sql += u" WHERE "_s + conditions.join(u" AND "_s);
+    if (withOrder) {
+        QStringList order;
+        for (const SortKey &key : request.sortKeys) {
+            const Column *column = findColumn(request.entity, key.attribute);
+            if (!column)
+                return Error{u"Unknown sort attribute "_s + key.attribute + u" of "_s + entityName(request.entity)};
+            order << u'"' + column->name + (key.ascending ? u"\" ASC"_s : u"\" DESC"_s);
+        }
+        if (!order.isEmpty())
+            built.sql += u" ORDER BY "_s + order.join(u", "_s) + u", rowid ASC"_s;
+        if (request.limit > 0)
+            built.sql += u" LIMIT "_s + QString::number(request.limit);
+    }
+    return built;
+}
+
+QString cardColumnList()
+{
+    QStringList names{u"rowid"_s};
+    for (const QString &attribute : Store::kCardAttributes)
+        names << u'"' + attribute + u'"';
+    return names.join(u", "_s);
+}
+
+// The columns of cardColumnList(), in its order.
+Vinyl readCardVinyl(const Statement &q)
+{
+    Vinyl v;
+    v.rowId = q.integer(0);
+    v.name = readText(q, 1);
+    v.artist = readText(q, 2);
+    v.releaseDate = readDate(q, 3);
+    v.recordLabel = readText(q, 4);
+    v.producer = readText(q, 5);
+    v.quantity = readInt16(q, 6);
+    v.albumDuration = readDouble(q, 7);
+    v.recordSpeed = readText(q, 8);
+    v.doubleAlbum = readText(q, 9);
+    v.cost = readFloat(q, 10);
+    v.value = readFloat(q, 11);
+    v.cardAttributesOnly = true;
+    return v;
+}
+
+Vinyl readVinyl(const Statement &q, bool includeImages)
+{
+    Vinyl v;
+    v.rowId = q.integer(0);
+    v.id = readInt16(q, 1);
+    v.name = readText(q, 2);
+    v.artist = readText(q, 3);
+    v.releaseDate = readDate(q, 4);
+    v.recordLabel = readText(q, 5);
+    v.producer = readText(q, 6);
+    v.quantity = readInt16(q, 7);
+    v.albumDuration = readDouble(q, 8);
+    v.vinylCondition = readText(q, 9);
+    v.coverCondition = readText(q, 10);
+    v.recordSpeed = readText(q, 11);
+    v.doubleAlbum = readText(q, 12);
+    v.cost = readFloat(q, 13);
+    v.value = readFloat(q, 14);
+    v.notes = readText(q, 15);
+    v.frontImagePath = readText(q, 16);
+    v.backImagePath = readText(q, 17);
+    if (includeImages) {
+        v.frontImage = readBlob(q, 18);
+        v.backImage = readBlob(q, 19);
+    }
+    v.imagesLoaded = includeImages;
+    return v;
+}
+
+QVariantList vinylValues(const Vinyl &v, bool includeImages)
+{
+    QVariantList values{stored(v.id),          stored(v.name),           stored(v.artist),
+                        stored(v.releaseDate), stored(v.recordLabel),    stored(v.producer),
+                        stored(v.quantity),    stored(v.albumDuration),  stored(v.vinylCondition),
+                        stored(v.coverCondition), stored(v.recordSpeed), stored(v.doubleAlbum),
+                        stored(v.cost),        stored(v.value),          stored(v.notes),
+                        stored(v.frontImagePath), stored(v.backImagePath)};
+    if (includeImages)
+        values << stored(v.frontImage) << stored(v.backImage);
+    return values;
+}
+
+QVariantList trackValues(const Track &t)
+{
+    return {stored(t.vinylID), stored(t.trackNumber), stored(t.song), stored(t.writtenBy), stored(t.duration)};
+}
+
+QAtomicInteger<quint64> s_connectionCounter;
+QAtomicInt s_busyTimeoutMs = Store::kBusyTimeoutMs;
+
+sqlite3 *connectionOf(const QSqlDatabase &db);
+
+bool isBusy(int rc)
+{
+    return (rc & 0xff) == SQLITE_BUSY || (rc & 0xff) == SQLITE_LOCKED;
+}
+
+// Whether path may be written by this user, and by anyone at all: the superuser may write
+// every file, but a store whose file or folder grants no one a write was made read-only on
+// purpose (a copy kept safe, a folder shared to look at).
+bool writable(const QFileInfo &info)
+{
+    return info.isWritable() && (info.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
+}
+
+// Why the store at filePath cannot be changed: SQLite keeps its journal beside the store, so
+// the folder must be writable as well as the files; empty when everything is.
+QString readOnlyReasonOf(const QString &filePath)
+{
+    const QFileInfo store(filePath);
+    if (!writable(QFileInfo(store.absolutePath())))
+        return Store::kReadOnlyFolder.arg(QDir::toNativeSeparators(store.absolutePath()));
+    for (const QString &path : QStringList{filePath, filePath + u"-wal"_s, filePath + u"-shm"_s}) {
+        const QFileInfo file(path);
+        if (file.exists() && !writable(file))
+            return Store::kReadOnlyFile.arg(QDir::toNativeSeparators(file.absoluteFilePath()));
+    }
+    return {};
+}
+
+} // namespace
+
+QString entityName(Entity entity)
+{
+    switch (entity) {
+    case Entity::Vinyl: return u"Vinyl"_s;
+    case Entity::Tracks: return u"Tracks"_s;
+    case Entity::VinylCondition: return u"VinylCondition"_s;
+    case Entity::CoverCondition: return u"CoverCondition"_s;
+    }
+    return {};
+}
+
+Store::Store(QString connectionName, QString filePath)
+    : m_connectionName(std::move(connectionName)), m_filePath(std::move(filePath))
+{
+}
+
+Store::~Store()
+{
+    for (sqlite3_stmt *statement : std::as_const(m_statements))
+        sqlite3_finalize(statement);
+    m_statements.clear();
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
+        if (db.isOpen())
+            db.close();
+    }
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+QSqlDatabase Store::database() const
+{
+    return QSqlDatabase::database(m_connectionName, false);
+}
+
+Result<std::unique_ptr<Store>> Store::open(const QString &filePath)
+{
+    const QString name = u"platterbox-store-"_s + QString::number(++s_connectionCounter);
+    std::unique_ptr<Store> store(new Store(name, filePath));
+    QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
+    const QString readOnly = filePath == u":memory:"_s ? QString() : readOnlyReasonOf(filePath);
+    if (!readOnly.isEmpty() && !QFileInfo::exists(filePath))
+        return Error{u"Cannot make the store "_s + filePath + u": "_s + readOnly};
+    bool writeRefused = false;
+    auto connected = store->connect(readOnly, &writeRefused);
+    // A disk that refuses the first write (mounted read-only, say) opens the store read-only.
+    if (writeRefused)
+        connected = store->connect(kReadOnlyRefused.arg(QDir::toNativeSeparators(filePath)), nullptr);
+    if (!connected)
+        return connected.error();
+    if (auto r = store->migrate(); !r)
+        return r.error();
+    return store;
+}
+
+Result<void> Store::connect(const QString &readOnlyReason, bool *writeRefused)
+{
+    QSqlDatabase db = database();
+    if (db.isOpen())
+        db.close();
+    m_readOnlyReason = readOnlyReason;
+    if (isReadOnly()) {
+        configureReader(db, m_filePath);
+    } else {
+        db.setDatabaseName(m_filePath);
+        db.setConnectOptions();
+    }
+    if (!db.open())
+        return sqlError(u"Cannot open the store "_s + m_filePath, db.lastError());
+    sqlite3 *handle = connectionOf(db);
+    if (!handle)
+        return Error{u"Cannot open the store "_s + m_filePath};
+    sqlite3_busy_timeout(handle, s_busyTimeoutMs.loadRelaxed());
+    const char *pragmas = isReadOnly() ? "PRAGMA foreign_keys = OFF"
+                                       : "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = OFF";
+    const int rc = sqlite3_exec(handle, pragmas, nullptr, nullptr, nullptr);
+    if (rc == SQLITE_OK)
+        return {};
+    if (writeRefused)
+        *writeRefused = (rc & 0xff) == SQLITE_READONLY;
+    return Error{u"Cannot open the store "_s + m_filePath + u": "_s + QString::fromUtf8(sqlite3_errmsg(handle))};
+}
+
+void Store::setBusyTimeout(int milliseconds)
+{
+    s_busyTimeoutMs.storeRelaxed(milliseconds);
+}
+
+QString Store::readerUri(const QString &filePath)
+{
+    if (filePath == u":memory:"_s)
+        return filePath;
+    // SQLite reads a store in WAL mode through an index file it makes beside the store. Where
+    // that cannot be made and is not there, no program can be changing the store either, and it
+    // is read as a file that does not change.
+    const QFileInfo store(filePath);
+    const bool indexPossible = writable(QFileInfo(store.absolutePath()))
+                               || (QFileInfo::exists(filePath + u"-wal"_s) && QFileInfo::exists(filePath + u"-shm"_s));
+    QUrlQuery query;
+    query.addQueryItem(u"mode"_s, u"ro"_s);
+    if (!indexPossible)
+        query.addQueryItem(u"immutable"_s, u"1"_s);
+    QUrl url = QUrl::fromLocalFile(store.absoluteFilePath());
+    url.setQuery(query);
+    return url.toString(QUrl::FullyEncoded);
+}
+
+void Store::configureReader(QSqlDatabase &db, const QString &filePath)
+{
+    db.setDatabaseName(readerUri(filePath));
+    db.setConnectOptions(u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
+}
+
+Result<void> Store::checkWritable() const
+{
+    if (isReadOnly())
+        return readOnlyError();
+    return {};
+}
+
+Result<void> Store::exec(const QString &sql) const
+{
+    QSqlQuery q(database());
+    if (!q.exec(sql))
+        return sqlError(sql, q.lastError());
+    return {};
+}
+
+Result<void> Store::migrate()
+{
+    QSqlQuery q(database());
+    if (!q.exec(u"PRAGMA user_version"_s) || !q.next())
+        return sqlError(u"Cannot read the store's version"_s, q.lastError());
+    const int version = q.value(0).toInt();
+    q.finish(); // an open read keeps the schema locked against the changes below
+    if (version > kSchemaVersion)
+        return Error{u"The store was written by a newer version of Platterbox (schema %1, this version knows %2)"_s
+                         .arg(version)
+                         .arg(kSchemaVersion)};
+    if (version >= kSchemaVersion)
+        return {};
+    if (isReadOnly())
+        return Error{kReadOnlyOlderSchema.arg(m_readOnlyReason)};
+
+    return transaction([this, version]() -> Result<void> {
+        QStringList statements;
+        if (version < 1) {
+            statements << u"CREATE TABLE Vinyl (id INTEGER, name TEXT, artist TEXT, releaseDate INTEGER, recordLabel TEXT, "
+                          "producer TEXT, quantity INTEGER, albumDuration REAL, vinylCondition TEXT, coverCondition TEXT, "
+                          "recordSpeed TEXT, doubleAlbum TEXT, cost REAL, value REAL, notes TEXT, frontImagePath TEXT, "
+                          "backImagePath TEXT, frontImage BLOB, backImage BLOB)"_s
+                       << u"CREATE TABLE Tracks (vinylID INTEGER, trackNumber INTEGER, song TEXT, writtenBy TEXT, duration REAL)"_s
+                       << u"CREATE TABLE VinylCondition (condition TEXT)"_s
+                       << u"CREATE TABLE CoverCondition (condition TEXT)"_s
+                       << u"CREATE INDEX VinylByName ON Vinyl(name)"_s
+                       << u"CREATE INDEX VinylByArtist ON Vinyl(artist)"_s
+                       << u"CREATE INDEX VinylByRecordLabel ON Vinyl(recordLabel)"_s
+                       << u"CREATE INDEX VinylByProducer ON Vinyl(producer)"_s
+                       << u"CREATE INDEX VinylByReleaseDate ON Vinyl(releaseDate)"_s
+                       << u"CREATE INDEX VinylById ON Vinyl(id)"_s
+                       << u"CREATE INDEX TracksByRecord ON Tracks(vinylID, trackNumber)"_s;
+        }
+        if (version < 2) {
+            // The list orders become covering indexes over what a card shows: rows are wide
+            // (two covers each), so a long list read from the table touches a page per record.
+            for (const QString &order : {u"name"_s, u"artist"_s, u"recordLabel"_s, u"releaseDate"_s}) {
+                QStringList columns{order};
+                for (const QString &attribute : kCardAttributes) {
+                    if (attribute != order)
+                        columns << attribute;
+                }
+                const QString index = u"VinylBy"_s + order.at(0).toUpper() + order.mid(1);
+                statements << u"DROP INDEX IF EXISTS "_s + index
+                           << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + columns.join(u", "_s) + u')';
+            }
+        }
+        if (version < 3) {
+            // Each cover's exchange encoding lives beside it (see ExchangeEncoding); a changed
+            // cover drops its encoding, whichever way it was written.
+            for (const QString &side : {u"front"_s, u"back"_s}) {
+                const QString cover = side + u"Image"_s;
+                statements << u"ALTER TABLE Vinyl ADD COLUMN %1Exchange BLOB"_s.arg(cover)
+                           << u"CREATE TRIGGER %1Changed AFTER UPDATE OF %1 ON Vinyl WHEN NEW.%1 IS NOT OLD.%1 "
+                              "BEGIN UPDATE Vinyl SET %1Exchange = NULL WHERE rowid = NEW.rowid; END"_s.arg(cover);
+            }
+        }
+        if (version < 4) {
+            // Every change of a record's value is kept with its date. A store that had no history
+            // starts one with each valued record's current value, so every chart has a start.
+            statements << u"CREATE TABLE IF NOT EXISTS Quotes (vinylRowId INTEGER, quoted INTEGER, value REAL, source TEXT)"_s
+                       << u"CREATE INDEX IF NOT EXISTS QuotesByRecord ON Quotes(vinylRowId, quoted, value)"_s
+                       << u"INSERT INTO Quotes (vinylRowId, quoted, value, source) SELECT rowid, %1, value, '%2' "
+                          "FROM Vinyl WHERE value IS NOT NULL AND value <> 0 ORDER BY rowid"_s
+                              .arg(QDateTime::currentMSecsSinceEpoch())
+                              .arg(QuoteSources::Start)
+                       // The statistics count grades from these instead of reading the wide rows.
+                       << u"CREATE INDEX IF NOT EXISTS VinylByVinylCondition ON Vinyl(vinylCondition)"_s
+                       << u"CREATE INDEX IF NOT EXISTS VinylByCoverCondition ON Vinyl(coverCondition)"_s;
+        }
+        statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
+        for (const QString &sql : statements) {
+            if (auto r = exec(sql); !r)
+                return r;
+        }
+        return {};
+    });
+}
+
+Result<void> Store::transaction(const std::function<Result<void>()> &work)
+{
+    if (isReadOnly())
+        return readOnlyError();
+    const bool outermost = m_transactionDepth == 0;
+    // QSqlDatabase::transaction() begins a deferred transaction, which fails at once when it
+    // reads and then finds another program writing; IMMEDIATE waits for the lock instead.
+    if (outermost) {
+        if (auto begun = control("BEGIN IMMEDIATE"); !begun)
+            return begun;
+    }
+    ++m_transactionDepth;
+    Result<void> result = work();
+    --m_transactionDepth;
+    if (!outermost)
+        return result;
+    if (!result) {
+        (void)control("ROLLBACK");
+        return result;
+    }
+    if (auto committed = control("COMMIT"); !committed) {
+        (void)control("ROLLBACK");
+        return Error{u"Cannot save the changes: "_s + committed.errorMessage()};
+    }
+    return {};
+}
+
+Result<void> Store::control(const char *sql)
+{
+    sqlite3 *handle = connectionOf(database());
+    if (!handle)
+        return Error{u"The store is not open"_s};
+    const int rc = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
+    if (rc == SQLITE_OK)
+        return {};
+    if (isBusy(rc))
+        return Error{kBusyMessage};
+    return Error{QString::fromLatin1(sql) + u": "_s + QString::fromUtf8(sqlite3_errmsg(handle))};
+}
+
+namespace {
+sqlite3 *connectionOf(const QSqlDatabase &db)
+{
+    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
+    return handle.isValid() ? *static_cast<sqlite3 *const *>(handle.data()) : nullptr;
+}
+
+// Binds a value as QtSql's SQLite driver would: absent values, null texts and null bytes as
+// NULL, texts as UTF-8, dates already turned into numbers. Bytes are bound in place when
+// blobLifetime is SQLITE_STATIC: the value must then outlive the statement's step.
+int bindValue(sqlite3_stmt *statement, int index, const QVariant &value, sqlite3_destructor_type blobLifetime)
+{
+    if (!value.isValid())
+        return sqlite3_bind_null(statement, index);
+    switch (value.metaType().id()) {
+    case QMetaType::QString: {
+        const QString &string = *static_cast<const QString *>(value.constData());
+        if (string.isNull())
+            return sqlite3_bind_null(statement, index);
+        const QByteArray text = string.toUtf8();
+        return sqlite3_bind_text(statement, index, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+    }
+    case QMetaType::QByteArray: {
+        const QByteArray &bytes = *static_cast<const QByteArray *>(value.constData());
+        if (bytes.isNull())
+            return sqlite3_bind_null(statement, index);
+        return sqlite3_bind_blob(statement, index, bytes.constData(), int(bytes.size()), blobLifetime);
+    }
+    case QMetaType::Double:
+    case QMetaType::Float: return sqlite3_bind_double(statement, index, value.toDouble());
+    default: return sqlite3_bind_int64(statement, index, value.toLongLong());
+    }
+}
+
+Result<std::unique_ptr<Statement>> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
+{
+    sqlite3 *connection = connectionOf(db);
+    if (!connection)
+        return Error{u"The store is not open"_s};
+    sqlite3_stmt *raw = nullptr;
+    const QByteArray sql = built.sql.toUtf8();
+    if (sqlite3_prepare_v2(connection, sql.constData(), int(sql.size()), &raw, nullptr) != SQLITE_OK)
+        return Error{u"Cannot prepare a fetch: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
+    auto statement = std::make_unique<Statement>(raw);
+    for (int i = 0; i < built.values.size(); ++i) {
+        if (bindValue(raw, i + 1, built.values[i], SQLITE_TRANSIENT) != SQLITE_OK)
+            return Error{u"Cannot bind a fetch value: "_s + QString::fromUtf8(sqlite3_errmsg(connection))};
+    }
+    return statement;
+}
+
+
+QString buildInsertSql(Entity entity, int columnCount)
+{
+    QStringList names, marks;
+    const auto &columns = columnsOf(entity);
+    for (int i = 0; i < columnCount; ++i) {
+        names << u'"' + columns[i].name + u'"';
+        marks << u"?"_s;
+    }
+    return u"INSERT INTO \""_s + tableName(entity) + u"\" ("_s + names.join(u", "_s) + u") VALUES ("_s
+           + marks.join(u", "_s) + u')';
+}
+
+QString buildUpdateSql(Entity entity, int columnCount)
+{
+    QStringList sets;
+    const auto &columns = columnsOf(entity);
+    for (int i = 0; i < columnCount; ++i)
+        sets << u'"' + columns[i].name + u"\" = ?"_s;
+    return u"UPDATE \""_s + tableName(entity) + u"\" SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
+}
+
+// The statements' texts are the keys of the prepared statements; made once per thread, not
+// once per record of an import.
+QString insertSql(Entity entity, int columnCount)
+{
+    thread_local QHash<std::pair<int, int>, QString> made;
+    QString &sql = made[{int(entity), columnCount}];
+    if (sql.isEmpty())
+        sql = buildInsertSql(entity, columnCount);
+    return sql;
+}
+
+QString updateSql(Entity entity, int columnCount)
+{
+    thread_local QHash<std::pair<int, int>, QString> made;
+    QString &sql = made[{int(entity), columnCount}];
+    if (sql.isEmpty())
+        sql = buildUpdateSql(entity, columnCount);
+    return sql;
+}
+} // namespace
+
+Result<sqlite3_stmt *> Store::kept(const QString &sql) const
+{
+    sqlite3 *connection = connectionOf(database());
+    if (!connection)
+        return Error{u"The store is not open"_s};
+    sqlite3_stmt *&statement = m_statements[sql];
+    if (!statement) {
+        const QByteArray text = sql.toUtf8();
+        if (sqlite3_prepare_v3(connection, text.constData(), int(text.size()), SQLITE_PREPARE_PERSISTENT, &statement,
+                               nullptr)
+            != SQLITE_OK) {
+            m_statements.remove(sql);
+            return Error{QString::fromUtf8(sqlite3_errmsg(connection))};
+        }
+    }
+    return statement;
+}
+
+Result<void> Store::write(const QString &sql, const QVariantList &values, qint64 *rowId)
+{
+    if (isReadOnly())
+        return readOnlyError();
+    // A change made on its own is a transaction of its own, which waits for the lock as any other.
+    if (m_transactionDepth == 0)
+        return transaction([&] { return write(sql, values, rowId); });
+    sqlite3 *connection = connectionOf(database());
+    auto prepared = kept(sql);
+    if (!prepared)
+        return Error{u"Cannot save a change: "_s + prepared.errorMessage()};
+    sqlite3_stmt *statement = *prepared;
+    int rc = SQLITE_OK;
+    for (int i = 0; i < values.size() && rc == SQLITE_OK; ++i)
+        rc = bindValue(statement, i + 1, values[i], SQLITE_STATIC);
+    if (rc == SQLITE_OK)
+        rc = sqlite3_step(statement);
+    const QString error = rc == SQLITE_DONE ? QString() : QString::fromUtf8(sqlite3_errmsg(connection));
+    if (rc == SQLITE_DONE && rowId)
+        *rowId = sqlite3_last_insert_rowid(connection);
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement); // the blobs bound in place belong to values
+    if (rc != SQLITE_DONE)
+        return Error{isBusy(rc) ? kBusyMessage : u"Cannot save a change: "_s + error};
+    ++m_writeCount;
+    return {};
+}
+
+Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
+{
+    const bool cards = request.cardAttributesOnly && !request.includeImages;
+    auto built = buildSelect(request, cards ? cardColumnList() : columnList(Entity::Vinyl, request.includeImages), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<Vinyl> rows;
+    while ((*q)->next())
+        rows.append(cards ? readCardVinyl(**q) : readVinyl(**q, request.includeImages));
+    return rows;
+}
+
+Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) const
+{
+    // Kept prepared: an import looks up every record it updates.
+    static const QString withSql = u"SELECT "_s + columnList(Entity::Vinyl, true) + u" FROM Vinyl WHERE rowid = ?"_s;
+    static const QString withoutSql = u"SELECT "_s + columnList(Entity::Vinyl, false) + u" FROM Vinyl WHERE rowid = ?"_s;
+    auto prepared = kept(withImages ? withSql : withoutSql);
+    if (!prepared)
+        return Error{u"Cannot read a record: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, rowId);
+    if (!q.next())
+        return std::optional<Vinyl>();
+    return std::optional<Vinyl>(readVinyl(q, withImages));
+}
+
+Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const
+{
+    // Kept prepared: an import compares the covers of every record it matches.
+    static const QString front = u"SELECT frontImage FROM Vinyl WHERE rowid = ?"_s;
+    static const QString back = u"SELECT backImage FROM Vinyl WHERE rowid = ?"_s;
+    auto prepared = kept(side == CoverSide::Front ? front : back);
+    if (!prepared)
+        return Error{u"Cannot read a cover: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    return q.next() ? q.blob(0) : QByteArray();
+}
+
+Result<std::array<ExchangeEncoding, 2>> Store::exchangeEncodings(qint64 vinylRowId) const
+{
+    // Kept prepared: an export reads every record's. A cover is read only without an encoding.
+    static const QString sql = u"SELECT frontImageExchange, CASE WHEN frontImageExchange IS NULL THEN frontImage END, "
+                               "backImageExchange, CASE WHEN backImageExchange IS NULL THEN backImage END "
+                               "FROM Vinyl WHERE rowid = ?"_s;
+    auto prepared = kept(sql);
+    if (!prepared)
+        return Error{u"Cannot read a cover: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    std::array<ExchangeEncoding, 2> encodings;
+    if (q.next()) {
+        for (int side = 0; side < 2; ++side) {
+            if (!q.isNull(2 * side))
+                encodings[side].kept = q.blob(2 * side);
+            if (!q.isNull(2 * side + 1))
+                encodings[side].cover = q.blob(2 * side + 1);
+        }
+    }
+    return encodings;
+}
+
+Result<qint64> Store::exchangeEncodingsSize() const
+{
+    auto prepared = kept(u"SELECT total(length(frontImageExchange)) + total(length(backImageExchange)) FROM Vinyl"_s);
+    if (!prepared)
+        return Error{u"Cannot read the covers' sizes: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    return q.next() ? q.integer(0) : 0;
+}
+
+Result<void> Store::keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
+                                         const QByteArray &encoding)
+{
+    static const QString front = u"UPDATE Vinyl SET frontImageExchange = ? WHERE rowid = ? AND frontImage = ?"_s;
+    static const QString back = u"UPDATE Vinyl SET backImageExchange = ? WHERE rowid = ? AND backImage = ?"_s;
+    // A picture that is not one keeps an empty encoding, which is not the absent one.
+    const QByteArray kept = encoding.isNull() ? QByteArray("") : encoding;
+    return write(side == CoverSide::Front ? front : back, {kept, vinylRowId, cover});
+}
+
+Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, columnList(Entity::Tracks, false), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<Track> rows;
+    while ((*q)->next()) {
+        Track t;
+        t.rowId = (*q)->integer(0);
+        t.vinylID = readInt16(**q, 1);
+        t.trackNumber = readInt16(**q, 2);
+        t.song = readText(**q, 3);
+        t.writtenBy = readText(**q, 4);
+        t.duration = readDouble(**q, 5);
+        rows.append(t);
+    }
+    return rows;
+}
+
+Result<QList<Condition>> Store::fetchConditions(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, columnList(request.entity, false), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<Condition> rows;
+    while ((*q)->next())
+        rows.append({(*q)->integer(0), readText(**q, 1)});
+    return rows;
+}
+
+Result<qint64> Store::count(const FetchRequest &request) const
+{
+    auto built = buildSelect(request, u"COUNT(*)"_s, false);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    return (*q)->next() ? (*q)->integer(0) : 0;
+}
+
+Result<void> Store::insert(Vinyl &vinyl)
+{
+    const int n = int(vinylColumns().size());
+    QVariantList values = vinylValues(vinyl, true);
+    return write(insertSql(Entity::Vinyl, n), values, &vinyl.rowId);
+}
+
+Result<void> Store::insert(Track &track)
+{
+    return write(insertSql(Entity::Tracks, int(trackColumns().size())), trackValues(track), &track.rowId);
+}
+
+Result<void> Store::insert(Entity conditionEntity, Condition &condition)
+{
+    return write(insertSql(conditionEntity, 1), {stored(condition.condition)}, &condition.rowId);
+}
+
+Result<void> Store::update(const Vinyl &vinyl)
+{
+    if (vinyl.cardAttributesOnly)
+        return Error{u"A record read for a list cannot be saved; read it whole first."_s};
+    if (!vinyl.imagesLoaded && (vinyl.frontImage || vinyl.backImage)) {
+        // Covers given to a record read without them replace the stored ones; the other stays.
+        static const QString sql = []() -> QString {
+            QString text = updateSql(Entity::Vinyl, kVinylColumnsWithoutImages);
+            return text.replace(u" WHERE rowid"_s,
+                                u", frontImage = COALESCE(?, frontImage), backImage = COALESCE(?, backImage) WHERE rowid"_s);
+        }();
+        QVariantList values = vinylValues(vinyl, false);
+        values << stored(vinyl.frontImage) << stored(vinyl.backImage) << vinyl.rowId;
+        return write(sql, values);
+    }
+    const int n = vinyl.imagesLoaded ? int(vinylColumns().size()) : kVinylColumnsWithoutImages;
+    QVariantList values = vinylValues(vinyl, vinyl.imagesLoaded);
+    values << vinyl.rowId;
+    return write(updateSql(Entity::Vinyl, n), values);
+}
+
+Result<void> Store::update(const Track &track)
+{
+    QVariantList values = trackValues(track);
+    values << track.rowId;
+    return write(updateSql(Entity::Tracks, int(trackColumns().size())), values);
+}
+
+Result<void> Store::updateGiven(const Track &track)
+{
+    static const QString sql = []() -> QString {
+        QStringList sets;
+        for (const Column &column : trackColumns())
+            sets << u"\"%1\" = COALESCE(?, \"%1\")"_s.arg(column.name);
+        return u"UPDATE Tracks SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
+    }();
+    QVariantList values = trackValues(track);
+    values << track.rowId;
+    return write(sql, values);
+}
+
+Result<void> Store::update(Entity conditionEntity, const Condition &condition)
+{
+    return write(updateSql(conditionEntity, 1), {stored(condition.condition), condition.rowId});
+}
+
+Result<void> Store::remove(Entity entity, qint64 rowId)
+{
+    if (entity == Entity::Vinyl) {
+        if (auto r = write(u"DELETE FROM Quotes WHERE vinylRowId = ?"_s, {rowId}); !r)
+            return r;
+    }
+    return write(u"DELETE FROM \""_s + tableName(entity) + u"\" WHERE rowid = ?"_s, {rowId});
+}
+
+Result<void> Store::insert(Quote &quote)
+{
+    return write(u"INSERT INTO Quotes (vinylRowId, quoted, value, source) VALUES (?, ?, ?, ?)"_s,
+                 {quote.vinylRowId, quote.quoted.toMSecsSinceEpoch(), quote.value, quote.source}, &quote.rowId);
+}
+
+Result<QList<Quote>> Store::quotes(qint64 vinylRowId) const
+{
+    auto prepared = kept(u"SELECT rowid, quoted, value, source FROM Quotes WHERE vinylRowId = ? "
+                         "ORDER BY quoted DESC, rowid DESC"_s);
+    if (!prepared)
+        return Error{u"Cannot read the value history: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    QList<Quote> list;
+    while (q.next())
+        list.append({q.integer(0), vinylRowId, QDateTime::fromMSecsSinceEpoch(q.integer(1)), q.real(2), q.string(3)});
+    return list;
+}

@@ -1,0 +1,167 @@
+#pragma once
+
+#include "store/entities.h"
+#include "store/fetchrequest.h"
+#include "store/result.h"
+
+#include <QList>
+#include <QHash>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QStringList>
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include <optional>
+
+struct sqlite3_stmt;
+
+// A cover as the exchange file carries it: a re-encoding of the stored picture, kept beside it
+// once the exchange writer has made it, so that an export copies it instead of encoding every
+// picture again. A cover that changes drops its encoding.
+struct ExchangeEncoding
+{
+    // The encoding made before; empty when the cover is not a picture. Absent when none is kept.
+    std::optional<QByteArray> kept;
+    // The cover itself, read only when no encoding is kept; empty when the record has none.
+    QByteArray cover;
+};
+
+// The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
+// one nullable column per attribute, and Quotes, the value history of the records. Strings compare exactly and sort in code-point order;
+// absent values sort first ascending. Cover BLOBs are only read when a fetch asks for them.
+//
+// A Store belongs to the thread that opened it (QtSql connections are per thread).
+class Store
+{
+public:
+    static constexpr int kSchemaVersion = 4;
+    static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
+    // What a record card shows; the store keeps a covering index per list order over them.
+    static inline const QStringList kCardAttributes = {
+        QStringLiteral("name"),        QStringLiteral("artist"),        QStringLiteral("releaseDate"),
+        QStringLiteral("recordLabel"), QStringLiteral("producer"),      QStringLiteral("quantity"),
+        QStringLiteral("albumDuration"), QStringLiteral("recordSpeed"), QStringLiteral("doubleAlbum"),
+        QStringLiteral("cost"),        QStringLiteral("value")};
+
+    // What every change of a read-only store answers; %1 says why ("the folder /x cannot be written").
+    static inline const QString kReadOnlyMessage =
+        QStringLiteral("This collection is read-only: %1. It can be browsed, searched, exported and backed up, "
+                       "but not changed; copy its folder to a place you can write to change it.");
+    static inline const QString kReadOnlyFolder = QStringLiteral("the folder %1 cannot be written");
+    static inline const QString kReadOnlyFile = QStringLiteral("the file %1 cannot be written");
+    static inline const QString kReadOnlyRefused = QStringLiteral("the disk refused a write to %1");
+    static inline const QString kReadOnlyOlderSchema =
+        QStringLiteral("This collection is read-only (%1) and was made by an older version of Platterbox; open a "
+                       "copy of its folder in a place you can write, and it is brought up to date.");
+    // What a change answers when another program kept the collection locked for the whole wait.
+    static inline const QString kBusyMessage =
+        QStringLiteral("The collection is busy: another program is changing it. Try again in a moment.");
+    // How long a change waits for another program's change to end.
+    static constexpr int kBusyTimeoutMs = 5000;
+
+    // Opens (creating and migrating when needed) the store file; ":memory:" gives a private
+    // in-memory store. A store whose file or folder cannot be written opens read-only (see
+    // isReadOnly()); it is not migrated.
+    static Result<std::unique_ptr<Store>> open(const QString &filePath);
+    // The wait of stores opened from now on; tests shorten it.
+    static void setBusyTimeout(int milliseconds);
+    // Sets up a connection that only reads the store file (the cover readers' own ones); it
+    // reads a read-only collection too.
+    static void configureReader(QSqlDatabase &db, const QString &filePath);
+    // The SQLite URI that reads the store file without writing anything beside it.
+    [[nodiscard]] static QString readerUri(const QString &filePath);
+    ~Store();
+    Store(const Store &) = delete;
+    Store &operator=(const Store &) = delete;
+
+    [[nodiscard]] QString filePath() const { return m_filePath; }
+    [[nodiscard]] QSqlDatabase database() const;
+
+    // A read-only store reads as any other; every change is refused with readOnlyError().
+    [[nodiscard]] bool isReadOnly() const { return !m_readOnlyReason.isEmpty(); }
+    // Why the store cannot be changed ("the folder /x cannot be written"); empty when it can.
+    [[nodiscard]] QString readOnlyReason() const { return m_readOnlyReason; }
+    [[nodiscard]] Error readOnlyError() const { return Error{kReadOnlyMessage.arg(m_readOnlyReason)}; }
+    // Succeeds when the store can be changed; for the changes that do not go through it
+    // (restore, undo), checked before they start.
+    [[nodiscard]] Result<void> checkWritable() const;
+
+    Result<QList<Vinyl>> fetchVinyl(const FetchRequest &request) const;
+    Result<QList<Track>> fetchTracks(const FetchRequest &request) const;
+    // request.entity is VinylCondition or CoverCondition.
+    Result<QList<Condition>> fetchConditions(const FetchRequest &request) const;
+    // Number of objects the request matches (its sort keys and limit are ignored).
+    Result<qint64> count(const FetchRequest &request) const;
+
+    // The record with this row identity, with its covers; nullopt when it no longer exists.
+    Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId, bool withImages = true) const;
+    // The encoded cover bytes, empty when the record has none.
+    Result<QByteArray> coverImage(qint64 vinylRowId, CoverSide side) const;
+
+    // The exchange encodings of a record's covers, front then back.
+    Result<std::array<ExchangeEncoding, 2>> exchangeEncodings(qint64 vinylRowId) const;
+    // The bytes of every kept encoding, read from the rows' headers alone.
+    Result<qint64> exchangeEncodingsSize() const;
+    // Keeps the encoding made of `cover`, unless the record's cover is no longer that picture.
+    Result<void> keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
+                                      const QByteArray &encoding);
+
+    // Inserts set rowId on the object they are given.
+    Result<void> insert(Vinyl &vinyl);
+    Result<void> insert(Track &track);
+    Result<void> insert(Entity conditionEntity, Condition &condition);
+
+    // Updates address the object by rowId. A Vinyl fetched without images keeps its covers,
+    // but for those it was given since.
+    Result<void> update(const Vinyl &vinyl);
+    Result<void> update(const Track &track);
+    // Changes only the attributes track holds; those it lacks keep their stored values.
+    Result<void> updateGiven(const Track &track);
+    Result<void> update(Entity conditionEntity, const Condition &condition);
+
+    // Removing a record removes its value history with it.
+    Result<void> remove(Entity entity, qint64 rowId);
+
+    // Appends a quote to its record's value history; sets quote.rowId.
+    Result<void> insert(Quote &quote);
+    // The record's value history, newest first.
+    Result<QList<Quote>> quotes(qint64 vinylRowId) const;
+
+    // Runs work in one transaction: committed when it succeeds, rolled back when it fails,
+    // so one user action either happens whole or leaves the store as it was. Nested calls
+    // join the outer transaction. The transaction takes the write lock when it begins
+    // (IMMEDIATE), waiting up to the busy timeout for another program's change to end, so a
+    // change that reads first never finds the collection taken from under it; a wait that runs
+    // out gives kBusyMessage. A read-only store refuses with readOnlyError().
+    Result<void> transaction(const std::function<Result<void>()> &work);
+    [[nodiscard]] bool inTransaction() const { return m_transactionDepth > 0; }
+
+    // Number of committed write statements since open; lets callers see whether anything changed.
+    [[nodiscard]] qint64 writeCount() const { return m_writeCount; }
+
+private:
+    explicit Store(QString connectionName, QString filePath);
+    // Opens the connection, read-only when readOnlyReason says why; writeRefused tells a disk that
+    // refused the first write.
+    Result<void> connect(const QString &readOnlyReason, bool *writeRefused);
+    Result<void> migrate();
+    Result<void> exec(const QString &sql) const;
+    // Runs BEGIN, COMMIT or ROLLBACK on the store's connection.
+    Result<void> control(const char *sql);
+    Result<void> write(const QString &sql, const QVariantList &values, qint64 *rowId = nullptr);
+    // The store's prepared statement of sql, made on first use and finalized with the store.
+    Result<sqlite3_stmt *> kept(const QString &sql) const;
+
+    QString m_connectionName;
+    // Prepared write statements, reused: a bulk import issues the same few thousands of times.
+    // Writes, like reads, go through SQLite's C API on the store's connection.
+    mutable QHash<QString, sqlite3_stmt *> m_statements;
+    QString m_filePath;
+    QString m_readOnlyReason;
+    int m_transactionDepth = 0;
+    qint64 m_writeCount = 0;
+};

@@ -1,0 +1,86 @@
+#include "browse/recordcardmodel.h"
+
+#include "shell/coverimageprovider.h"
+
+#include <numeric>
+
+RecordCardModel::RecordCardModel(QObject *parent) : QAbstractListModel(parent) {}
+
+void RecordCardModel::setCards(QList<RecordCard> cards)
+{
+    beginResetModel();
+    m_ownCards = std::move(cards);
+    m_records.resize(m_ownCards.size());
+    std::iota(m_records.begin(), m_records.end(), 0);
+    m_lookup = [this](int record) -> const RecordCard & { return m_ownCards.at(record); };
+    endResetModel();
+}
+
+void RecordCardModel::setCards(QList<int> records, CardLookup lookup)
+{
+    beginResetModel();
+    m_ownCards.clear();
+    m_records = std::move(records);
+    m_lookup = std::move(lookup);
+    endResetModel();
+}
+
+void RecordCardModel::removeCard(int row)
+{
+    if (row < 0 || row >= m_records.size())
+        return;
+    beginRemoveRows({}, row, row);
+    m_records.removeAt(row);
+    endRemoveRows();
+}
+
+RecordCard RecordCardModel::card(int row) const
+{
+    if (row < 0 || row >= m_records.size())
+        return {};
+    return m_lookup(m_records.at(row));
+}
+
+int RecordCardModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_records.size());
+}
+
+QVariant RecordCardModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const RecordCard &card = m_lookup(m_records.at(index.row()));
+    switch (role) {
+    case RowIdRole:
+        return card.rowId;
+    case Qt::DisplayRole:
+    case NameLabelRole:
+        return card.nameLabel;
+    case ReleaseDateLabelRole:
+        return card.releaseDateLabel;
+    case ProducerLabelRole:
+        return card.producerLabel;
+    case CostLabelRole:
+        return card.costLabel;
+    case SpeedLabelRole:
+        return card.speedLabel;
+    case CoverSourceRole:
+        return CoverImageProvider::source(card.rowId);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> RecordCardModel::roleNames() const
+{
+    return {
+        {RowIdRole, "rowId"},
+        {NameLabelRole, "nameLabel"},
+        {ReleaseDateLabelRole, "releaseDateLabel"},
+        {ProducerLabelRole, "producerLabel"},
+        {CostLabelRole, "costLabel"},
+        {SpeedLabelRole, "speedLabel"},
+        {CoverSourceRole, "coverSource"},
+    };
+}

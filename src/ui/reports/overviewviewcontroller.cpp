@@ -1,0 +1,37 @@
+#include "reports/overviewviewcontroller.h"
+
+#include "reports/reporttexts.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString kResource = u":/resources/overview.pdf"_s;
+}
+
+OverviewViewController::OverviewViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
+{
+    loadIfReady();
+}
+
+QString OverviewViewController::title() const
+{
+    return ReportTexts::kOverviewTitle;
+}
+
+QUrl OverviewViewController::documentSource()
+{
+    return QUrl(u"qrc"_s + kResource);
+}
+
+bool OverviewViewController::documentFound()
+{
+    return QFile::exists(kResource);
+}
+
+void OverviewViewController::viewDidLoad()
+{
+    if (!documentFound())
+        showAlert(ReportTexts::kOverviewTitle, u"The overview document is missing from this build."_s);
+}

@@ -1,0 +1,46 @@
+#include "shell/screencontroller.h"
+
+#include "shell/appdelegate.h"
+
+ScreenController::ScreenController(AppDelegate *app, QObject *parent) : QObject(parent), m_app(app) {}
+
+void ScreenController::loadIfReady()
+{
+    if (m_loaded || !m_app)
+        return;
+    m_loaded = true;
+    viewDidLoad();
+    emit loaded();
+}
+
+void ScreenController::componentComplete()
+{
+    if (!m_app)
+        m_app = AppDelegate::current();
+    loadIfReady();
+}
+
+void ScreenController::showAlert(const QString &title, const QString &message, const QStringList &buttons,
+                                 AlertAction onAnswer)
+{
+    m_lastAlertTitle = title;
+    m_lastAlertMessage = message;
+    m_pendingAnswer = std::move(onAnswer);
+    emit alert(title, message, buttons);
+}
+
+bool ScreenController::refusedAsReadOnly()
+{
+    if (!m_app || !m_app->readOnly())
+        return false;
+    showAlert(kReadOnlyTitle, m_app->readOnlyNotice());
+    return true;
+}
+
+void ScreenController::answerAlert(int buttonIndex)
+{
+    AlertAction action = std::move(m_pendingAnswer);
+    m_pendingAnswer = {};
+    if (action)
+        action(buttonIndex);
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "collection/statistics.h"
+#include "shell/screencontroller.h"
+#include "store/backgroundjob.h"
+
+#include <QVariantList>
+
+// The statistics screen: the collection's figures and its charts. The aggregates run on a
+// worker thread on a connection of their own, so the screen opens at once; they run again
+// each time the screen comes back (a list it opened may have changed the collection).
+// Tapping a bar of an artist or label chart opens that artist's or label's list; a decade
+// shows its years, and a year opens the year's list.
+class StatisticsViewController : public ScreenController
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(bool loading READ loading NOTIFY loadingChanged)
+    // [{title, text}]: records, copies, total cost, total value, and the gain or loss.
+    Q_PROPERTY(QVariantList figures READ figures NOTIFY statisticsChanged)
+    // One entry per chart: {name, title, look ("columns", "bars", "pie", "line"), currency,
+    // tappable, canGoBack, labels, values}; a line chart has points [{x: ms, y}] instead.
+    Q_PROPERTY(QVariantList charts READ charts NOTIFY statisticsChanged)
+
+public:
+    explicit StatisticsViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
+
+    [[nodiscard]] bool loading() const { return m_job.running(); }
+    [[nodiscard]] QVariantList figures() const;
+    [[nodiscard]] QVariantList charts() const;
+    [[nodiscard]] const Statistics &statistics() const { return m_statistics; }
+    // The running aggregates, for tests and the benchmark to wait on.
+    [[nodiscard]] BackgroundJob &job() { return m_job; }
+
+    void viewWillAppear() override;
+    // A bar (or slice) of a chart was tapped.
+    Q_INVOKABLE void barTapped(const QString &chart, int index);
+    // Back from a decade's years to every decade.
+    Q_INVOKABLE void showAllDecades();
+
+signals:
+    void loadingChanged();
+    void statisticsChanged();
+
+protected:
+    void viewDidLoad() override;
+
+private:
+    void load();
+    void open(const QString &screen);
+
+    Statistics m_statistics;
+    Statistics m_computed; // written by the worker, taken when it has finished
+    QString m_decade;      // the decade whose years are shown, "" for every decade
+    bool m_appeared = false;
+    // Last, so that it is destroyed first: its destructor waits for the worker writing m_computed.
+    BackgroundJob m_job;
+};

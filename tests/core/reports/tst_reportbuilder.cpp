@@ -1,0 +1,499 @@
+#include "collection/breakdown.h"
+#include "reports/coverpictures.h"
+#include "reports/reportbuilder.h"
+#include "reports/reportpages.h"
+#include "reports/reportpdf.h"
+#include "reports/reporttexts.h"
+#include "store/samplecollection.h"
+#include "store/store.h"
+#include "testsupport.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QFile>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(Vinyl)
+
+namespace {
+const QDateTime kMarch5 = QDateTime(QDate(1975, 3, 5), QTime(0, 0));
+const QString kPicture = QString(QChar::ObjectReplacementCharacter);
+constexpr double kCoverWidth = 65;
+
+QByteArray pngBytes(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+Vinyl sparse()
+{
+    Vinyl v;
+    v.artist = u"ABBA"_s;
+    v.name = u"Arrival"_s;
+    v.imagesLoaded = true;
+    return v;
+}
+
+Vinyl full()
+{
+    Vinyl v = sparse();
+    v.releaseDate = kMarch5;
+    v.recordLabel = u"Polar"_s;
+    v.albumDuration = 42.5;
+    v.producer = u"Benny"_s;
+    v.vinylCondition = u"Mint"_s;
+    v.coverCondition = u"Good"_s;
+    v.recordSpeed = u"33"_s;
+    v.doubleAlbum = u"Single"_s;
+    v.quantity = 2;
+    v.cost = 12.5f;
+    v.value = 10.5f;
+    v.notes = u"First press"_s;
+    v.frontImage = pngBytes(60, 60);
+    v.backImage = pngBytes(60, 30);
+    return v;
+}
+
+// The text of each page, as the pages are laid out one after the other.
+QStringList pageTexts(const ReportContent &content)
+{
+    CoverPictures covers(nullptr, kCoverWidth);
+    ReportPages pages(content, covers, true);
+    QStringList texts;
+    const auto laidOut = pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
+        texts.append(ReportPages::text(piece, page));
+        return true;
+    });
+    return laidOut ? texts : QStringList{laidOut.errorMessage()};
+}
+
+QStringList lines(const ReportContent &content)
+{
+    return pageTexts(content).join(u'\n').split(u'\n');
+}
+
+// Each line of a page with its distance from the top of the page: "18.00 Artist: ABBA".
+QString placedLines(QTextDocument &document, int page)
+{
+    // Pages lie one under the other at the layout's own measure of a page height.
+    const qreal pageHeight = std::round(ReportBuilder::kPageHeight * 64) / 64;
+    QStringList lines;
+    document.documentLayout()->documentSize();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QTextLayout *layout = block.layout();
+        for (int i = 0; i < layout->lineCount(); ++i) {
+            const QTextLine line = layout->lineAt(i);
+            const qreal y = layout->position().y() + line.y();
+            if (int(y / ReportBuilder::kPageHeight) == page)
+                lines.append(QString::number(y - page * pageHeight, 'f', 2) + u' '
+                             + block.text().mid(line.textStart(), line.textLength()));
+        }
+    }
+    return lines.join(u'\n');
+}
+
+// Where each page's lines are, as the pages are laid out one after the other.
+QStringList placedPages(const ReportContent &content, bool decodePictures)
+{
+    CoverPictures covers(nullptr, kCoverWidth);
+    ReportPages pages(content, covers, decodePictures);
+    QStringList texts;
+    const auto laidOut = pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
+        texts.append(placedLines(piece, page));
+        return true;
+    });
+    return laidOut ? texts : QStringList{laidOut.errorMessage()};
+}
+
+// The whole report as one long document, written the way a report was made before it was
+// laid out in pieces: what the pieces must add up to, page for page.
+QStringList pagesOfOneDocument(const ReportContent &content)
+{
+    QBuffer sink;
+    QPdfWriter device(&sink);
+    device.setResolution(72);
+    device.setPageLayout(QPageLayout(QPageSize(QSizeF(ReportBuilder::kPageWidth, ReportBuilder::kPageHeight),
+                                               QPageSize::Point),
+                                     QPageLayout::Portrait, QMarginsF()));
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    QTextCharFormat body;
+    QFont bodyFont(u"sans-serif"_s);
+    bodyFont.setStyleHint(QFont::SansSerif);
+    bodyFont.setPointSizeF(12);
+    body.setFont(bodyFont);
+    body.setForeground(Qt::black);
+    QTextCharFormat title;
+    QFont titleFont(u"Arial"_s);
+    titleFont.setStyleHint(QFont::SansSerif);
+    titleFont.setPointSizeF(content.titlePointSize());
+    title.setFont(titleFont);
+    title.setForeground(Qt::black);
+    QTextBlockFormat centred;
+    centred.setAlignment(Qt::AlignHCenter);
+    QTextBlockFormat left;
+    left.setAlignment(Qt::AlignLeft);
+
+    cursor.setBlockFormat(centred);
+    cursor.insertText(content.title() + u"\n\n"_s, title);
+    cursor.setBlockFormat(left);
+    CoverPictures covers(nullptr, kCoverWidth);
+    int pictures = 0;
+    for (int i = 0; i < content.recordCount(); ++i) {
+        for (const QString &line : content.lines(i).valueOr({}))
+            cursor.insertText(line + u'\n', body);
+        for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
+            const CoverPicture picture = covers.cover(content.record(i), side);
+            if (!picture.exists())
+                continue;
+            const QString name = u"cover:%1"_s.arg(pictures++);
+            document.addResource(QTextDocument::ImageResource, QUrl(name), picture.image);
+            QTextImageFormat format;
+            format.setName(name);
+            format.setWidth(kCoverWidth);
+            format.setHeight(kCoverWidth * picture.size.height() / picture.size.width());
+            cursor.insertImage(format);
+            if (side == CoverSide::Front || content.blanksAfterBackCover())
+                cursor.insertText(u"   "_s, body);
+        }
+        cursor.insertText(u"\n\n"_s, body);
+    }
+    document.documentLayout()->setPaintDevice(&device);
+    document.setDocumentMargin(ReportBuilder::kTextInset);
+    document.setPageSize(QSizeF(ReportBuilder::kPageWidth, ReportBuilder::kPageHeight));
+    QStringList texts;
+    for (int page = 0; page < document.pageCount(); ++page)
+        texts.append(placedLines(document, page));
+    return texts;
+}
+} // namespace
+
+class TestReportBuilder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        useTestLocale();
+        QVERIFY(m_app.ok());
+    }
+
+    void filteredListLeavesOutAbsentLines_data()
+    {
+        QTest::addColumn<Vinyl>("vinyl");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("sparse record") << sparse()
+                                       << QStringList{u"Vinyl Filtered by Artist: ABBA"_s, QString(),
+                                                      u"Artist: ABBA"_s, u"Album Name: Arrival"_s,
+                                                      u"Record Length (min): 0.0"_s, u"Quantity: 0"_s,
+                                                      u"Cost: $0.00"_s, u"Est. Value: $0.00"_s, QString(),
+                                                      QString(), QString()};
+        QTest::newRow("every attribute and both covers")
+            << full()
+            << QStringList{u"Vinyl Filtered by Artist: ABBA"_s, QString(), u"Artist: ABBA"_s, u"Album Name: Arrival"_s,
+                           u"Release Date: Mar 5, 1975"_s, u"Record Label: Polar"_s, u"Record Length (min): 42.5"_s,
+                           u"Producer: Benny"_s, u"Vinyl Condition: Mint"_s, u"Cover Condition: Good"_s,
+                           u"Record Speed: 33"_s, u"Single/Double: Single"_s, u"Quantity: 2"_s, u"Cost: $12.50"_s,
+                           u"Est. Value: $10.50"_s, u"Notes: First press"_s, kPicture + u"   "_s + kPicture + u"   "_s,
+                           QString(), QString()};
+        Vinyl empties = sparse();
+        empties.producer = QString(); // present but empty: the line stays
+        QTest::newRow("empty text is not absent")
+            << empties
+            << QStringList{u"Vinyl Filtered by Artist: ABBA"_s, QString(), u"Artist: ABBA"_s, u"Album Name: Arrival"_s,
+                           u"Record Length (min): 0.0"_s, u"Producer: "_s, u"Quantity: 0"_s, u"Cost: $0.00"_s,
+                           u"Est. Value: $0.00"_s, QString(), QString(), QString()};
+    }
+
+    void filteredListLeavesOutAbsentLines()
+    {
+        QFETCH(Vinyl, vinyl);
+        QFETCH(QStringList, expected);
+        const auto content = ReportContent::filteredList(BreakdownKinds::Artist, {vinyl});
+        QVERIFY(content);
+        QCOMPARE(lines(*content), expected);
+    }
+
+    void filteredListTitles_data()
+    {
+        QTest::addColumn<int>("group");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("artist") << int(BreakdownKind::Group::Artist) << u"Vinyl Filtered by Artist: ABBA"_s;
+        QTest::newRow("label") << int(BreakdownKind::Group::Label) << u"Vinyl Filtered by Record Label: Polar"_s;
+        QTest::newRow("producer") << int(BreakdownKind::Group::Producer) << u"Vinyl Filtered by Producer: Benny"_s;
+        QTest::newRow("year: the full date") << int(BreakdownKind::Group::Year) << u"Vinyl Filtered by Year: Mar 5, 1975"_s;
+    }
+
+    void filteredListTitles()
+    {
+        QFETCH(int, group);
+        QFETCH(QString, title);
+        const BreakdownKind *kinds[] = {&BreakdownKinds::Artist, &BreakdownKinds::Label, &BreakdownKinds::Producer,
+                                        &BreakdownKinds::Year};
+        QCOMPARE(ReportBuilder::filteredListTitle(*kinds[group], full()), title);
+        // Without the title attribute on the first record there is no document, and no crash.
+        Vinyl bare;
+        bare.name = u"Untitled"_s;
+        const auto built = ReportContent::filteredList(*kinds[group], {bare});
+        QVERIFY(!built);
+        QVERIFY(built.errorMessage().contains(u"has no"_s));
+    }
+
+    void titleBlockIsCentredArialAndLinesAreLeftSansSerif()
+    {
+        const auto content = ReportContent::filteredList(BreakdownKinds::Year, {full()});
+        QVERIFY(content);
+        CoverPictures covers(nullptr, kCoverWidth);
+        ReportPages pages(*content, covers, true);
+        bool checked = false;
+        QVERIFY(pages.layOut([&](QTextDocument &piece, int, const PageStart &) {
+            const QTextBlock title = piece.begin();
+            [&] {
+                QCOMPARE(title.blockFormat().alignment(), Qt::AlignHCenter);
+                QCOMPARE(title.begin().fragment().charFormat().font().family(), u"Arial"_s);
+                QCOMPARE(title.begin().fragment().charFormat().font().pointSizeF(), 21.0);
+                const QTextBlock line = title.next().next();
+                QCOMPARE(line.text(), u"Artist: ABBA"_s);
+                QVERIFY(!(line.blockFormat().alignment() & Qt::AlignHCenter));
+                QCOMPARE(line.begin().fragment().charFormat().font().pointSizeF(), 12.0);
+                QCOMPARE(line.begin().fragment().charFormat().foreground().color(), QColor(Qt::black));
+                checked = true;
+            }();
+            return false;
+        }));
+        QVERIFY(checked);
+    }
+
+    void amountsLine_data()
+    {
+        QTest::addColumn<int>("quantity");
+        QTest::addColumn<float>("cost");
+        QTest::addColumn<float>("value");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("two copies") << 2 << 12.5f << 10.5f << u"Qty: 2 - Cost: 12.5 - Total Value (Qty * Value): $21.00"_s;
+        QTest::newRow("nothing known") << 0 << 0.0f << 0.0f << u"Qty: 0 - Cost: 0.0 - Total Value (Qty * Value): $0.00"_s;
+        QTest::newRow("float cost stays short") << 3 << 9.99f << 0.1f
+                                                << u"Qty: 3 - Cost: 9.99 - Total Value (Qty * Value): $0.30"_s;
+        QTest::newRow("grouped total") << 100 << 1000.0f << 25.25f
+                                       << u"Qty: 100 - Cost: 1000.0 - Total Value (Qty * Value): $2,525.00"_s;
+    }
+
+    void amountsLine()
+    {
+        QFETCH(int, quantity);
+        QFETCH(float, cost);
+        QFETCH(float, value);
+        QFETCH(QString, line);
+        Vinyl v;
+        v.quantity = qint16(quantity);
+        v.cost = cost;
+        v.value = value;
+        QCOMPARE(ReportBuilder::amountsLine(v), line);
+    }
+
+    void reportLineOrderFollowsOrigin_data()
+    {
+        QTest::addColumn<QString>("origin");
+        QTest::addColumn<QStringList>("expected");
+        const QString artist = u"Artist: ABBA"_s, album = u"Album Name: Arrival"_s, date = u"Release Date: Mar 5, 1975"_s,
+                      producer = u"Producer: Benny"_s, label = u"Record Label: Polar"_s,
+                      amounts = u"Qty: 2 - Cost: 12.5 - Total Value (Qty * Value): $21.00"_s,
+                      pictures = kPicture + u"   "_s + kPicture;
+        QTest::newRow("List") << u"List"_s
+                              << QStringList{u"Complete List of Vinyl"_s, QString(), artist, album, date, producer, label,
+                                             amounts, pictures, QString(), QString()};
+        QTest::newRow("ArtistBreakdown") << u"ArtistBreakdown"_s
+                                         << QStringList{u"Vinyl's Filtered by Artist: ABBA"_s, QString(), artist, album,
+                                                        date, producer, label, amounts, pictures, QString(), QString()};
+        QTest::newRow("YearBreakdown") << u"YearBreakdown"_s
+                                       << QStringList{u"Vinyl's Filtered by Release Date: Mar 5, 1975"_s, QString(), date,
+                                                      artist, album, producer, label, amounts, pictures, QString(),
+                                                      QString()};
+        QTest::newRow("ProducerBreakdown") << u"ProducerBreakdown"_s
+                                           << QStringList{u"Vinyl's Filtered by Producer: Benny"_s, QString(), producer,
+                                                          artist, album, date, label, amounts, pictures, QString(),
+                                                          QString()};
+        QTest::newRow("LabelBreakdown: label line twice")
+            << u"LabelBreakdown"_s
+            << QStringList{u"Vinyl's Filtered by Record Label: Polar"_s, QString(), label, artist, album, date, producer,
+                           label, amounts, pictures, QString(), QString()};
+    }
+
+    void reportLineOrderFollowsOrigin()
+    {
+        QFETCH(QString, origin);
+        QFETCH(QStringList, expected);
+        const auto content = ReportContent::printedReport(origin, {full()});
+        QVERIFY(content);
+        QCOMPARE(content->titlePointSize(), 17);
+        QCOMPARE(lines(*content), expected);
+    }
+
+    void reportOfSparseRecordKeepsOnlyWhatIsKnown()
+    {
+        const auto content = ReportContent::printedReport(u"List"_s, {sparse(), sparse()});
+        QVERIFY(content);
+        const QStringList record{u"Artist: ABBA"_s, u"Album Name: Arrival"_s,
+                                 u"Qty: 0 - Cost: 0.0 - Total Value (Qty * Value): $0.00"_s, QString(), QString()};
+        const QStringList expected = QStringList{u"Complete List of Vinyl"_s, QString()} + record + record + QStringList{QString()};
+        QCOMPARE(lines(*content), expected);
+    }
+
+    void emptyListIsAnErrorNotACrash()
+    {
+        QCOMPARE(ReportContent::printedReport(u"List"_s, {}).errorMessage(), u"No Vinyl's to Print!"_s);
+        QCOMPARE(ReportContent::filteredList(BreakdownKinds::Label, {}).errorMessage(), u"No Vinyl's to Print!"_s);
+    }
+
+    void coversAreScaledToTheirPrintedWidth_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("large square") << pngBytes(600, 600) << QSize(130, 130);
+        QTest::newRow("wide") << pngBytes(400, 200) << QSize(130, 65);
+        QTest::newRow("small is enlarged") << pngBytes(20, 40) << QSize(130, 260);
+        QTest::newRow("odd height rounds") << pngBytes(300, 199) << QSize(130, 86);
+        QTest::newRow("not a picture") << QByteArray("garbage") << QSize();
+        QTest::newRow("none") << QByteArray() << QSize();
+    }
+
+    void coversAreScaledToTheirPrintedWidth()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QSize, size);
+        CoverPictures covers(nullptr, kCoverWidth);
+        Vinyl v;
+        v.imagesLoaded = true;
+        v.frontImage = bytes;
+        const CoverPicture decoded = covers.cover(v, CoverSide::Front);
+        QCOMPARE(decoded.image.isNull() ? QSize() : decoded.image.size(), size);
+        // Reading only the header gives the same size, so pages break where they will print.
+        QCOMPARE(covers.cover(v, CoverSide::Front, false).size, size.isValid() ? size : QSize());
+    }
+
+    // Pieces restart at page tops; together they must be the long document, page for page,
+    // also where a long block runs over one or several page breaks.
+    void pagesBreakAsOneLongDocument_data()
+    {
+        QTest::addColumn<bool>("printed");
+        QTest::addColumn<int>("records");
+        QTest::addColumn<int>("notesLength");
+        QTest::newRow("printed report with covers") << true << 40 << 0;
+        QTest::newRow("filtered list, notes over page breaks") << false << 30 << 1500;
+        QTest::newRow("filtered list, notes longer than a page") << false << 4 << 9000;
+    }
+
+    void pagesBreakAsOneLongDocument()
+    {
+        QFETCH(bool, printed);
+        QFETCH(int, records);
+        QFETCH(int, notesLength);
+        QList<Vinyl> list;
+        for (int i = 0; i < records; ++i) {
+            Vinyl v = full();
+            v.name = u"Album %1"_s.arg(i);
+            if (i % 3 == 1)
+                v.backImage.reset();
+            v.notes = notesLength > 0 ? u"word "_s.repeated(notesLength / 5 + i) : u"First press"_s;
+            list.append(v);
+        }
+        const auto content = printed ? ReportContent::printedReport(u"List"_s, list)
+                                     : ReportContent::filteredList(BreakdownKinds::Artist, list);
+        QVERIFY(content);
+        const QStringList expected = pagesOfOneDocument(*content);
+        QVERIFY(expected.size() > 2);
+        QCOMPARE(placedPages(*content, true), expected);
+        // Reading only the covers' sizes breaks the pages at the same places.
+        QCOMPARE(placedPages(*content, false), expected);
+    }
+
+    // The screen draws each page again from where it starts; the page must come out as it
+    // did when the report was laid out.
+    void pagesDrawnAgainFromWhereTheyStart()
+    {
+        TestApp t;
+        QVERIFY(addSampleCollection(t.store(), {45, 0, true, 11}));
+        auto records = ReportBuilder::fetchReport(t.store(), u"List"_s, {}, true);
+        QVERIFY(records && records->size() == 45);
+        auto content = ReportContent::printedReport(u"List"_s, *records);
+        QVERIFY(content);
+        CoverReader reader(t.store().filePath());
+        CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
+        ReportPages pages(*content, covers, true);
+        QStringList texts;
+        QVERIFY(pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
+            texts.append(ReportPages::text(piece, page));
+            return true;
+        }));
+
+        PagedReport report(std::move(content).value(), t.store().filePath());
+        QList<qint64> counted;
+        QVERIFY(report.paginate([&counted](qint64 done, qint64 total) {
+            counted.append(done);
+            return total == 45;
+        }));
+        QCOMPARE(counted.constLast(), 45);
+        QVERIFY(std::is_sorted(counted.cbegin(), counted.cend()));
+        QCOMPARE(report.pageCount(), texts.size());
+        for (int page = texts.size() - 1; page >= 0; --page)
+            QCOMPARE(report.text(page), texts.at(page));
+        QVERIFY(report.text(0).startsWith(u"Complete List of Vinyl\n"_s));
+        QVERIFY(report.text(0).contains(u'\n' + kPicture + u"   "_s + kPicture + u'\n'));
+        QCOMPARE(report.render(1, 300).size(), QSize(300, 424));
+        QVERIFY(report.render(texts.size(), 300).isNull());
+    }
+
+    void cancelledWriteLeavesNoFile_data()
+    {
+        QTest::addColumn<QByteArray>("before"); // the file's content before; null: no file
+        QTest::newRow("no file appears") << QByteArray();
+        QTest::newRow("an older file stays as it was") << QByteArray("older document");
+    }
+
+    void cancelledWriteLeavesNoFile()
+    {
+        QFETCH(QByteArray, before);
+        const QString path = m_app.dataDir() + u"/cancelled.pdf"_s;
+        QFile::remove(path);
+        if (!before.isNull()) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(before);
+        }
+        const auto content = ReportContent::printedReport(u"List"_s, QList<Vinyl>(30, full()));
+        QVERIFY(content);
+        ConsoleCapture console;
+        QVERIFY(!ReportPdf::write(*content, path, nullptr, [](qint64, qint64) { return false; }));
+        QVERIFY(console.lines().isEmpty());
+        QFile file(path);
+        QCOMPARE(file.exists(), !before.isNull());
+        if (!before.isNull()) {
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), before);
+        }
+    }
+
+private:
+    TestApp m_app;
+};
+
+QTEST_MAIN(TestReportBuilder)
+#include "tst_reportbuilder.moc"

@@ -1,0 +1,444 @@
+#include "exchange/importfile.h"
+#include "exchange/importmerge.h"
+#include "store/recordnumbers.h"
+#include "store/samplecollection.h"
+#include "store/store.h"
+#include "testsupport.h"
+
+#include <QScopeGuard>
+#include <QSqlQuery>
+#include <QTest>
+
+#include <future>
+#include <sqlite3.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+} // namespace
+
+class StoreTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Store> openMemory()
+    {
+        auto store = Store::open(u":memory:"_s);
+        if (!store)
+            qWarning() << store.errorMessage();
+        return store ? std::move(store).value() : nullptr;
+    }
+
+    QStringList names(const QList<Vinyl> &rows)
+    {
+        QStringList result;
+        for (const Vinyl &v : rows)
+            result << (v.name ? *v.name : u"<absent>"_s);
+        return result;
+    }
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+
+    void absentAndEmptyTextStayDistinct()
+    {
+        auto store = openMemory();
+        QVERIFY(store);
+        Vinyl empty;
+        empty.name = u"Empty artist"_s;
+        empty.artist = u""_s;
+        empty.imagesLoaded = true;
+        Vinyl absent;
+        absent.name = u"No artist"_s;
+        absent.imagesLoaded = true;
+        QVERIFY(store->insert(empty).ok());
+        QVERIFY(store->insert(absent).ok());
+
+        auto withEmpty = store->fetchVinyl(FetchRequest().where(Predicate::equal(u"artist"_s, u""_s)));
+        QVERIFY(withEmpty.ok());
+        QCOMPARE(names(*withEmpty), QStringList{u"Empty artist"_s});
+        auto withAbsent = store->fetchVinyl(FetchRequest().where(Predicate::equal(u"artist"_s, QVariant())));
+        QCOMPARE(names(*withAbsent), QStringList{u"No artist"_s});
+
+        auto all = store->fetchVinyl(FetchRequest().sortedBy(u"name"_s));
+        QCOMPARE(all->size(), 2);
+        QVERIFY(all->at(0).artist.has_value());
+        QVERIFY(all->at(0).artist->isEmpty());
+        QVERIFY(!all->at(1).artist.has_value());
+        QCOMPARE(number(all->at(1).quantity), qint16(0)); // absent numbers read 0
+    }
+
+    void stringsSortInCodePointOrderWithAbsentFirst_data()
+    {
+        QTest::addColumn<bool>("ascending");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("ascending") << true
+                                   << QStringList{u"<absent>"_s, u""_s, u"ABBA"_s, u"Zappa"_s, u"abba"_s, u"\u00e9clair"_s};
+        QTest::newRow("descending") << false
+                                    << QStringList{u"\u00e9clair"_s, u"abba"_s, u"Zappa"_s, u"ABBA"_s, u""_s, u"<absent>"_s};
+    }
+    void stringsSortInCodePointOrderWithAbsentFirst()
+    {
+        QFETCH(bool, ascending);
+        QFETCH(QStringList, expected);
+        auto store = openMemory();
+        for (const QString &name : {u"abba"_s, u"Zappa"_s, u"\u00e9clair"_s, u"ABBA"_s, u""_s, u"<absent>"_s}) {
+            Vinyl v;
+            if (name != u"<absent>"_s)
+                v.name = name;
+            v.imagesLoaded = true;
+            QVERIFY(store->insert(v).ok());
+        }
+        auto rows = store->fetchVinyl(FetchRequest().sortedBy(u"name"_s, ascending));
+        QVERIFY(rows.ok());
+        QCOMPARE(names(*rows), expected);
+    }
+
+    // Equality is exact and case-sensitive; predicates combine with AND.
+    void predicatesAreExactAndCombineWithAnd()
+    {
+        TestApp app;
+        app.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s);
+        app.addVinyl(u"Blue"_s, u"joni"_s, u"Asylum"_s);
+        app.addVinyl(u"Blue"_s, u"Joni "_s, u"Asylum"_s);
+        app.addVinyl(u"Blue"_s, u"Joni"_s, u"Asylum"_s, 4);
+        app.addVinyl(u"Court"_s, u"Joni"_s, u"Asylum"_s);
+        auto rows = app.store().fetchVinyl(FetchRequest()
+                                               .where(Predicate::equal(u"name"_s, u"Blue"_s))
+                                               .where(Predicate::equal(u"artist"_s, u"Joni"_s))
+                                               .where(Predicate::equal(u"recordLabel"_s, u"Asylum"_s)));
+        QCOMPARE(rows->size(), 1);
+        QCOMPARE(number(rows->first().id), qint16(4));
+        QCOMPARE(*app.store().count(FetchRequest().where(Predicate::equal(u"artist"_s, u"Joni"_s))), 3);
+    }
+
+    void yearBoundsAreLocalMidnight_data()
+    {
+        QTest::addColumn<QDateTime>("released");
+        QTest::addColumn<bool>("in1975");
+        QTest::newRow("first moment") << QDateTime(QDate(1975, 1, 1), QTime(0, 0)) << true;
+        QTest::newRow("31 December 23:30") << QDateTime(QDate(1975, 12, 31), QTime(23, 30)) << true;
+        QTest::newRow("1 January next year 00:00") << QDateTime(QDate(1976, 1, 1), QTime(0, 0)) << false;
+        QTest::newRow("31 December before") << QDateTime(QDate(1974, 12, 31), QTime(23, 59, 59)) << false;
+    }
+    void yearBoundsAreLocalMidnight()
+    {
+        QFETCH(QDateTime, released);
+        QFETCH(bool, in1975);
+        TestApp app;
+        Vinyl v;
+        v.name = u"Dated"_s;
+        v.releaseDate = released;
+        v.imagesLoaded = true;
+        QVERIFY(app.store().insert(v).ok());
+        const QDateTime from(QDate(1975, 1, 1), QTime(0, 0));
+        const QDateTime to(QDate(1976, 1, 1), QTime(0, 0));
+        auto rows = app.store().fetchVinyl(FetchRequest()
+                                               .where(Predicate::atLeast(u"releaseDate"_s, from))
+                                               .where(Predicate::lessThan(u"releaseDate"_s, to)));
+        QCOMPARE(rows->size(), in1975 ? 1 : 0);
+        if (in1975)
+            QCOMPARE(*rows->first().releaseDate, released);
+    }
+
+    void listFetchesLeaveCoversUnreadAndUpdatesKeepThem()
+    {
+        TestApp app;
+        Vinyl v;
+        v.name = u"Covered"_s;
+        v.frontImage = sampleCoverJpeg(1, true);
+        v.imagesLoaded = true;
+        QVERIFY(app.store().insert(v).ok());
+
+        auto listed = app.store().fetchVinyl(FetchRequest());
+        QVERIFY(!listed->first().frontImage.has_value());
+        Vinyl changed = listed->first();
+        changed.notes = u"cleaned"_s;
+        QVERIFY(app.store().update(changed).ok());
+
+        auto full = app.store().vinylByRowId(v.rowId);
+        QVERIFY(full.ok() && full->has_value());
+        QCOMPARE((*full)->frontImage.value_or(QByteArray()), *v.frontImage);
+        QCOMPARE(text((*full)->notes), u"cleaned"_s);
+        QCOMPARE(*app.store().coverImage(v.rowId, CoverSide::Front), *v.frontImage);
+        QVERIFY(app.store().coverImage(v.rowId, CoverSide::Back)->isEmpty());
+    }
+
+    void cardFetchReadsWhatACardShowsAndCannotBeSaved()
+    {
+        TestApp app;
+        Vinyl v = app.addVinyl(u"Card"_s, u"Artist"_s, u"Label"_s, 3);
+        v.notes = u"long notes"_s;
+        v.cost = 12.5f;
+        v.value = 30.0f;
+        v.quantity = 2;
+        v.doubleAlbum = u"Yes"_s;
+        QVERIFY(app.store().update(v).ok());
+
+        auto full = app.store().fetchVinyl(FetchRequest());
+        auto cards = app.store().fetchVinyl(FetchRequest().onlyCardAttributes());
+        QVERIFY(full.ok() && cards.ok());
+        const Vinyl &a = full->first();
+        const Vinyl &c = cards->first();
+        QCOMPARE(c.rowId, a.rowId);
+        QCOMPARE(c.name, a.name);
+        QCOMPARE(c.artist, a.artist);
+        QCOMPARE(c.recordLabel, a.recordLabel);
+        QCOMPARE(c.quantity, a.quantity);
+        QCOMPARE(c.doubleAlbum, a.doubleAlbum);
+        QCOMPARE(c.cost, a.cost);
+        QCOMPARE(c.value, a.value);
+        QVERIFY(!c.notes.has_value());
+
+        Vinyl changed = c;
+        changed.name = u"Renamed"_s;
+        QVERIFY(!app.store().update(changed).ok());
+        QCOMPARE(text(app.store().fetchVinyl(FetchRequest())->first().notes), u"long notes"_s);
+    }
+
+    // An older store is brought up to this version keeping its records; a newer one is refused.
+    void olderStoreIsUpgradedAndNewerRefused()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"Platterbox.sqlite"_s);
+        {
+            auto store = Store::open(path);
+            QVERIFY(store.ok());
+            Vinyl v;
+            v.name = u"Kept"_s;
+            v.imagesLoaded = true;
+            QVERIFY((*store)->insert(v).ok());
+            QSqlQuery q((*store)->database());
+            QVERIFY(q.exec(u"DROP INDEX VinylByName"_s));
+            QVERIFY(q.exec(u"CREATE INDEX VinylByName ON Vinyl(name)"_s));
+            for (const QString &cover : {u"frontImage"_s, u"backImage"_s}) {
+                QVERIFY(q.exec(u"DROP TRIGGER %1Changed"_s.arg(cover)));
+                QVERIFY(q.exec(u"ALTER TABLE Vinyl DROP COLUMN %1Exchange"_s.arg(cover)));
+            }
+            QVERIFY(q.exec(u"PRAGMA user_version = 1"_s));
+        }
+        auto reopened = Store::open(path);
+        QVERIFY(reopened.ok());
+        QSqlQuery q((*reopened)->database());
+        QVERIFY(q.exec(u"SELECT count(*) FROM pragma_index_info('VinylByName')"_s) && q.next());
+        QCOMPARE(q.value(0).toInt(), int(Store::kCardAttributes.size()));
+        QVERIFY(q.exec(u"PRAGMA user_version"_s) && q.next());
+        QCOMPARE(q.value(0).toInt(), Store::kSchemaVersion);
+        QVERIFY(q.exec(u"PRAGMA user_version = 99"_s));
+        q.finish();
+        QCOMPARE(names(*(*reopened)->fetchVinyl(FetchRequest())), QStringList{u"Kept"_s});
+        reopened = Error{};
+        QVERIFY(Store::open(path).errorMessage().contains(u"newer"_s));
+    }
+
+    // A store from before the value history starts one: each valued record's value, dated now.
+    void upgradeStartsAValueHistoryOfValuedRecords()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"Platterbox.sqlite"_s);
+        QList<qint64> rowIds;
+        {
+            auto store = Store::open(path);
+            QVERIFY(store.ok());
+            for (const std::optional<float> value : {std::optional<float>(12.5f), std::optional<float>(0.0f), std::optional<float>()}) {
+                Vinyl v;
+                v.name = u"R"_s;
+                v.value = value;
+                v.imagesLoaded = true;
+                QVERIFY((*store)->insert(v).ok());
+                rowIds << v.rowId;
+            }
+            QSqlQuery q((*store)->database());
+            for (const QString &sql : {u"DROP TABLE Quotes"_s, u"DROP INDEX VinylByVinylCondition"_s,
+                                       u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 3"_s})
+                QVERIFY2(q.exec(sql), qPrintable(sql));
+        }
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
+        auto reopened = Store::open(path);
+        QVERIFY(reopened.ok());
+        const auto quotes = (*reopened)->quotes(rowIds[0]);
+        QCOMPARE(quotes->size(), 1);
+        QCOMPARE(quotes->first().value, 12.5);
+        QCOMPARE(quotes->first().source, u"Start"_s);
+        QVERIFY(quotes->first().quoted >= before && quotes->first().quoted <= QDateTime::currentDateTime());
+        QCOMPARE((*reopened)->quotes(rowIds[1])->size(), 0);
+        QCOMPARE((*reopened)->quotes(rowIds[2])->size(), 0);
+    }
+
+    // A collection in a folder or a file that cannot be written (a copy on a read-only disk, a
+    // store of another user) is read as ever; every change is refused with the one message and
+    // nothing is written. A mode that grants no one a write holds for the superuser too.
+    void readOnlyCollectionReadsAndRefusesEveryChange_data()
+    {
+        QTest::addColumn<bool>("folder");
+        QTest::newRow("folder cannot be written") << true;
+        QTest::newRow("store file cannot be written") << false;
+    }
+    void readOnlyCollectionReadsAndRefusesEveryChange()
+    {
+        QFETCH(bool, folder);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(Store::kFileName);
+        Vinyl kept;
+        kept.name = u"Kept"_s;
+        kept.imagesLoaded = true;
+        {
+            auto created = Store::open(path);
+            QVERIFY(created.ok() && (*created)->insert(kept).ok());
+        }
+        const QString locked = folder ? dir.path() : path;
+        const QFile::Permissions permissions = QFile::permissions(locked);
+        QVERIFY(QFile::setPermissions(locked, permissions & ~(QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther)));
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(locked, permissions); });
+        const QByteArray bytes = bytesOf(path);
+        const QStringList files = QDir(dir.path()).entryList(QDir::Files);
+
+        auto store = Store::open(path);
+        QVERIFY2(store.ok(), qPrintable(store.errorMessage()));
+        Store &s = **store;
+        QCOMPARE(names(*s.fetchVinyl(FetchRequest().where(Predicate::equal(u"name"_s, u"Kept"_s)))), QStringList{u"Kept"_s});
+        const QString refusal = Store::kReadOnlyMessage.arg((folder ? Store::kReadOnlyFolder : Store::kReadOnlyFile).arg(locked));
+        Vinyl added = kept;
+        for (const Result<void> &change : {s.insert(added), s.update(kept), s.remove(Entity::Vinyl, kept.rowId),
+                                           s.transaction([] { return Result<void>(); })})
+            QCOMPARE(change.errorMessage(), refusal);
+        store = Error{};
+        QCOMPARE(bytesOf(path), bytes);
+        if (folder) // SQLite's index of the journal may be made beside a store in a folder it can write
+            QCOMPARE(QDir(dir.path()).entryList(QDir::Files), files);
+    }
+
+    // While another program writes, a change waits for it and then happens; when the wait runs
+    // out it says the collection is busy and writes nothing.
+    void changesWaitForAnotherProgramsChange_data()
+    {
+        QTest::addColumn<bool>("import");
+        QTest::addColumn<bool>("released");
+        QTest::newRow("add waits") << false << true;
+        QTest::newRow("import waits") << true << true;
+        QTest::newRow("add finds it busy") << false << false;
+        QTest::newRow("import finds it busy") << true << false;
+    }
+    void changesWaitForAnotherProgramsChange()
+    {
+        QFETCH(bool, import);
+        QFETCH(bool, released);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(Store::kFileName);
+        Store::setBusyTimeout(released ? Store::kBusyTimeoutMs : 200);
+        auto store = Store::open(path);
+        Store::setBusyTimeout(Store::kBusyTimeoutMs);
+        QVERIFY(store.ok());
+        {
+            // Another program's change: from its own connection on its own thread (the store waits
+            // on this one) it writes "Other" and commits once released or after holdFor.
+            std::promise<bool> taken;
+            std::promise<void> release;
+            std::thread other([&, path = path.toStdString(), holdFor = released ? 1s : 1h] {
+                sqlite3 *db = nullptr;
+                taken.set_value(sqlite3_open(path.c_str(), &db) == SQLITE_OK
+                                && sqlite3_exec(db, "BEGIN IMMEDIATE; INSERT INTO Vinyl(name) VALUES('Other')", nullptr, nullptr, nullptr) == SQLITE_OK);
+                release.get_future().wait_for(holdFor);
+                sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
+                sqlite3_close(db);
+            });
+            const auto done = qScopeGuard([&] { release.set_value(); other.join(); });
+            QVERIFY(taken.get_future().get());
+            Vinyl mine;
+            mine.name = u"Mine"_s;
+            mine.imagesLoaded = true;
+            Result<void> changed;
+            if (!import)
+                changed = (*store)->insert(mine);
+            else if (auto applied = ImportMerge::apply(**store, ImportFiles::read("name,artist\nMine,Me\n")); !applied)
+                changed = applied.error();
+            if (released)
+                QVERIFY2(changed.ok(), qPrintable(changed.errorMessage()));
+            else
+                QVERIFY2(changed.errorMessage().startsWith(Store::kBusyMessage), qPrintable(changed.errorMessage()));
+        }
+        const QStringList expected = released ? QStringList{u"Mine"_s, u"Other"_s} : QStringList{u"Other"_s};
+        QCOMPARE(names(*(*store)->fetchVinyl(FetchRequest().sortedBy(u"name"_s))), expected);
+    }
+
+    void failedActionRollsBackWhole()
+    {
+        TestApp app;
+        auto result = app.store().transaction([&]() -> Result<void> {
+            app.addVinyl(u"Half done"_s);
+            return Error{u"stopped"_s};
+        });
+        QVERIFY(!result.ok());
+        QCOMPARE(*app.store().count(FetchRequest()), 0);
+    }
+
+    void unknownAttributeIsAnErrorNotACrash()
+    {
+        TestApp app;
+        auto rows = app.store().fetchVinyl(FetchRequest().where(Predicate::equal(u"name; DROP TABLE Vinyl"_s, 1)));
+        QVERIFY(!rows.ok());
+        QVERIFY(app.store().count(FetchRequest()).ok());
+    }
+
+    void newRecordNumber_data()
+    {
+        QTest::addColumn<QList<int>>("existing");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("empty store") << QList<int>{} << 1;
+        QTest::newRow("1, 2 and 7") << QList<int>{1, 2, 7} << 8;
+        QTest::newRow("highest deleted is reused") << QList<int>{1, 2} << 3;
+        QTest::newRow("negative only") << QList<int>{-5} << -4;
+    }
+    void newRecordNumber()
+    {
+        QFETCH(QList<int>, existing);
+        QFETCH(int, expected);
+        TestApp app;
+        for (int id : existing)
+            app.addVinyl(u"R%1"_s.arg(id), {}, {}, qint16(id));
+        if (QTest::currentDataTag() == QByteArray("highest deleted is reused")) {
+            Vinyl seven = app.addVinyl(u"R7"_s, {}, {}, 7);
+            QVERIFY(app.store().remove(Entity::Vinyl, seven.rowId).ok());
+        }
+        auto id = newRecordId(app.store());
+        QVERIFY(id.ok());
+        QCOMPARE(int(*id), expected);
+    }
+
+    void noNumberAfter32767()
+    {
+        TestApp app;
+        app.addVinyl(u"Last"_s, {}, {}, 32767);
+        auto id = newRecordId(app.store());
+        QVERIFY(!id.ok());
+        QCOMPARE(id.errorMessage(), kNoRecordNumberLeft);
+    }
+
+    void sampleCollectionIsDeterministicAndNumbered()
+    {
+        TestApp a, b;
+        SampleOptions options;
+        options.records = 30;
+        options.tracksPerRecord = 3;
+        QVERIFY(addSampleCollection(a.store(), options).ok());
+        QVERIFY(addSampleCollection(b.store(), options).ok());
+        auto rowsA = a.store().fetchVinyl(FetchRequest().sortedBy(u"id"_s));
+        auto rowsB = b.store().fetchVinyl(FetchRequest().sortedBy(u"id"_s));
+        QCOMPARE(names(*rowsA), names(*rowsB));
+        QCOMPARE(number(rowsA->first().id), qint16(1));
+        QCOMPARE(number(rowsA->last().id), qint16(30));
+        QCOMPARE(*a.store().count(FetchRequest(Entity::Tracks)), 90);
+        QVERIFY(!QImage::fromData(*a.store().coverImage(rowsA->first().rowId, CoverSide::Front)).isNull());
+    }
+};
+
+QTEST_MAIN(StoreTest)
+#include "tst_store.moc"

@@ -1,0 +1,257 @@
+#include "browse/listvinyltableviewcontroller.h"
+#include "browsetestdata.h"
+#include "collection/browsetexts.h"
+#include "store/samplecollection.h"
+#include "testsupport.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestCollectionList : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+    void init();
+    void cleanup() { m_app.reset(); }
+
+    void firstDisplayIsDescendingAndEveryRefreshReverses();
+    void sortChoicesOrderAndLabelTheSearch_data();
+    void sortChoicesOrderAndLabelTheSearch();
+    void sortButtonWhileSearchingOrdersFoundRecordsByName();
+    void cardTextsFollowTheSortChoice_data();
+    void cardTextsFollowTheSortChoice();
+    void cardOfASparseRecord();
+    void deletingWhileSearchingKeepsTheRecordInTheWholeList();
+    void deletingWithoutSearchRemovesFromTheWholeList();
+    void pickingARowFillsCurrentRecordAndOpensTheEditor();
+    void pickingARecordDeletedElsewhereAlertsAndRefreshes();
+    void emptyCollection();
+
+private:
+    std::unique_ptr<TestApp> m_app;
+};
+
+void TestCollectionList::init()
+{
+    m_app = std::make_unique<TestApp>();
+    QVERIFY(m_app->ok());
+    Store &store = m_app->store();
+    RecordBuilder(u"Abbey Road"_s).artist(u"The Beatles"_s).label(u"Apple"_s).producer(u"George Martin"_s)
+        .date(localDate(1969, 9, 26)).store(store);
+    RecordBuilder(u"Cabaret"_s).artist(u"Liza Minnelli"_s).label(u"ABC"_s).producer(u"Fred Ebb"_s)
+        .date(localDate(1972, 2, 13)).store(store);
+    RecordBuilder(u"Wish You Were Here"_s).artist(u"Pink Floyd"_s).label(u"Harvest"_s).producer(u"Pink Floyd"_s)
+        .date(localDate(1975, 9, 12)).store(store);
+    RecordBuilder(u"Blue"_s).artist(u"Joni Mitchell"_s).label(u"Reprise"_s).producer(u"Joni Mitchell"_s)
+        .date(localDate(1975, 1, 22)).store(store);
+}
+
+void TestCollectionList::firstDisplayIsDescendingAndEveryRefreshReverses()
+{
+    ConsoleCapture console;
+    ListVinylTableViewController list(&m_app->app());
+    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+
+    const QStringList ascending = {u"Abbey Road"_s, u"Blue"_s, u"Cabaret"_s, u"Wish You Were Here"_s};
+    QStringList descending = ascending;
+    std::reverse(descending.begin(), descending.end());
+
+    QCOMPARE(list.title(), u"List Vinyl's"_s);
+    QCOMPARE(m_app->app().state()->originScreen(), u"List"_s);
+    QCOMPARE(albumNames(*list.model()), descending);
+    list.sortOptionSelected(1);
+    QCOMPARE(albumNames(*list.model()), ascending);
+    list.sortOptionSelected(1);
+    QCOMPARE(albumNames(*list.model()), descending);
+    // The sort button without a search refreshes too, and so reverses again.
+    list.SortButtonTapped();
+    QCOMPARE(albumNames(*list.model()), ascending);
+    list.unwindToList();
+    QCOMPARE(albumNames(*list.model()), descending);
+    QCOMPARE(console.lines(), QStringList({u"Option 1 selected"_s, u"Option 1 selected"_s}));
+}
+
+void TestCollectionList::sortChoicesOrderAndLabelTheSearch_data()
+{
+    QTest::addColumn<int>("option");
+    QTest::addColumn<QString>("consoleLine");
+    QTest::addColumn<QString>("placeholder");
+    QTest::addColumn<QStringList>("producerLines"); // identifies the order
+
+    QTest::addRow("by name") << 1 << u"Option 1 selected"_s << u"Search by Name"_s
+                             << QStringList{u"George Martin"_s, u"Joni Mitchell"_s, u"Fred Ebb"_s, u"Pink Floyd"_s};
+    QTest::addRow("by year") << 2 << u"Option 2 selected"_s << u"Search by Year"_s
+                             << QStringList{u"George Martin"_s, u"Fred Ebb"_s, u"Joni Mitchell"_s, u"Pink Floyd"_s};
+    QTest::addRow("by record label") << 3 << u"Option 3 selected"_s << u"Search by Record Label"_s
+                                     << QStringList{u"ABC"_s, u"Apple"_s, u"Harvest"_s, u"Reprise"_s};
+    QTest::addRow("by artist") << 4 << u"Option 4 selected"_s << u"Search by Artist"_s
+                               << QStringList{u"Joni Mitchell"_s, u"Fred Ebb"_s, u"Pink Floyd"_s, u"George Martin"_s};
+}
+
+void TestCollectionList::sortChoicesOrderAndLabelTheSearch()
+{
+    QFETCH(int, option);
+    QFETCH(QString, consoleLine);
+    QFETCH(QString, placeholder);
+    QFETCH(QStringList, producerLines);
+
+    ListVinylTableViewController list(&m_app->app());
+    ConsoleCapture console;
+    list.sortOptionSelected(option); // the second refresh: ascending
+    QCOMPARE(console.lines(), QStringList{consoleLine});
+    QCOMPARE(list.placeholder(), placeholder);
+
+    QStringList shown;
+    for (const QString &line : column(*list.model(), "producerLabel"))
+        shown.append(line.section(u": "_s, 1).section(u"  "_s, 0, 0));
+    QCOMPARE(shown, producerLines);
+}
+
+void TestCollectionList::sortButtonWhileSearchingOrdersFoundRecordsByName()
+{
+    ListVinylTableViewController list(&m_app->app());
+    list.sortOptionSelected(2); // by year, ascending
+    list.updateSearchResults(u"19"_s);
+    QCOMPARE(column(*list.model(), "releaseDateLabel"),
+             QStringList({u"Release Date: Sep 26, 1969"_s, u"Release Date: Feb 13, 1972"_s,
+                          u"Release Date: Jan 22, 1975"_s, u"Release Date: Sep 12, 1975"_s}));
+
+    // The direction stays ascending: the sort button only re-orders the found records by name.
+    list.SortButtonTapped();
+    QVERIFY(list.sortAsc());
+    QCOMPARE(column(*list.model(), "releaseDateLabel"),
+             QStringList({u"Release Date: Sep 26, 1969"_s, u"Release Date: Jan 22, 1975"_s,
+                          u"Release Date: Feb 13, 1972"_s, u"Release Date: Sep 12, 1975"_s}));
+    QCOMPARE(list.headerText(), u"# Vinyl Records = 4 of 4"_s);
+}
+
+void TestCollectionList::cardTextsFollowTheSortChoice_data()
+{
+    QTest::addColumn<int>("option");
+    QTest::addColumn<QString>("nameLabel");
+    QTest::addColumn<QString>("producerLabel");
+
+    QTest::addRow("name") << 1 << u"Album: Rumours  Artist: Fleetwood Mac"_s << u"Producer: Ken Caillat  Speed: 33 RPM"_s;
+    QTest::addRow("year leaves the name line") << 2 << QString() << u"Producer: Ken Caillat  Speed: 33 RPM"_s;
+    QTest::addRow("record label") << 3 << QString() << u"Record Label: Warner  Speed: 33 RPM"_s;
+    QTest::addRow("artist") << 4 << u"Artist: Fleetwood Mac  Album: Rumours"_s << u"Producer: Ken Caillat  Speed: 33 RPM"_s;
+}
+
+void TestCollectionList::cardTextsFollowTheSortChoice()
+{
+    QFETCH(int, option);
+    QFETCH(QString, nameLabel);
+    QFETCH(QString, producerLabel);
+
+    TestApp app;
+    RecordBuilder(u"Rumours"_s).artist(u"Fleetwood Mac"_s).label(u"Warner"_s).producer(u"Ken Caillat"_s)
+        .speed(u"33 RPM"_s).type(u"Single Album"_s).date(localDate(1977, 2, 4)).cost(12.5f).value(10, 3)
+        .duration(45).store(app.store());
+    ListVinylTableViewController list(&app.app());
+    list.sortOptionSelected(option);
+    const RecordCard card = list.model()->card(0);
+    QCOMPARE(card.nameLabel, nameLabel);
+    QCOMPARE(card.releaseDateLabel, u"Release Date: Feb 4, 1977"_s);
+    QCOMPARE(card.producerLabel, producerLabel);
+    QCOMPARE(card.costLabel, u"Cost: $12.50  Total Value: $30.00"_s);
+    QCOMPARE(card.speedLabel, u"Length: 45.0 min  Type: Single Album"_s);
+    QCOMPARE(list.model()->index(0).data(RecordCardModel::CoverSourceRole).toString(), u"image://cover/%1/front"_s.arg(card.rowId));
+}
+
+void TestCollectionList::cardOfASparseRecord()
+{
+    TestApp app;
+    app.addVinyl(u"Untitled"_s);
+    ListVinylTableViewController list(&app.app());
+    const RecordCard card = list.model()->card(0);
+    QCOMPARE(card.nameLabel, u"Album: Untitled  Artist: "_s);
+    QCOMPARE(card.releaseDateLabel, u"Release Date: N/A"_s);
+    QCOMPARE(card.producerLabel, u"Producer:   Speed: "_s);
+    QCOMPARE(card.costLabel, u"Cost: $0.00  Total Value: $0.00"_s);
+    QCOMPARE(card.speedLabel, u"Length: 0.0 min  Type: "_s);
+}
+
+void TestCollectionList::deletingWhileSearchingKeepsTheRecordInTheWholeList()
+{
+    ListVinylTableViewController list(&m_app->app());
+    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    list.sortOptionSelected(1);
+    list.updateSearchResults(u"ab"_s);
+    list.deleteRow(0); // Abbey Road
+
+    QCOMPARE(m_app->store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 3);
+    QCOMPARE(albumNames(*list.model()), QStringList{u"Cabaret"_s});
+    QCOMPARE(list.headerText(), u"# Vinyl Records = 1 of 4"_s);
+
+    // Until the next refresh the whole list still holds the deleted record.
+    list.updateSearchResults(QString());
+    QCOMPARE(list.model()->rowCount(), 4);
+    list.SortButtonTapped();
+    QCOMPARE(list.model()->rowCount(), 3);
+    QCOMPARE(list.headerText(), u"# Vinyl Records = 3 of 3"_s);
+}
+
+void TestCollectionList::deletingWithoutSearchRemovesFromTheWholeList()
+{
+    ListVinylTableViewController list(&m_app->app());
+    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    list.deleteRow(0); // Wish You Were Here (descending)
+    list.deleteRow(7); // no such row: nothing happens
+    QCOMPARE(albumNames(*list.model()), QStringList({u"Cabaret"_s, u"Blue"_s, u"Abbey Road"_s}));
+    QCOMPARE(list.headerText(), u"# Vinyl Records = 3 of 3"_s);
+    QCOMPARE(m_app->store().count(FetchRequest(Entity::Vinyl)).valueOr(-1), 3);
+}
+
+void TestCollectionList::pickingARowFillsCurrentRecordAndOpensTheEditor()
+{
+    TestApp app;
+    Vinyl v = RecordBuilder(u"Rumours"_s).artist(u"Fleetwood Mac"_s).value(10, 2).v;
+    v.frontImage = sampleCoverJpeg(1, true);
+    QVERIFY(app.store().insert(v));
+    app.addVinyl(u"Tusk"_s);
+
+    ListVinylTableViewController list(&app.app());
+    list.updateSearchResults(u"rum"_s);
+    app.app().state()->setOriginScreen(u"Menu"_s);
+    list.rowPicked(0);
+
+    const CurrentRecord &current = app.app().state()->currentRecord();
+    QCOMPARE(current.rowId, v.rowId);
+    QCOMPARE(current.name, u"Rumours"_s);
+    QCOMPARE(current.artist, u"Fleetwood Mac"_s);
+    QCOMPARE(current.quantity, qint16(2));
+    QCOMPARE(current.images.size(), 1);
+    QCOMPARE(app.app().state()->originScreen(), u"List"_s);
+    QCOMPARE(app.app().navigator()->lastShown(), u"EditVinylView"_s);
+}
+
+void TestCollectionList::pickingARecordDeletedElsewhereAlertsAndRefreshes()
+{
+    ListVinylTableViewController list(&m_app->app());
+    const qint64 rowId = list.model()->card(0).rowId;
+    QVERIFY(m_app->store().remove(Entity::Vinyl, rowId));
+    list.rowPicked(0);
+    QCOMPARE(list.lastAlertTitle(), BrowseTexts::kRecordNotFoundTitle);
+    QCOMPARE(list.model()->rowCount(), 3);
+    QCOMPARE(m_app->app().navigator()->lastShown(), QString());
+}
+
+void TestCollectionList::emptyCollection()
+{
+    TestApp app;
+    ListVinylTableViewController list(&app.app());
+    QCOMPARE(list.model()->rowCount(), 0);
+    QCOMPARE(list.headerText(), u"# Vinyl Records = 0 of 0"_s);
+    list.updateSearchResults(u"x"_s);
+    list.SortButtonTapped();
+    list.rowPicked(0);
+    list.deleteRow(0);
+    QCOMPARE(list.headerText(), u"# Vinyl Records = 0 of 0"_s);
+}
+
+QTEST_MAIN(TestCollectionList)
+#include "tst_collectionlist.moc"

@@ -1,0 +1,581 @@
+#include "entry/addvinylviewcontroller.h"
+#include "entry/editvinylviewcontroller.h"
+#include "entry/notesviewcontroller.h"
+#include "entry/zoomviewcontroller.h"
+#include "store/recordnumbers.h"
+#include "testsupport.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void fillRequired(RecordFormController &form, const QString &name = u"Blue"_s)
+{
+    form.setAlbumName(name);
+    form.setArtist(u"Joni Mitchell"_s);
+    form.setRecordLabel(u"Reprise"_s);
+}
+
+QImage photo(QColor color, QSize size = QSize(300, 200))
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+}
+
+QByteArray jpeg(const QImage &image)
+{
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPEG");
+    return data;
+}
+
+qint64 vinylCount(TestApp &t)
+{
+    return t.store().count(FetchRequest(Entity::Vinyl)).valueOr(-1);
+}
+
+Vinyl stored(TestApp &t, qint64 rowId)
+{
+    const auto found = t.store().vinylByRowId(rowId);
+    return found && found->has_value() ? **found : Vinyl{};
+}
+
+// Opens the record in CurrentRecord, as the collection list does before showing the editor.
+void pick(TestApp &t, qint64 rowId, const QString &origin = OriginScreens::List)
+{
+    t.app().state()->setCurrentRecord(stored(t, rowId));
+    t.app().state()->setOriginScreen(origin);
+}
+
+QStringList coverFiles(TestApp &t)
+{
+    return QDir(t.app().documentsDir()).entryList({u"*.jpg"_s}, QDir::Files);
+}
+
+} // namespace
+
+class TestRecordScreens : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+
+    void addStoresTheRecordAndReturnsToItsOpener_data()
+    {
+        QTest::addColumn<QString>("origin");
+        QTest::addColumn<QString>("segue");
+        QTest::newRow("from the list") << OriginScreens::List << u"unwindToList"_s;
+        QTest::newRow("from the menu") << OriginScreens::Menu << u"unwindToMenu"_s;
+        QTest::newRow("from elsewhere") << OriginScreens::ArtistBreakdown << u"unwindToMenu"_s;
+    }
+
+    void addStoresTheRecordAndReturnsToItsOpener()
+    {
+        QFETCH(QString, origin);
+        QFETCH(QString, segue);
+        TestApp t;
+        t.app().state()->setOriginScreen(origin);
+        AddVinylViewController add(&t.app());
+        fillRequired(add);
+        add.setCost(u"$1,250.5"_s);
+        add.setNotes(u" first pressing "_s);
+        add.setCoverImage(CoverSide::Front, photo(Qt::red, QSize(3000, 2000)));
+        ConsoleCapture console;
+
+        add.SaveNewVinylButtonClicked();
+        add.SaveNewVinylButtonClicked(); // a second tap while leaving stores nothing more
+
+        QCOMPARE(vinylCount(t), 1);
+        QCOMPARE(t.app().navigator()->lastUnwind(), segue);
+        QVERIFY(console.lines().contains(origin));
+        const Vinyl v = stored(t, add.savedRowId());
+        QCOMPARE(v.id, std::optional<qint16>(1));
+        QCOMPARE(v.name, std::optional<QString>(u"Blue"_s));
+        QCOMPARE(v.cost, std::optional<float>(1250.5f));
+        QCOMPARE(v.notes, std::optional<QString>(u" first pressing "_s));
+        QCOMPARE(v.albumDuration, std::optional<double>(0.0));
+        QVERIFY(!v.quantity && !v.value && !v.releaseDate && !v.backImage);
+        QCOMPARE(QImage::fromData(v.frontImage.value_or(QByteArray())).size(), QSize(100, 100));
+        QVERIFY(!v.frontImagePath);
+    }
+
+    void refusedAddKeepsTheScreenAndTheForm_data()
+    {
+        QTest::addColumn<QString>("artist");
+        QTest::addColumn<QString>("quantity");
+        QTest::addColumn<QString>("cost");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("no artist") << QString() << u"1"_s << QString() << u"Required Fields in RED not Entered"_s;
+        QTest::newRow("quantity 40000") << u"Joni"_s << u"40000"_s << QString()
+                                        << u"Quantity \"40000\" is not a whole number from 0 to 32767."_s;
+        QTest::newRow("cost 1.2.3") << u"Joni"_s << u"2"_s << u"1.2.3"_s << u"Cost \"1.2.3\" is not an amount."_s;
+    }
+
+    void refusedAddKeepsTheScreenAndTheForm()
+    {
+        QFETCH(QString, artist);
+        QFETCH(QString, quantity);
+        QFETCH(QString, cost);
+        QFETCH(QString, message);
+        TestApp t;
+        t.app().state()->setOriginScreen(OriginScreens::List);
+        AddVinylViewController add(&t.app());
+        fillRequired(add);
+        add.setArtist(artist);
+        add.setQuantity(quantity);
+        add.setCost(cost);
+        const RecordFormFields before = add.fields();
+
+        add.SaveNewVinylButtonClicked();
+
+        QCOMPARE(add.lastAlertTitle(), u"Record not Saved!"_s);
+        QCOMPARE(add.lastAlertMessage(), message);
+        QCOMPARE(vinylCount(t), 0);
+        QCOMPARE(t.app().navigator()->lastUnwind(), QString());
+        QCOMPARE(add.fields(), before);
+
+        // Corrected, the same screen saves.
+        add.setArtist(u"Joni"_s);
+        add.setQuantity(u"2"_s);
+        add.setCost(u"2.5"_s);
+        add.SaveNewVinylButtonClicked();
+        QCOMPARE(vinylCount(t), 1);
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToList"_s);
+    }
+
+    // Each number field reads what the locale writes; what the edit screen shows, saved again,
+    // stores the same numbers.
+    void numberFieldsReadTheLocale_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<double>("number");
+        QTest::addColumn<QString>("shownAmount");
+        QTest::addColumn<QString>("shownLength");
+        QTest::newRow("en_US") << u"en_US"_s << u"1,234.50"_s << 1234.5 << u"1,234.50"_s << u"1234.5"_s;
+        QTest::newRow("en_US pasted dollars") << u"en_US"_s << u"$12.50"_s << 12.5 << u"12.50"_s << u"12.5"_s;
+        QTest::newRow("de_DE") << u"de_DE"_s << u"1.234,50"_s << 1234.5 << u"1.234,50"_s << u"1234,5"_s;
+        QTest::newRow("fr_FR") << u"fr_FR"_s << u"12 345,50"_s << 12345.5 << u"12\u202F345,50"_s << u"12345,5"_s;
+    }
+
+    void numberFieldsReadTheLocale()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, typed);
+        QFETCH(double, number);
+        QFETCH(QString, shownAmount);
+        QFETCH(QString, shownLength);
+        ScopedLocale scoped(locale);
+        TestApp t;
+        AddVinylViewController add(&t.app());
+        fillRequired(add);
+        add.setCost(typed);
+        add.setValue(typed);
+        add.setRecordLength(QString(typed).remove(u'$'));
+        add.SaveNewVinylButtonClicked();
+        QCOMPARE(add.lastAlertTitle(), QString());
+        const qint64 rowId = add.savedRowId();
+        QCOMPARE(stored(t, rowId).cost, std::optional<float>(float(number)));
+        QCOMPARE(stored(t, rowId).albumDuration, std::optional<double>(number));
+
+        pick(t, rowId);
+        EditVinylViewController edit(&t.app());
+        QCOMPARE(edit.cost(), shownAmount);
+        QCOMPARE(edit.value(), shownAmount);
+        QCOMPARE(edit.recordLength(), shownLength);
+        edit.setCost(u"0"_s);
+        edit.SaveVinylButtonClicked();
+        QCOMPARE(stored(t, rowId).cost, std::optional<float>(0.0f));
+        QCOMPARE(stored(t, rowId).value, std::optional<float>(float(number)));
+        QCOMPARE(stored(t, rowId).albumDuration, std::optional<double>(number));
+
+        pick(t, rowId);
+        EditVinylViewController again(&t.app());
+        again.setCost(typed);
+        again.setRecordLength(shownLength);
+        again.SaveVinylButtonClicked();
+        QCOMPARE(again.lastAlertTitle(), QString());
+        QCOMPARE(stored(t, rowId).cost, std::optional<float>(float(number)));
+        QCOMPARE(stored(t, rowId).albumDuration, std::optional<double>(number));
+    }
+
+    void newRecordsTakeTheNextNumber()
+    {
+        TestApp t;
+        const auto addOne = [&t](const QString &name) {
+            AddVinylViewController add(&t.app());
+            fillRequired(add, name);
+            add.SaveNewVinylButtonClicked();
+            return stored(t, add.savedRowId());
+        };
+        QCOMPARE(addOne(u"first"_s).id, std::optional<qint16>(1));
+        t.addVinyl(u"two"_s, u"a"_s, u"l"_s, 2);
+        t.addVinyl(u"seven"_s, u"a"_s, u"l"_s, 7);
+        const Vinyl eighth = addOne(u"eighth"_s);
+        QCOMPARE(eighth.id, std::optional<qint16>(8));
+        QVERIFY(t.store().remove(Entity::Vinyl, eighth.rowId).ok());
+        QCOMPARE(addOne(u"again"_s).id, std::optional<qint16>(8));
+    }
+
+    void noNumberLeftAfter32767()
+    {
+        TestApp t;
+        t.addVinyl(u"last"_s, u"a"_s, u"l"_s, 32767);
+        AddVinylViewController add(&t.app());
+        fillRequired(add);
+        add.SaveNewVinylButtonClicked();
+        QCOMPARE(add.lastAlertTitle(), u"Record not Saved!"_s);
+        QCOMPARE(add.lastAlertMessage(), kNoRecordNumberLeft);
+        QCOMPARE(vinylCount(t), 1);
+    }
+
+    void releaseDateEntry()
+    {
+        TestApp t;
+        const QString today = QLocale().toString(QDate::currentDate(), u"MMM d, yyyy"_s);
+        AddVinylViewController add(&t.app());
+        QSignalSpy closed(&add, &RecordFormController::endEditing);
+        add.DateEntered(); // the add screen shows today's date as the picker opens
+        QCOMPARE(add.releaseDate(), today);
+        add.ReleaseDateChanged(QDate(1971, 6, 22));
+        QCOMPARE(add.releaseDate(), u"Jun 22, 1971"_s);
+        QCOMPARE(closed.count(), 0);
+        add.doneDateIssuedClick(QDate(1969, 12, 31));
+        QCOMPARE(add.releaseDate(), u"Dec 31, 1969"_s);
+        QCOMPARE(closed.count(), 1);
+
+        // Picked, then cleared: the record has no date.
+        fillRequired(add);
+        add.clearReleaseDate();
+        add.SaveNewVinylButtonClicked();
+        QVERIFY(!stored(t, add.savedRowId()).releaseDate);
+
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 2);
+        v.releaseDate = QDateTime(QDate(1971, 6, 22), QTime(0, 0));
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        edit.DateEntered(); // the edit screen keeps the field's date
+        QCOMPARE(edit.releaseDate(), u"Jun 22, 1971"_s);
+        edit.todayIssuedClick();
+        QCOMPARE(edit.releaseDate(), today);
+    }
+
+    void missingPictureSourcesAreExplained()
+    {
+        TestApp t;
+        AddVinylViewController add(&t.app());
+        QSignalSpy camera(&add, &RecordFormController::openCameraRequested);
+        add.OpenFrontCamera();
+        QCOMPARE(add.lastAlertTitle(), u"Camera"_s);
+        QCOMPARE(add.lastAlertMessage(), u"There is no camera available"_s);
+        QCOMPARE(camera.count(), 0);
+        add.RearPasteFromClipboard();
+        QCOMPARE(add.lastAlertTitle(), u"Clipboard"_s);
+        QCOMPARE(add.lastAlertMessage(), u"There is no image in the Clipboard"_s);
+
+        t.platform().clipboard = photo(Qt::green);
+        add.RearPasteFromClipboard();
+        QVERIFY(add.hasBackImage() && !add.hasFrontImage());
+
+        QTemporaryDir dir;
+        const QString notAPicture = dir.filePath(u"notes.txt"_s);
+        QFile file(notAPicture);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("not a picture");
+        file.close();
+        add.OpenFrontFolder();
+        add.documentPicked(QUrl::fromLocalFile(notAPicture));
+        QCOMPARE(add.lastAlertTitle(), u"Picture not Loaded"_s);
+        QVERIFY(!add.hasFrontImage());
+    }
+
+    void photosLandOnTheSideOfTheirButton()
+    {
+        TestApp t;
+        t.platform().hasCameraAnswer = true;
+        AddVinylViewController add(&t.app());
+        QTemporaryDir dir;
+        const auto shoot = [&](QColor color) {
+            const QString path = dir.filePath(u"shot.jpg"_s);
+            photo(color).save(path);
+            add.imagePicked(path);
+        };
+        add.OpenBackFolder(); // leaves the back side chosen
+        add.OpenFrontCamera();
+        shoot(Qt::blue);
+        QVERIFY(add.hasFrontImage());
+        QVERIFY(!add.hasBackImage());
+        add.OpenBackCamera();
+        shoot(Qt::yellow);
+        QVERIFY(add.hasBackImage());
+        add.RemoveFrontImage();
+        QVERIFY(!add.hasFrontImage());
+    }
+
+    void editAddressesTheOpenedRecord()
+    {
+        TestApp t;
+        // Two records alike in name, date and label: the one opened is the one changed.
+        const Vinyl first = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        const Vinyl second = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 2);
+        pick(t, second.rowId, OriginScreens::YearBreakdown);
+        EditVinylViewController edit(&t.app());
+        QCOMPARE(edit.albumName(), u"Blue"_s);
+        QCOMPARE(edit.quantity(), u"0"_s);
+        edit.setAlbumName(u"Blue (remaster)"_s);
+        edit.setProducer(QString());
+        edit.SaveVinylButtonClicked();
+
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToYearTableView"_s);
+        QCOMPARE(stored(t, second.rowId).name, std::optional<QString>(u"Blue (remaster)"_s));
+        QCOMPARE(stored(t, second.rowId).producer, std::optional<QString>(QString(u""_s)));
+        QCOMPARE(stored(t, first.rowId).name, std::optional<QString>(u"Blue"_s));
+        QVERIFY(!stored(t, first.rowId).producer);
+    }
+
+    void refusedEditStaysAndStoresNothing_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("quantity");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("no label") << QString() << u"1"_s << u"Required Fields in RED not Entered"_s;
+        QTest::newRow("quantity 40000") << u"Reprise"_s << u"40000"_s
+                                        << u"Quantity \"40000\" is not a whole number from 0 to 32767."_s;
+    }
+
+    void refusedEditStaysAndStoresNothing()
+    {
+        QFETCH(QString, label);
+        QFETCH(QString, quantity);
+        QFETCH(QString, message);
+        TestApp t;
+        const Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        edit.setArtist(u"Changed"_s);
+        edit.setRecordLabel(label);
+        edit.setQuantity(quantity);
+        const qint64 writes = t.store().writeCount();
+        edit.SaveVinylButtonClicked();
+        QCOMPARE(edit.lastAlertMessage(), message);
+        QCOMPARE(t.store().writeCount(), writes);
+        QCOMPARE(edit.artist(), u"Changed"_s);
+        QCOMPARE(t.app().navigator()->lastUnwind(), QString());
+    }
+
+    void aDeletedRecordIsNotRecreated()
+    {
+        TestApp t;
+        const Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        QVERIFY(t.store().remove(Entity::Vinyl, v.rowId).ok());
+        edit.SaveVinylButtonClicked();
+        QCOMPARE(vinylCount(t), 0);
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToList"_s);
+    }
+
+    void aNewCoverGetsAFileOfItsOwn()
+    {
+        TestApp t;
+        const Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        pick(t, v.rowId);
+        const QRegularExpression uuidName(u"^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}\\.jpg$"_s);
+
+        EditVinylViewController edit(&t.app());
+        edit.setCoverImage(CoverSide::Front, photo(Qt::red, QSize(1200, 1200)));
+        edit.SaveVinylButtonClicked();
+        const QStringList firstFiles = coverFiles(t);
+        QCOMPARE(firstFiles.size(), 1);
+        QVERIFY2(uuidName.match(firstFiles.first()).hasMatch(), qPrintable(firstFiles.first()));
+        const Vinyl saved = stored(t, v.rowId);
+        QCOMPARE(saved.frontImagePath, std::optional<QString>(QDir(t.app().documentsDir()).filePath(firstFiles.first())));
+        QCOMPARE(QImage(*saved.frontImagePath).size(), QSize(1200, 1200));
+        QCOMPARE(QImage::fromData(*saved.frontImage).size(), QSize(100, 100));
+        QVERIFY(!saved.backImagePath && !saved.backImage);
+
+        // Saved again unchanged: the same file. A new picture: a new file, and the one it
+        // replaces stays for the snapshots that may name it.
+        EditVinylViewController again(&t.app());
+        again.SaveVinylButtonClicked();
+        QCOMPARE(coverFiles(t), firstFiles);
+        EditVinylViewController changed(&t.app());
+        changed.setCoverImage(CoverSide::Front, photo(Qt::green, QSize(800, 800)));
+        changed.SaveVinylButtonClicked();
+        QCOMPARE(coverFiles(t).size(), 2);
+        QCOMPARE(QImage(*stored(t, v.rowId).frontImagePath).size(), QSize(800, 800));
+    }
+
+    void coverFilesOutsideTheAppAreNeverDeleted()
+    {
+        TestApp t;
+        QTemporaryDir elsewhere;
+        const QString foreign = elsewhere.filePath(u"mine.jpg"_s);
+        QVERIFY(photo(Qt::gray).save(foreign));
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        v.frontImage = jpeg(photo(Qt::gray));
+        v.frontImagePath = foreign;
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        edit.SaveVinylButtonClicked();
+        QVERIFY(QFileInfo::exists(foreign));
+        QCOMPARE(coverFiles(t).size(), 1);
+    }
+
+    void removingACoverAsksFirst_data()
+    {
+        QTest::addColumn<bool>("front");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("front, yes") << true << 0;
+        QTest::newRow("front, no") << true << 1;
+        QTest::newRow("back, yes") << false << 0;
+    }
+
+    void removingACoverAsksFirst()
+    {
+        QFETCH(bool, front);
+        QFETCH(int, answer);
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        v.frontImage = jpeg(photo(Qt::red));
+        v.backImage = jpeg(photo(Qt::blue));
+        v.frontImagePath = u"/nowhere/front.jpg"_s;
+        v.backImagePath = u"/nowhere/back.jpg"_s;
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        QVERIFY(edit.hasFrontImage() && edit.hasBackImage());
+
+        front ? edit.RemoveFrontImage() : edit.RemoveBackImage();
+        QCOMPARE(edit.lastAlertTitle(), front ? u"Remove Front Cover Image"_s : u"Remove Back Cover Image"_s);
+        QCOMPARE(edit.lastAlertMessage(), u"Do You Want to Remove This Image?"_s);
+        edit.answerAlert(answer);
+
+        const bool removed = answer == 0;
+        const Vinyl after = stored(t, v.rowId);
+        QCOMPARE(bool(after.frontImage), !(front && removed));
+        QCOMPARE(bool(after.backImage), !(!front && removed));
+        QCOMPARE(front ? edit.hasFrontImage() : edit.hasBackImage(), !removed);
+        QCOMPARE(after.frontImagePath, v.frontImagePath);
+        QCOMPARE(after.backImagePath, v.backImagePath);
+        // A return from the notes screen does not bring the picture back.
+        edit.unwindToEdit();
+        QCOMPARE(front ? edit.hasFrontImage() : edit.hasBackImage(), !removed);
+    }
+
+    void sharesTheFormAsTextAndPictures()
+    {
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Blue"_s, QString(), u"Reprise"_s, 1);
+        v.backImage = jpeg(photo(Qt::blue));
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        edit.shareButtonClicked();
+        QCOMPARE(t.platform().shared.size(), 1);
+        const ShareItems items = t.platform().shared.first();
+        QCOMPARE(items.texts.size(), 1);
+        QVERIFY(items.texts.first().startsWith(u"Album Name: Blue\nYear Issued: N/A\nRelease Date: N/A\n"_s));
+        QVERIFY(items.texts.first().contains(u"\nCost: $0.00\nValue: $0.00\n"_s));
+        // Front and back always: a missing front is the no-cover picture.
+        QCOMPARE(items.images.size(), 2);
+        QCOMPARE(items.images.at(0), QImage(u":/resources/black-vinyl-record.png"_s));
+        QCOMPARE(items.images.at(1).size(), QSize(300, 200));
+
+        t.platform().canSendTextAnswer = false;
+        edit.shareButtonClicked();
+        QCOMPARE(edit.lastAlertTitle(), u"Can't Send Text Message"_s);
+        QCOMPARE(edit.lastAlertMessage(), u"Your device is not able to send text messages."_s);
+        QCOMPARE(t.platform().shared.size(), 1);
+    }
+
+    void asksForAReviewAfterOpening()
+    {
+        TestApp t;
+        const Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        pick(t, v.rowId);
+        {
+            EditVinylViewController edit(&t.app());
+            QCOMPARE(edit.reviewTimer().interval(), 5000);
+            QVERIFY(edit.reviewTimer().isActive());
+            edit.reviewTimer().setInterval(10);
+            QTRY_COMPARE(t.platform().reviewPrompts, 1);
+        }
+        // Within the week a second opening asks for nothing.
+        EditVinylViewController second(&t.app());
+        QSignalSpy asked(&second.reviewTimer(), &QTimer::timeout);
+        second.reviewTimer().setInterval(10);
+        QVERIFY(asked.wait());
+        QCOMPARE(t.platform().reviewPrompts, 1);
+        QVERIFY(t.app().settings().contains(SettingsKeys::ReviewServiceLastRequest));
+    }
+
+    void notesAreSavedAndShownByTheEditor_data()
+    {
+        QTest::addColumn<QString>("notes");
+        QTest::newRow("text") << u"Signed on the back"_s;
+        QTest::newRow("empty") << QString();
+    }
+
+    void notesAreSavedAndShownByTheEditor()
+    {
+        QFETCH(QString, notes);
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        v.notes = u"old notes"_s;
+        QVERIFY(t.store().update(v).ok());
+        const Vinyl twin = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 2);
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        NotesViewController notesScreen(&t.app());
+        QCOMPARE(notesScreen.notes(), u"old notes"_s);
+        notesScreen.setNotes(notes);
+        notesScreen.SaveVinylButtonClicked();
+
+        QCOMPARE(stored(t, v.rowId).notes, std::optional<QString>(notes.isNull() ? u""_s : notes));
+        QVERIFY(!stored(t, twin.rowId).notes);
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToEdit"_s);
+        edit.unwindToEdit();
+        QCOMPARE(edit.notes(), notes);
+    }
+
+    void zoomShowsAndSharesTheCovers()
+    {
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        pick(t, v.rowId);
+        QCOMPARE(ZoomViewController(&t.app()).images(), QStringList());
+
+        v.frontImage = jpeg(photo(Qt::red));
+        v.backImage = jpeg(photo(Qt::blue));
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        ZoomViewController zoom(&t.app());
+        QCOMPARE(zoom.images().size(), 2);
+        zoom.shareButtonClicked();
+        QCOMPARE(t.platform().shared.size(), 1);
+        QCOMPARE(t.platform().shared.first().images.size(), 2);
+        QVERIFY(t.platform().shared.first().texts.isEmpty());
+
+        t.platform().canSendTextAnswer = false;
+        zoom.shareButtonClicked();
+        QCOMPARE(zoom.lastAlertTitle(), u"Can't Send Text Message"_s);
+        QCOMPARE(t.platform().shared.size(), 1);
+    }
+};
+
+QTEST_MAIN(TestRecordScreens)
+#include "tst_recordscreens.moc"

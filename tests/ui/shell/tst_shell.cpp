@@ -1,0 +1,220 @@
+#include "shell/appdelegate.h"
+#include "shell/defaultsviewcontroller.h"
+#include "shell/mainmenuviewcontroller.h"
+#include "store/samplecollection.h"
+#include "testsupport.h"
+
+#include <QQuickItem>
+#include <QScopeGuard>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class ShellTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QStringList grades(Store &store, Entity entity)
+    {
+        QStringList list;
+        for (const Condition &c : *store.fetchConditions(FetchRequest(entity)))
+            list << text(c.condition);
+        return list;
+    }
+
+private slots:
+    void initTestCase() { useTestLocale(); }
+
+    void firstLaunchSeedsBothListsOnce()
+    {
+        QTemporaryDir dir;
+        {
+            ConsoleCapture console;
+            auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+            QVERIFY(app.ok());
+            MainMenuViewController menu(app->get());
+            QCOMPARE(console.lines(), QStringList{u"First Launch"_s});
+            const QStringList seeded = {u"Mint"_s, u"Near Mint/Mint"_s, u"Near Mint"_s, u"Very Fine/Near Mint"_s,
+                                        u"Very Fine"_s, u"Fine"_s, u"Very Good/Fine"_s, u"Very Good"_s,
+                                        u"Good/Very Good"_s, u"Good"_s, u"Fair/Good"_s, u"Fair"_s, u"Poor"_s};
+            QCOMPARE(grades((*app)->persistentContainer(), Entity::VinylCondition), seeded);
+            QCOMPARE(grades((*app)->persistentContainer(), Entity::CoverCondition), seeded);
+            QVERIFY((*app)->settings().boolValue(SettingsKeys::AboutHasBeenLaunchedBeforeFlag));
+        }
+        ConsoleCapture console;
+        auto again = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        MainMenuViewController menu(again->get());
+        QCOMPARE(console.lines(), QStringList{u"Not First Launch"_s});
+        QCOMPARE(grades((*again)->persistentContainer(), Entity::VinylCondition).size(), 13);
+    }
+
+    void menuFoldsAgainEachTimeItShows()
+    {
+        TestApp t;
+        MainMenuViewController menu(&t.app());
+        t.app().state()->setOriginScreen(u"List"_s);
+        menu.viewWillAppear();
+        QVERIFY(!menu.menuUnfolded());
+        QCOMPARE(t.app().state()->originScreen(), u"Menu"_s);
+        menu.HandleButtonClick();
+        QVERIFY(menu.menuUnfolded());
+        menu.HandleButtonClick();
+        QVERIFY(!menu.menuUnfolded());
+        menu.HandleButtonClick();
+        menu.viewWillAppear();
+        QVERIFY(!menu.menuUnfolded());
+        QCOMPARE(menu.menuButtons().size(), 10);
+    }
+
+    // A collection whose folder cannot be written opens to be looked at: the main screen says so,
+    // its add is off and refused, and nothing (no seeding, no Documents folder) is written.
+    void readOnlyCollectionOpensWithItsNoticeAndNoAdd()
+    {
+        QTemporaryDir dir;
+        QVERIFY(Store::open(dir.filePath(Store::kFileName)).ok());
+        const QFile::Permissions permissions = QFile::permissions(dir.path());
+        QVERIFY(QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner));
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(dir.path(), permissions); });
+        auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        QVERIFY(app.ok() && (*app)->readOnly());
+        QCOMPARE((*app)->readOnlyNotice(), Store::kReadOnlyMessage.arg(Store::kReadOnlyFolder.arg(dir.path())));
+        MainMenuViewController menu(app->get());
+        QVERIFY(!menu.menuButtons().at(2).toMap().value(u"enabled"_s).toBool());
+        menu.open(u"AddButton"_s);
+        QCOMPARE(menu.lastAlertMessage(), (*app)->readOnlyNotice());
+        QVERIFY(grades((*app)->persistentContainer(), Entity::VinylCondition).isEmpty());
+        QVERIFY(!QFileInfo::exists((*app)->documentsDir()));
+        TestWindow window(**app);
+        QQuickItem *notice = window.item(u"ReadOnlyNotice"_s);
+        QVERIFY(notice && notice->isVisible());
+        QCOMPARE(notice->property("text").toString(), (*app)->readOnlyNotice());
+    }
+
+    void unopenableStoreIsAnErrorWithItsCause()
+    {
+        QTemporaryDir dir;
+        QFile blocker(dir.filePath(u"Platterbox.sqlite"_s));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.write("this is not a database, just some text long enough to be read as a header....");
+        blocker.close();
+        auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
+        QVERIFY(!app.ok());
+        QVERIFY(!app.errorMessage().isEmpty());
+    }
+
+    void pickingARecordCopiesEveryField()
+    {
+        TestApp t;
+        Vinyl v;
+        v.id = 4;
+        v.name = u"Blue"_s;
+        v.cost = 12.5f;
+        v.frontImage = sampleCoverJpeg(2, true);
+        v.frontImagePath = u"/covers/front.jpg"_s;
+        v.backImagePath = u"/covers/back.jpg"_s;
+        v.imagesLoaded = true;
+        QVERIFY(t.store().insert(v).ok());
+        t.app().state()->editCurrentRecord().backImagePath = u"kept"_s;
+        t.app().state()->setCurrentRecord(**t.store().vinylByRowId(v.rowId));
+        const CurrentRecord &c = t.app().state()->currentRecord();
+        QCOMPARE(c.rowId, v.rowId);
+        QCOMPARE(c.name, u"Blue"_s);
+        QCOMPARE(c.artist, u""_s);
+        QCOMPARE(c.cost, 12.5f);
+        QVERIFY(!c.releaseDate.has_value());
+        QCOMPARE(c.images.size(), 1);
+        QVERIFY(c.frontImage.has_value() && !c.backImage.has_value());
+        QCOMPARE(c.frontImagePath, u"/covers/front.jpg"_s);
+        QCOMPARE(c.backImagePath, u"kept"_s); // no back cover: the path is not taken
+    }
+
+    void firstOpeningOfSettingsWritesUseDefaultDateFalse()
+    {
+        TestApp t;
+        QVERIFY(!t.app().settings().contains(SettingsKeys::UseDefaultDate));
+        DefaultsViewController settings(&t.app());
+        QVERIFY(t.app().settings().contains(SettingsKeys::UseDefaultDate));
+        QCOMPARE(t.app().settings().value(SettingsKeys::UseDefaultDate).toBool(), false);
+        QVERIFY(!settings.dateFieldVisible());
+    }
+
+    void styleSwitches_data()
+    {
+        QTest::addColumn<QString>("switchOn");
+        QTest::addColumn<bool>("wheel");
+        QTest::addColumn<bool>("compact");
+        QTest::addColumn<bool>("inlineStyle");
+        QTest::newRow("wheel") << u"wheel"_s << true << false << false;
+        QTest::newRow("compact") << u"compact"_s << false << true << false;
+        QTest::newRow("inline") << u"inline"_s << false << false << true;
+    }
+    void styleSwitches()
+    {
+        QFETCH(QString, switchOn);
+        QFETCH(bool, wheel);
+        QFETCH(bool, compact);
+        QFETCH(bool, inlineStyle);
+        TestApp t;
+        DefaultsViewController settings(&t.app());
+        if (switchOn == u"wheel"_s)
+            settings.DateWheelSwitchChanged(true);
+        else if (switchOn == u"compact"_s)
+            settings.DateCompactSwitchChanged(true);
+        else
+            settings.DateInlineSwitchChanged(true);
+        const QList<bool> expected{wheel, compact, inlineStyle};
+        const auto keys = [&t] {
+            Settings &s = t.app().settings();
+            return QList<bool>{s.boolValue(SettingsKeys::UseDateWheel), s.boolValue(SettingsKeys::UseDateCompact),
+                               s.boolValue(SettingsKeys::UseDateInline)};
+        };
+        QCOMPARE(keys(), expected);
+        QCOMPARE((QList<bool>{settings.dateWheelSwitch(), settings.dateCompactSwitch(), settings.dateInlineSwitch()}), expected);
+        QVERIFY(settings.dateFieldVisible());
+
+        // Turning the active style off changes no key.
+        settings.DateWheelSwitchChanged(false);
+        settings.DateCompactSwitchChanged(false);
+        settings.DateInlineSwitchChanged(false);
+        QCOMPARE(keys(), expected);
+    }
+
+    void inlineWinsOverWheelOnOpening()
+    {
+        TestApp t;
+        t.app().settings().setValue(SettingsKeys::UseDateWheel, true);
+        t.app().settings().setValue(SettingsKeys::UseDateInline, true);
+        DefaultsViewController settings(&t.app());
+        QCOMPARE(settings.pickerStyle(), u"inline"_s);
+        QVERIFY(settings.dateInlineSwitch());
+        QVERIFY(!settings.dateWheelSwitch());
+    }
+
+    void defaultDateIsStoredAndShownAgain()
+    {
+        TestApp t;
+        {
+            DefaultsViewController settings(&t.app());
+            settings.DefaultDateSwitchChanged(true);
+            QSignalSpy closed(&settings, &DefaultsViewController::endEditing);
+            settings.doneClick(QDate(2021, 1, 5));
+            QCOMPARE(closed.count(), 1);
+            QCOMPARE(t.app().settings().value(SettingsKeys::DefaultDate).toString(), u"Jan 5, 2021"_s);
+            QCOMPARE(t.app().settings().value(SettingsKeys::UseDefaultDate).toBool(), true);
+        }
+        DefaultsViewController reopened(&t.app());
+        QVERIFY(reopened.defaultDateSwitch());
+        QCOMPARE(reopened.dateText(), u"Jan 5, 2021"_s);
+
+        reopened.DefaultDateSwitchChanged(false);
+        QCOMPARE(t.app().settings().value(SettingsKeys::DefaultDate).toString(), u""_s);
+        QVERIFY(t.app().settings().contains(SettingsKeys::DefaultDate));
+        QCOMPARE(reopened.dateText(), QString());
+        QVERIFY(!reopened.dateFieldVisible());
+    }
+};
+
+QTEST_MAIN(ShellTest)
+#include "tst_shell.moc"
