@@ -4,7 +4,6 @@
 #include "collection/collectionlist.h"
 #include "collection/textorder.h"
 #include "shell/appdelegate.h"
-#include "shell/coverimageprovider.h"
 #include "shell/platformservices.h"
 #include "store/logging.h"
 
@@ -23,7 +22,7 @@ BreakdownPdfWriter &pdfWriter()
 } // namespace
 
 BreakdownTableViewController::BreakdownTableViewController(const BreakdownKind &kind, AppDelegate *app, QObject *parent)
-    : ScreenController(app, parent), m_kind(kind)
+    : RecordListController(app, parent), m_kind(kind)
 {
     m_headerText = CollectionList::headerText(0, 0);
     m_footerText = Breakdown::footerText(m_kind, 0, 0, false);
@@ -130,15 +129,8 @@ void BreakdownTableViewController::deleteRow(int row)
     QList<int> &list = searching() ? m_filteredList : m_vinylList;
     if (!app() || row < 0 || row >= list.size() || refusedAsReadOnly())
         return;
-    const qint64 rowId = m_records.at(list.at(row)).rowId;
-    Store &store = app()->persistentContainer();
-    auto removed = store.transaction([&]() { return store.remove(Entity::Vinyl, rowId); });
-    if (!removed) {
-        showAlert(kStoreErrorTitle, removed.errorMessage());
+    if (!deleteRecord(m_records.at(list.at(row)).rowId))
         return;
-    }
-    (void)app()->saveContext();
-    CoverImageProvider::forget(rowId);
     // Only the list the row was deleted from changes; header, footer and the other list keep
     // their figures until the next load.
     list.removeAt(row);
@@ -150,21 +142,7 @@ void BreakdownTableViewController::rowSelected(int row)
     const QList<int> &list = shownList();
     if (!app() || row < 0 || row >= list.size())
         return;
-    auto record = app()->persistentContainer().vinylByRowId(m_records.at(list.at(row)).rowId);
-    if (!record) {
-        showAlert(kStoreErrorTitle, record.errorMessage());
-        return;
-    }
-    if (!record.value()) {
-        showAlert(BrowseTexts::kRecordNotFoundTitle, BrowseTexts::kRecordNotFoundMessage);
-        load();
-        return;
-    }
-    // Every field is copied, whether or not a search is active, so the editor shows the
-    // record picked and nothing of the one before.
-    app()->state()->setCurrentRecord(**record);
-    app()->state()->setOriginScreen(m_kind.originScreen);
-    app()->navigator()->show(BrowseTexts::kEditScreen);
+    openRecord(m_records.at(list.at(row)).rowId, m_kind.originScreen);
 }
 
 void BreakdownTableViewController::unwound(const QString &segue)

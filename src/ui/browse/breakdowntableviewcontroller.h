@@ -1,9 +1,9 @@
 #pragma once
 
 #include "browse/recordcardmodel.h"
+#include "browse/recordlistcontroller.h"
 #include "collection/breakdown.h"
 #include "reports/filteredlistpdf.h"
-#include "shell/screencontroller.h"
 #include "store/backgroundjob.h"
 #include "store/result.h"
 
@@ -18,7 +18,7 @@ using BreakdownPdfWriter = std::function<Result<void>(const BreakdownPdfRequest 
 // sort keys, swipe to delete, a header counting the records and a footer giving their value.
 // A picked record opens the editor, which returns here by the list's named return. The four
 // breakdown screens are this class with their own BreakdownKind.
-class BreakdownTableViewController : public ScreenController
+class BreakdownTableViewController : public RecordListController
 {
     Q_OBJECT
     QML_ELEMENT
@@ -86,6 +86,7 @@ signals:
 protected:
     BreakdownTableViewController(const BreakdownKind &kind, AppDelegate *app, QObject *parent);
     void viewDidLoad() override;
+    void reloadRecords() override { load(); }
 
 private:
     void shareWritten(const Result<void> &written);

@@ -2,7 +2,6 @@
 
 #include "collection/browsetexts.h"
 #include "shell/appdelegate.h"
-#include "shell/coverimageprovider.h"
 #include "store/logging.h"
 
 #include <numeric>
@@ -31,7 +30,7 @@ const QList<SortOption> &sortOptionTable()
 } // namespace
 
 ListVinylTableViewController::ListVinylTableViewController(AppDelegate *app, QObject *parent)
-    : ScreenController(app, parent)
+    : RecordListController(app, parent)
 {
     loadIfReady();
 }
@@ -133,15 +132,8 @@ void ListVinylTableViewController::deleteRow(int row)
     QList<int> &list = searching() ? m_filteredList : m_vinylList;
     if (!app() || row < 0 || row >= list.size() || refusedAsReadOnly())
         return;
-    const qint64 rowId = m_records.at(list.at(row)).rowId;
-    Store &store = app()->persistentContainer();
-    auto removed = store.transaction([&]() { return store.remove(Entity::Vinyl, rowId); });
-    if (!removed) {
-        showAlert(kStoreErrorTitle, removed.errorMessage());
+    if (!deleteRecord(m_records.at(list.at(row)).rowId))
         return;
-    }
-    (void)app()->saveContext();
-    CoverImageProvider::forget(rowId);
     // Deleted while searching, the record leaves the found records only; the whole list
     // keeps it until the next refresh.
     list.removeAt(row);
@@ -154,20 +146,7 @@ void ListVinylTableViewController::rowPicked(int row)
     const QList<int> &list = shownList();
     if (!app() || row < 0 || row >= list.size())
         return;
-    const qint64 rowId = m_records.at(list.at(row)).rowId;
-    auto record = app()->persistentContainer().vinylByRowId(rowId);
-    if (!record) {
-        showAlert(kStoreErrorTitle, record.errorMessage());
-        return;
-    }
-    if (!record.value()) {
-        showAlert(BrowseTexts::kRecordNotFoundTitle, BrowseTexts::kRecordNotFoundMessage);
-        refresh();
-        return;
-    }
-    app()->state()->setCurrentRecord(**record);
-    app()->state()->setOriginScreen(OriginScreens::List);
-    app()->navigator()->show(BrowseTexts::kEditScreen);
+    openRecord(m_records.at(list.at(row)).rowId, OriginScreens::List);
 }
 
 void ListVinylTableViewController::addButtonTapped()

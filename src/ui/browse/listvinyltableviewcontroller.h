@@ -1,8 +1,8 @@
 #pragma once
 
 #include "browse/recordcardmodel.h"
+#include "browse/recordlistcontroller.h"
 #include "collection/collectionlist.h"
-#include "shell/screencontroller.h"
 
 #include <QStringList>
 
@@ -10,7 +10,7 @@
 
 // The whole collection as a list of record cards: four sort choices, a search whose
 // meaning follows the sort choice, swipe to delete, and a picked record opens the editor.
-class ListVinylTableViewController : public ScreenController
+class ListVinylTableViewController : public RecordListController
 {
     Q_OBJECT
     QML_ELEMENT
@@ -59,6 +59,7 @@ signals:
 
 protected:
     void viewDidLoad() override;
+    void reloadRecords() override { refresh(); }
 
 private:
     void showList();

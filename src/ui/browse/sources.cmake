@@ -5,6 +5,7 @@ list(APPEND PB_UI_SOURCES
     browse/grouptableviewcontroller.h browse/grouptableviewcontroller.cpp
     browse/listvinyltableviewcontroller.h browse/listvinyltableviewcontroller.cpp
     browse/recordcardmodel.h browse/recordcardmodel.cpp
+    browse/recordlistcontroller.h browse/recordlistcontroller.cpp
 )
 list(APPEND PB_UI_QML
     browse/ArtistBreakdownTableView.qml

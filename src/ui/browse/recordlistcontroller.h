@@ -1,0 +1,27 @@
+#pragma once
+
+#include "shell/screencontroller.h"
+
+#include <QString>
+
+// What the collection list and the breakdown lists share about a record's row: picked, it
+// opens the record in the editor; swiped away, it deletes the record.
+class RecordListController : public ScreenController
+{
+    Q_OBJECT
+    QML_ANONYMOUS
+
+public:
+    using ScreenController::ScreenController;
+
+protected:
+    // Opens the record in the editor, coming from the list named origin. Every field is
+    // copied, whether or not a search is active, so the editor shows the record picked and
+    // nothing of the one before. A record that is gone is said so, and the list reloads.
+    void openRecord(qint64 rowId, const QString &origin);
+    // Deletes the record in its own transaction and forgets its covers; false, with the
+    // alert shown, when the store refused.
+    bool deleteRecord(qint64 rowId);
+    // Reads the list again from the store.
+    virtual void reloadRecords() {}
+};
