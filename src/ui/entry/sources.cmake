@@ -1,6 +1,7 @@
-# The add, edit, notes, zoom, track and condition screens.
+# The add, edit, notes, zoom, track and condition screens, and the camera's barcode scanner.
 list(APPEND PB_UI_SOURCES
     entry/addvinylviewcontroller.h entry/addvinylviewcontroller.cpp
+    entry/barcodescanner.h entry/barcodescanner.cpp
     entry/conditioncontrollers.h entry/conditioncontrollers.cpp
     entry/conditionlistmodel.h entry/conditionlistmodel.cpp
     entry/editvinylviewcontroller.h entry/editvinylviewcontroller.cpp
