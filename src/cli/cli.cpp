@@ -23,6 +23,7 @@ const QList<Command> &commands()
         {u"report"_s, u"report --pdf OUT [...]  write the printed collection report as a PDF file"_s, reportCommand},
         {u"backup"_s, u"backup FILE            copy the whole collection, cover files included, into FILE"_s, backupCommand},
         {u"restore"_s, u"restore FILE           replace the collection with a backup (undo-import puts it back)"_s, restoreCommand},
+        {u"lookup"_s, u"lookup BARCODE | --image FILE | --search \"ARTIST - TITLE\" [--add [--pick N]]   find a release in the online catalogue; --add stores it"_s, lookupCommand},
         {u"undo-import"_s, u"undo-import            put the collection back as it was before the last import or restore"_s, undoImportCommand},
     };
     return list;

@@ -29,3 +29,4 @@ int reportCommand(CliContext &context);
 int backupCommand(CliContext &context);
 int restoreCommand(CliContext &context);
 int undoImportCommand(CliContext &context);
+int lookupCommand(CliContext &context);

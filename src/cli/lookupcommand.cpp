@@ -1,0 +1,161 @@
+// `lookup`: find a release in the catalogue by its barcode (typed, or read from a photo of the
+// sleeve) or by "ARTIST - TITLE", list the candidates, and with --add store one as a record.
+#include "cli/cli.h"
+#include "lookup/barcodereader.h"
+#include "lookup/lookupclient.h"
+#include "lookup/lookuprecord.h"
+#include "store/datafolder.h"
+#include "store/store.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const char *const kUsage = "usage: platterbox [--data-dir DIR] lookup BARCODE | --image FILE | --search \"ARTIST - TITLE\" "
+                           "[--add [--pick N]]\n";
+
+struct LookupOptions
+{
+    QString barcode;
+    QString image;
+    QString search;
+    bool add = false;
+    int pick = 1;
+};
+
+// nullopt for a command line that does not say one thing to look up.
+std::optional<LookupOptions> parse(const QStringList &args)
+{
+    LookupOptions o;
+    bool picked = false;
+    for (int i = 0; i < args.size(); ++i) {
+        const QString &a = args.at(i);
+        const bool takesValue = a == u"--image"_s || a == u"--search"_s || a == u"--pick"_s;
+        if (takesValue && i + 1 >= args.size())
+            return std::nullopt;
+        if (a == u"--add"_s) {
+            o.add = true;
+        } else if (a == u"--image"_s) {
+            o.image = args.at(++i);
+        } else if (a == u"--search"_s) {
+            o.search = args.at(++i);
+        } else if (a == u"--pick"_s) {
+            bool isNumber = false;
+            o.pick = args.at(++i).toInt(&isNumber);
+            if (!isNumber || o.pick < 1)
+                return std::nullopt;
+            picked = true;
+        } else if (!a.startsWith(u"--"_s) && o.barcode.isEmpty()) {
+            o.barcode = a;
+        } else {
+            return std::nullopt;
+        }
+    }
+    const int sources = int(!o.barcode.isEmpty()) + int(!o.image.isEmpty()) + int(!o.search.trimmed().isEmpty());
+    if (sources != 1 || (picked && !o.add))
+        return std::nullopt;
+    return o;
+}
+
+QString describe(const LookupCandidate &c)
+{
+    QStringList details;
+    const QString label = QStringList{c.label, c.catalogNumber}.join(u' ').trimmed();
+    for (const QString &part : {label, c.date, c.country, c.format})
+        if (!part.isEmpty())
+            details.append(part);
+    if (c.trackCount > 0)
+        details.append(c.trackCount == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(c.trackCount));
+    return u"%1 - %2 (%3)"_s.arg(c.artist, c.title, details.join(u", "_s));
+}
+
+QString nameOf(const Vinyl &v)
+{
+    return u"\"%1\" by %2 (record %3)"_s.arg(v.name.value_or(QString()), v.artist.value_or(QString())).arg(number(v.id));
+}
+} // namespace
+
+int lookupCommand(CliContext &context)
+{
+    const auto options = parse(context.arguments);
+    if (!options) {
+        context.err << kUsage;
+        return CliBadUsage;
+    }
+    Store &store = context.folder.persistentContainer();
+    if (options->add) {
+        if (const auto writable = store.checkWritable(); !writable) {
+            context.err << "platterbox: " << writable.errorMessage() << "\n";
+            return CliBadInput;
+        }
+    }
+
+    QString barcode = options->barcode;
+    if (!options->image.isEmpty()) {
+        const auto read = BarcodeReader::readFile(options->image);
+        if (!read) {
+            context.err << "platterbox: " << read.errorMessage() << "\n";
+            return CliBadInput;
+        }
+        barcode = read->digits;
+        context.out << "Read " << read->formatName() << " " << barcode << " from " << options->image << "\n";
+    } else if (!barcode.isEmpty() && BarcodeDigits::searchForms(barcode).isEmpty()) {
+        context.err << "platterbox: \"" << barcode << "\" is not a barcode: give its 8, 12 or 13 digits\n";
+        return CliBadUsage;
+    }
+
+    LookupClient client;
+    const auto candidates = barcode.isEmpty() ? searchTextAndWait(client, options->search)
+                                              : searchBarcodeAndWait(client, barcode);
+    if (!candidates) {
+        context.err << "platterbox: " << candidates.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (candidates->isEmpty()) {
+        context.err << "platterbox: no release found for "
+                    << (barcode.isEmpty() ? u"\"%1\""_s.arg(options->search) : barcode) << "\n";
+        return CliBadInput;
+    }
+    if (!options->add) {
+        for (qsizetype i = 0; i < candidates->size(); ++i)
+            context.out << (i + 1) << ". " << describe(candidates->at(i)) << "\n";
+        return CliOk;
+    }
+    if (options->pick > candidates->size()) {
+        context.err << "platterbox: there are only " << candidates->size() << " candidates\n";
+        return CliBadInput;
+    }
+
+    const LookupCandidate &chosen = candidates->at(options->pick - 1);
+    const auto release = fetchReleaseAndWait(client, chosen.releaseId);
+    if (!release) {
+        context.err << "platterbox: " << release.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    const auto existing = LookedUp::inCollection(store, *release);
+    if (!existing) {
+        context.err << "platterbox: " << existing.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (*existing) {
+        context.err << "platterbox: already in the collection: " << nameOf(**existing) << "; nothing was added\n";
+        return CliBadInput;
+    }
+    const auto covers = fetchCoversAndWait(client, chosen.releaseId);
+    if (!covers) {
+        context.err << "platterbox: " << covers.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    auto record = LookedUp::record(*release, *covers);
+    if (!record) {
+        context.err << "platterbox: " << record.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    if (auto added = LookedUp::add(store, *record); !added) {
+        context.err << "platterbox: " << added.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    const int coverCount = int(!covers->front.isNull()) + int(!covers->back.isNull());
+    context.out << "Added " << nameOf(record->vinyl) << " with " << record->tracks.size() << " tracks and "
+                << coverCount << (coverCount == 1 ? " cover" : " covers") << "\n";
+    return CliOk;
+}
