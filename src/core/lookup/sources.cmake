@@ -1,0 +1,5 @@
+# The catalogue look-up: the MusicBrainz and Cover Art Archive client and the reading of their answers.
+list(APPEND PB_CORE_SOURCES
+    lookup/lookupanswers.h lookup/lookupanswers.cpp
+    lookup/lookuptexts.h
+)
