@@ -1,5 +1,9 @@
-# Reading the product code on a sleeve, from a photo or a camera frame.
+# The catalogue look-up: the MusicBrainz and Cover Art Archive client, the reading of their
+# answers, the record a release makes, and the product code read from a photo or a camera frame.
 list(APPEND PB_CORE_SOURCES
     lookup/barcodereader.h lookup/barcodereader.cpp
+    lookup/lookupanswers.h lookup/lookupanswers.cpp
+    lookup/lookupclient.h lookup/lookupclient.cpp
     lookup/lookuprecord.h lookup/lookuprecord.cpp
+    lookup/lookuptexts.h
 )
