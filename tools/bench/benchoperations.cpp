@@ -57,7 +57,7 @@ const QString kListColumns = u"rowid, "_s + Store::kCardAttributes.join(u", "_s)
 // What the other lists read (every attribute but the covers).
 const QString kRecordColumns = u"rowid, id, name, artist, releaseDate, recordLabel, producer, quantity, albumDuration, "
                                "vinylCondition, coverCondition, recordSpeed, doubleAlbum, cost, value, notes, "
-                               "frontImagePath, backImagePath"_s;
+                               "frontImagePath, backImagePath, barcode, musicBrainzReleaseId"_s;
 
 // Reads every role of the first screenful, as the list view does when it first paints.
 void readFirstScreenful(const QAbstractItemModel &model)

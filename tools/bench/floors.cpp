@@ -53,8 +53,8 @@ void bindRecordFields(sqlite3_stmt *vinyl, int r, const QByteArray &cover)
     for (int c : {8, 13, 14})
         sqlite3_bind_double(vinyl, c, 12.5);
     if (!cover.isEmpty()) {
-        sqlite3_bind_blob(vinyl, 18, cover.constData(), int(cover.size()), SQLITE_STATIC);
-        sqlite3_bind_blob(vinyl, 19, cover.constData(), int(cover.size()), SQLITE_STATIC);
+        sqlite3_bind_blob(vinyl, 20, cover.constData(), int(cover.size()), SQLITE_STATIC);
+        sqlite3_bind_blob(vinyl, 21, cover.constData(), int(cover.size()), SQLITE_STATIC);
     }
 }
 
@@ -75,7 +75,7 @@ void stepAndReset(sqlite3_stmt *statement)
 
 const char *const kVinylColumns = "id, name, artist, releaseDate, recordLabel, producer, quantity, albumDuration, "
                                   "vinylCondition, coverCondition, recordSpeed, doubleAlbum, cost, value, notes, "
-                                  "frontImagePath, backImagePath, frontImage, backImage";
+                                  "frontImagePath, backImagePath, barcode, musicBrainzReleaseId, frontImage, backImage";
 
 } // namespace
 
@@ -114,7 +114,7 @@ double insert(const QString &folder, int records, int tracks, const QByteArray &
             sqlite3 *db = openFile(path, SQLITE_OPEN_READWRITE);
             sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
             sqlite3_stmt *vinyl = nullptr, *track = nullptr;
-            sqlite3_prepare_v2(db, QByteArray(QByteArray("INSERT INTO Vinyl (") + kVinylColumns + ") VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)").constData(),
+            sqlite3_prepare_v2(db, QByteArray(QByteArray("INSERT INTO Vinyl (") + kVinylColumns + ") VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)").constData(),
                                -1, &vinyl, nullptr);
             sqlite3_prepare_v2(db, "INSERT INTO Tracks (vinylID, trackNumber, song, writtenBy, duration) VALUES (?,?,?,?,?)",
                                -1, &track, nullptr);
@@ -154,7 +154,7 @@ double update(const QString &storeFile, const QByteArray &cover, int runs)
     }
     QByteArray setVinyl("UPDATE Vinyl SET (");
     setVinyl += kVinylColumns;
-    setVinyl += ") = (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?) WHERE rowid = ?20";
+    setVinyl += ") = (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?) WHERE rowid = ?22";
     const double ms = medianMs(runs, [&] {
         sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
         sqlite3_stmt *vinyl = nullptr, *track = nullptr;
@@ -163,7 +163,7 @@ double update(const QString &storeFile, const QByteArray &cover, int runs)
                            -1, &track, nullptr);
         for (qsizetype i = 0; i < vinylRows.size(); ++i) {
             bindRecordFields(vinyl, int(i + 1), cover);
-            sqlite3_bind_int64(vinyl, 20, vinylRows[i]);
+            sqlite3_bind_int64(vinyl, 22, vinylRows[i]);
             stepAndReset(vinyl);
         }
         for (qsizetype i = 0; i < trackRows.size(); ++i) {

@@ -114,6 +114,7 @@ void addEntrySteps(QList<TourStep> &steps)
                           add->setRecordLabel(u"Meridian"_s);
                           add->setQuantity(u"2"_s);
                           add->setRecordLength(u"41.5"_s);
+                          add->setBarcode(u"5012345678900"_s);
                           add->setCoverImage(CoverSide::Front, drawnPhoto());
                       }
                       c.settle(600);

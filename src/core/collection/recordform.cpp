@@ -117,6 +117,8 @@ bool acceptsInsertion(FilteredField field, FormScreen screen, const QString &ins
         return onlyFrom(inserted, Formatters::numberFieldCharacters());
     case FilteredField::Notes:
         return onlyFrom(inserted, kNotesCharacters);
+    case FilteredField::Barcode:
+        return onlyFrom(inserted, kAsciiDigits);
     }
     return false;
 }
@@ -214,6 +216,7 @@ Result<Vinyl> newVinylFromForm(const RecordFormFields &fields)
     // The record length is the one number stored even when its field is empty.
     vinyl.albumDuration = numbers->recordLength.value_or(0.0);
     setTrimmed(vinyl.producer, fields.producer);
+    setAsIs(vinyl.barcode, fields.barcode);
     setTrimmed(vinyl.vinylCondition, fields.vinylCondition);
     setTrimmed(vinyl.coverCondition, fields.coverCondition);
     setAsIs(vinyl.recordSpeed, fields.recordSpeed);
@@ -242,6 +245,9 @@ Result<void> applyFormToVinyl(const RecordFormFields &fields, Vinyl &vinyl)
     if (fields.recordLength != recordLengthText(number(vinyl.albumDuration)))
         vinyl.albumDuration = numbers->recordLength.value_or(0.0);
     vinyl.producer = trimSpacesAndTabs(fields.producer);
+    // An untouched barcode field keeps an absent barcode absent.
+    if (fields.barcode != text(vinyl.barcode))
+        vinyl.barcode = nonNullText(fields.barcode);
     vinyl.vinylCondition = trimSpacesAndTabs(fields.vinylCondition);
     vinyl.coverCondition = trimSpacesAndTabs(fields.coverCondition);
     vinyl.recordSpeed = nonNullText(fields.recordSpeed);
@@ -264,6 +270,7 @@ RecordFormFields fieldsFromRecord(const CurrentRecord &record)
     fields.quantity = quantityText(record.quantity);
     fields.recordLength = recordLengthText(record.albumDuration);
     fields.producer = record.producer;
+    fields.barcode = record.barcode;
     fields.vinylCondition = record.vinylCondition;
     fields.coverCondition = record.coverCondition;
     fields.recordSpeed = record.recordSpeed;

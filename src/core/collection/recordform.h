@@ -30,6 +30,7 @@ struct RecordFormFields
     QString quantity;
     QString recordLength;
     QString producer;
+    QString barcode;
     QString vinylCondition;
     QString coverCondition;
     QString recordSpeed;
@@ -65,12 +66,13 @@ inline const QString kNotesCharacters = QStringLiteral(
     ".0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ,;:-=?!@#$%&*()[]{}/<>_+~`' ");
 
 // The fields with a character filter.
-enum class FilteredField { Quantity, Decimal, Notes };
+enum class FilteredField { Quantity, Decimal, Notes, Barcode };
 
 // Whether typing or pasting `inserted` into the field is accepted: every character must
 // belong to the field's set. Deleting (nothing inserted) is always accepted. The add screen
 // takes any decimal digit of any script in the quantity; the edit screen only 0-9. The
-// decimal fields take the current locale's separators as well.
+// decimal fields take the current locale's separators as well. The barcode takes 0-9 on both
+// screens: the look-up compares it with the digits under the bars.
 [[nodiscard]] bool acceptsInsertion(FilteredField field, FormScreen screen, const QString &inserted);
 // The text an edit inserted: what the new text holds between the part it shares with the old
 // text at the start and the part it shares at the end.
@@ -99,8 +101,9 @@ enum class FilteredField { Quantity, Decimal, Notes };
 // when quantity, record length, cost or value does not read as a number that fits.
 [[nodiscard]] Result<Vinyl> newVinylFromForm(const RecordFormFields &fields);
 // The edit screen's form written over a stored record: empty texts clear the attribute
-// (empty text, 0 or no date); a number field still showing the record's own text keeps the
-// stored number. Fails as newVinylFromForm does, leaving `vinyl` unchanged.
+// (empty text, 0 or no date); a number field or the barcode still showing the record's own
+// text keeps the stored value, and the attributes the form does not show (the release id)
+// stay as they are. Fails as newVinylFromForm does, leaving `vinyl` unchanged.
 [[nodiscard]] Result<void> applyFormToVinyl(const RecordFormFields &fields, Vinyl &vinyl);
 
 // The form texts showing the current record: medium release date, plain quantity,

@@ -29,6 +29,9 @@ const QList<RecordAttribute> &records()
         {u"cost"_s, u"Cost"_s, &Vinyl::cost},
         {u"value"_s, u"Est. Value"_s, &Vinyl::value},
         {u"notes"_s, u"Notes"_s, &Vinyl::notes},
+        // Last, so that a file written before they were kept reads as it always did.
+        {u"barcode"_s, u"Barcode"_s, &Vinyl::barcode},
+        {u"musicBrainzReleaseId"_s, u"MusicBrainz Release ID"_s, &Vinyl::musicBrainzReleaseId},
     };
     return table;
 }

@@ -31,7 +31,7 @@ using TrackAttribute = FileAttribute<Track>;
 namespace FileAttributes {
 
 // Every record attribute but the covers and their file paths, in the order the form shows them
-// (the record number first).
+// (the record number first), then the barcode and the release id of the look-up.
 [[nodiscard]] const QList<RecordAttribute> &records();
 // Every track attribute: vinylID, trackNumber, song, duration, writtenBy.
 [[nodiscard]] const QList<TrackAttribute> &tracks();

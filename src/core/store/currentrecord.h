@@ -27,6 +27,8 @@ struct CurrentRecord
     float cost = 0;
     float value = 0;
     QString notes;
+    QString barcode;
+    QString musicBrainzReleaseId;
     std::optional<QImage> frontImage;
     std::optional<QImage> backImage;
     QList<QImage> images; // front then back, those present

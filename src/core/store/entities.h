@@ -22,12 +22,17 @@ struct Vinyl
     std::optional<QString> artist;
     std::optional<QByteArray> backImage;
     std::optional<QString> backImagePath;
+    // The number under the bars on the sleeve (EAN or UPC digits), as the collector or a
+    // scan gave it.
+    std::optional<QString> barcode;
     std::optional<float> cost;
     std::optional<QString> coverCondition;
     std::optional<QString> doubleAlbum;
     std::optional<QByteArray> frontImage;
     std::optional<QString> frontImagePath;
     std::optional<qint16> id;
+    // The online music database's identity (a UUID) of the release the record was filled from.
+    std::optional<QString> musicBrainzReleaseId;
     std::optional<QString> name;
     std::optional<QString> notes;
     std::optional<QString> producer;

@@ -38,12 +38,13 @@ const QList<Column> &vinylColumns()
         {u"recordSpeed"_s, Kind::Text},     {u"doubleAlbum"_s, Kind::Text},
         {u"cost"_s, Kind::Real},            {u"value"_s, Kind::Real},
         {u"notes"_s, Kind::Text},           {u"frontImagePath"_s, Kind::Text},
-        {u"backImagePath"_s, Kind::Text},   {u"frontImage"_s, Kind::Blob},
+        {u"backImagePath"_s, Kind::Text},   {u"barcode"_s, Kind::Text},
+        {u"musicBrainzReleaseId"_s, Kind::Text}, {u"frontImage"_s, Kind::Blob},
         {u"backImage"_s, Kind::Blob},
     };
     return columns;
 }
-constexpr int kVinylColumnsWithoutImages = 17;
+constexpr int kVinylColumnsWithoutImages = 19;
 
 const QList<Column> &trackColumns()
 {
@@ -290,9 +291,11 @@ Vinyl readVinyl(const Statement &q, bool includeImages)
     v.notes = readText(q, 15);
     v.frontImagePath = readText(q, 16);
     v.backImagePath = readText(q, 17);
+    v.barcode = readText(q, 18);
+    v.musicBrainzReleaseId = readText(q, 19);
     if (includeImages) {
-        v.frontImage = readBlob(q, 18);
-        v.backImage = readBlob(q, 19);
+        v.frontImage = readBlob(q, 20);
+        v.backImage = readBlob(q, 21);
     }
     v.imagesLoaded = includeImages;
     return v;
@@ -305,7 +308,8 @@ QVariantList vinylValues(const Vinyl &v, bool includeImages)
                         stored(v.quantity),    stored(v.albumDuration),  stored(v.vinylCondition),
                         stored(v.coverCondition), stored(v.recordSpeed), stored(v.doubleAlbum),
                         stored(v.cost),        stored(v.value),          stored(v.notes),
-                        stored(v.frontImagePath), stored(v.backImagePath)};
+                        stored(v.frontImagePath), stored(v.backImagePath), stored(v.barcode),
+                        stored(v.musicBrainzReleaseId)};
     if (includeImages)
         values << stored(v.frontImage) << stored(v.backImage);
     return values;
@@ -549,13 +553,57 @@ Result<void> Store::migrate()
                        << u"CREATE INDEX IF NOT EXISTS VinylByVinylCondition ON Vinyl(vinylCondition)"_s
                        << u"CREATE INDEX IF NOT EXISTS VinylByCoverCondition ON Vinyl(coverCondition)"_s;
         }
-        statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
-        for (const QString &sql : statements) {
-            if (auto r = exec(sql); !r)
+        if (version < 5) {
+            // The look-up's barcode and release id. They go before the covers, as every other
+            // attribute does: a column added at the end would lie behind the cover bytes, and
+            // each read of a whole record would step through them. So the table is made anew,
+            // its rows keeping their identities, and its indexes and triggers made again.
+            if (auto r = execAll(statements); !r)
                 return r;
+            statements.clear();
+            auto kept = vinylIndexesAndTriggers();
+            if (!kept)
+                return kept.error();
+            const QString copied = u"id, name, artist, releaseDate, recordLabel, producer, quantity, albumDuration, "
+                                   "vinylCondition, coverCondition, recordSpeed, doubleAlbum, cost, value, notes, "
+                                   "frontImagePath, backImagePath, frontImage, backImage, frontImageExchange, "
+                                   "backImageExchange"_s;
+            statements << u"CREATE TABLE VinylRebuilt (id INTEGER, name TEXT, artist TEXT, releaseDate INTEGER, "
+                          "recordLabel TEXT, producer TEXT, quantity INTEGER, albumDuration REAL, vinylCondition TEXT, "
+                          "coverCondition TEXT, recordSpeed TEXT, doubleAlbum TEXT, cost REAL, value REAL, notes TEXT, "
+                          "frontImagePath TEXT, backImagePath TEXT, barcode TEXT, musicBrainzReleaseId TEXT, "
+                          "frontImage BLOB, backImage BLOB, frontImageExchange BLOB, backImageExchange BLOB)"_s
+                       << u"INSERT INTO VinylRebuilt (rowid, %1) SELECT rowid, %1 FROM Vinyl ORDER BY rowid"_s.arg(copied)
+                       << u"DROP TABLE Vinyl"_s << u"ALTER TABLE VinylRebuilt RENAME TO Vinyl"_s << *kept
+                       // The look-up asks whether a release is in the collection already.
+                       << u"CREATE INDEX IF NOT EXISTS VinylByBarcode ON Vinyl(barcode)"_s
+                       << u"CREATE INDEX IF NOT EXISTS VinylByMusicBrainzReleaseId ON Vinyl(musicBrainzReleaseId)"_s;
         }
-        return {};
+        statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
+        return execAll(statements);
     });
+}
+
+Result<void> Store::execAll(const QStringList &statements) const
+{
+    for (const QString &sql : statements) {
+        if (auto r = exec(sql); !r)
+            return r;
+    }
+    return {};
+}
+
+Result<QStringList> Store::vinylIndexesAndTriggers() const
+{
+    QSqlQuery q(database());
+    // Indexes SQLite makes itself have no text and come back with the table.
+    if (!q.exec(u"SELECT sql FROM sqlite_master WHERE tbl_name = 'Vinyl' AND type IN ('index', 'trigger') "
+                "AND sql IS NOT NULL ORDER BY type, name"_s))
+        return sqlError(u"Cannot read the store's indexes"_s, q.lastError());
+    QStringList statements;
+    while (q.next())
+        statements << q.value(0).toString();
+    return statements;
 }
 
 Result<void> Store::transaction(const std::function<Result<void>()> &work)
@@ -766,6 +814,24 @@ Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) 
     if (!q.next())
         return std::optional<Vinyl>();
     return std::optional<Vinyl>(readVinyl(q, withImages));
+}
+
+Result<QList<Vinyl>> Store::vinylOfRelease(const QString &releaseId, const QString &barcode) const
+{
+    static const QString sql = u"SELECT "_s + columnList(Entity::Vinyl, false)
+                               + u" FROM Vinyl WHERE musicBrainzReleaseId = ? OR barcode = ? ORDER BY rowid"_s;
+    auto prepared = kept(sql);
+    if (!prepared)
+        return Error{u"Cannot look for a release: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    // An empty text is bound as NULL, which equals nothing.
+    const auto bound = [](const QString &text) { return text.isEmpty() ? QVariant() : QVariant(text); };
+    bindValue(q.handle(), 1, bound(releaseId), SQLITE_TRANSIENT);
+    bindValue(q.handle(), 2, bound(barcode), SQLITE_TRANSIENT);
+    QList<Vinyl> rows;
+    while (q.next())
+        rows.append(readVinyl(q, false));
+    return rows;
 }
 
 Result<QByteArray> Store::coverImage(qint64 vinylRowId, CoverSide side) const

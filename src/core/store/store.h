@@ -38,7 +38,7 @@ struct ExchangeEncoding
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 4;
+    static constexpr int kSchemaVersion = 5;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows; the store keeps a covering index per list order over them.
     static inline const QStringList kCardAttributes = {
@@ -99,6 +99,10 @@ public:
 
     // The record with this row identity, with its covers; nullopt when it no longer exists.
     Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId, bool withImages = true) const;
+    // The records of one release of the online music database, without their covers, in the
+    // order they were added: those holding its release id and those holding its barcode. An
+    // empty release id or barcode finds nothing; one indexed read, whatever the collection's size.
+    Result<QList<Vinyl>> vinylOfRelease(const QString &releaseId, const QString &barcode) const;
     // The encoded cover bytes, empty when the record has none.
     Result<QByteArray> coverImage(qint64 vinylRowId, CoverSide side) const;
 
@@ -150,6 +154,9 @@ private:
     Result<void> connect(const QString &readOnlyReason, bool *writeRefused);
     Result<void> migrate();
     Result<void> exec(const QString &sql) const;
+    Result<void> execAll(const QStringList &statements) const;
+    // The statements that make the Vinyl table's indexes and triggers, as the store holds them.
+    Result<QStringList> vinylIndexesAndTriggers() const;
     // Runs BEGIN, COMMIT or ROLLBACK on the store's connection.
     Result<void> control(const char *sql);
     Result<void> write(const QString &sql, const QVariantList &values, qint64 *rowId = nullptr);

@@ -6,7 +6,7 @@ import QtQuick.Dialogs
 import Platterbox
 
 // The record form both the add and the edit screen show: two covers with their buttons, the
-// fourteen fields, the pickers and the release-date picker. The form scrolls so that the
+// fifteen fields, the pickers and the release-date picker. The form scrolls so that the
 // field being edited stays above the keyboard or the open picker.
 Item {
     id: root
@@ -293,6 +293,14 @@ Item {
                 caption: "Producer"
                 value: root.controller.producer
                 onEdited: (t) => root.controller.producer = t
+            }
+            RecordFormField {
+                objectName: "BarcodeTextField"
+                caption: "Barcode"
+                inputHints: Qt.ImhDigitsOnly
+                value: root.controller.barcode
+                accepts: (before, after) => root.controller.barcodeEditAccepted(before, after)
+                onEdited: (t) => root.controller.barcode = t
             }
             RowLayout {
                 Layout.fillWidth: true

@@ -65,6 +65,11 @@ bool RecordFormController::notesEditAccepted(const QString &before, const QStrin
     return RecordForm::acceptsInsertion(FilteredField::Notes, m_screen, RecordForm::insertedText(before, after));
 }
 
+bool RecordFormController::barcodeEditAccepted(const QString &before, const QString &after) const
+{
+    return RecordForm::acceptsInsertion(FilteredField::Barcode, m_screen, RecordForm::insertedText(before, after));
+}
+
 void RecordFormController::ReleaseDateChanged(QDate date)
 {
     setReleaseDate(Formatters::mediumDate(QDateTime(date, QTime(0, 0))));

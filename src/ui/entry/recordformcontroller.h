@@ -22,6 +22,7 @@ class RecordFormController : public ScreenController
     Q_PROPERTY(QString quantity READ quantity WRITE setQuantity NOTIFY formChanged)
     Q_PROPERTY(QString recordLength READ recordLength WRITE setRecordLength NOTIFY formChanged)
     Q_PROPERTY(QString producer READ producer WRITE setProducer NOTIFY formChanged)
+    Q_PROPERTY(QString barcode READ barcode WRITE setBarcode NOTIFY formChanged)
     Q_PROPERTY(QString vinylCondition READ vinylCondition WRITE setVinylCondition NOTIFY formChanged)
     Q_PROPERTY(QString coverCondition READ coverCondition WRITE setCoverCondition NOTIFY formChanged)
     Q_PROPERTY(QString recordSpeed READ recordSpeed WRITE setRecordSpeed NOTIFY formChanged)
@@ -56,6 +57,7 @@ public:
     [[nodiscard]] QString quantity() const { return m_fields.quantity; }
     [[nodiscard]] QString recordLength() const { return m_fields.recordLength; }
     [[nodiscard]] QString producer() const { return m_fields.producer; }
+    [[nodiscard]] QString barcode() const { return m_fields.barcode; }
     [[nodiscard]] QString vinylCondition() const { return m_fields.vinylCondition; }
     [[nodiscard]] QString coverCondition() const { return m_fields.coverCondition; }
     [[nodiscard]] QString recordSpeed() const { return m_fields.recordSpeed; }
@@ -70,6 +72,7 @@ public:
     void setQuantity(const QString &text) { setField(m_fields.quantity, text); }
     void setRecordLength(const QString &text) { setField(m_fields.recordLength, text); }
     void setProducer(const QString &text) { setField(m_fields.producer, text); }
+    void setBarcode(const QString &text) { setField(m_fields.barcode, text); }
     void setVinylCondition(const QString &text) { setField(m_fields.vinylCondition, text); }
     void setCoverCondition(const QString &text) { setField(m_fields.coverCondition, text); }
     void setRecordSpeed(const QString &text) { setField(m_fields.recordSpeed, text); }
@@ -96,6 +99,7 @@ public:
     Q_INVOKABLE bool quantityEditAccepted(const QString &before, const QString &after) const;
     Q_INVOKABLE bool decimalEditAccepted(const QString &before, const QString &after) const;
     Q_INVOKABLE bool notesEditAccepted(const QString &before, const QString &after) const;
+    Q_INVOKABLE bool barcodeEditAccepted(const QString &before, const QString &after) const;
 
     // Release date: the field begins editing, the picker's date changes, "Done", "Today".
     Q_INVOKABLE virtual void DateEntered() {}

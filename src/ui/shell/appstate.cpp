@@ -21,6 +21,8 @@ void AppState::setCurrentRecord(const Vinyl &vinyl)
     c.cost = number(vinyl.cost);
     c.value = number(vinyl.value);
     c.notes = text(vinyl.notes);
+    c.barcode = text(vinyl.barcode);
+    c.musicBrainzReleaseId = text(vinyl.musicBrainzReleaseId);
 
     c.frontImage.reset();
     c.backImage.reset();

@@ -26,7 +26,7 @@ RecordFormFields formWith(const QString &attribute, const QString &text)
     const QHash<QString, QString *> fields = {
         {u"name"_s, &f.name}, {u"artist"_s, &f.artist}, {u"releaseDate"_s, &f.releaseDate},
         {u"recordLabel"_s, &f.recordLabel}, {u"quantity"_s, &f.quantity}, {u"albumDuration"_s, &f.recordLength},
-        {u"producer"_s, &f.producer}, {u"vinylCondition"_s, &f.vinylCondition},
+        {u"producer"_s, &f.producer}, {u"barcode"_s, &f.barcode}, {u"vinylCondition"_s, &f.vinylCondition},
         {u"coverCondition"_s, &f.coverCondition}, {u"recordSpeed"_s, &f.recordSpeed},
         {u"doubleAlbum"_s, &f.doubleAlbum}, {u"cost"_s, &f.cost}, {u"value"_s, &f.value}, {u"notes"_s, &f.notes}};
     *fields.value(attribute) = text;
@@ -48,6 +48,7 @@ QVariant attributeOf(const Vinyl &v, const QString &name)
     if (name == u"quantity") return v.quantity ? QVariant(int(*v.quantity)) : QVariant();
     if (name == u"albumDuration") return get(v.albumDuration);
     if (name == u"producer") return getText(v.producer);
+    if (name == u"barcode") return getText(v.barcode);
     if (name == u"vinylCondition") return getText(v.vinylCondition);
     if (name == u"coverCondition") return getText(v.coverCondition);
     if (name == u"recordSpeed") return getText(v.recordSpeed);
@@ -76,7 +77,8 @@ private slots:
         QTest::addColumn<QString>("inserted");
         QTest::addColumn<bool>("accepted");
 
-        const auto Q = FilteredField::Quantity, D = FilteredField::Decimal, N = FilteredField::Notes;
+        const auto Q = FilteredField::Quantity, D = FilteredField::Decimal, N = FilteredField::Notes,
+                   B = FilteredField::Barcode;
         const auto A = FormScreen::Add, E = FormScreen::Edit;
         QTest::newRow("quantity 12") << Q << E << u"12"_s << true;
         QTest::newRow("quantity 1.5 refused") << Q << A << u"1.5"_s << false;
@@ -97,6 +99,11 @@ private slots:
         QTest::newRow("notes backslash") << N << E << u"a\\b"_s << false;
         QTest::newRow("notes accented letter") << N << A << u"Bjo\u0308rk"_s << false;
         QTest::newRow("notes precomposed accent") << N << A << u"Caf\u00e9"_s << false;
+        QTest::newRow("barcode pasted") << B << A << u"0724384260910"_s << true;
+        QTest::newRow("barcode typed on edit") << B << E << u"7"_s << true;
+        QTest::newRow("barcode with spaces") << B << E << u"0 72438 42609 1"_s << false;
+        QTest::newRow("barcode with a dash") << B << A << u"978-3"_s << false;
+        QTest::newRow("barcode takes 0-9 only") << B << A << u"\u0663\u0664"_s << false;
     }
 
     void filtersTypedAndPastedText()
@@ -197,6 +204,9 @@ private slots:
         QTest::newRow("record length") << u"albumDuration"_s << u"36.5"_s << QVariant(36.5);
         QTest::newRow("speed as it stands") << u"recordSpeed"_s << u" 33 RPM "_s << QVariant(u" 33 RPM "_s);
         QTest::newRow("notes as they stand") << u"notes"_s << u" gatefold "_s << QVariant(u" gatefold "_s);
+        QTest::newRow("barcode absent when empty") << u"barcode"_s << QString() << kAbsent;
+        QTest::newRow("barcode keeps its leading zero") << u"barcode"_s << u"0724384260910"_s
+                                                        << QVariant(u"0724384260910"_s);
         QTest::newRow("cost absent when empty") << u"cost"_s << QString() << kAbsent;
         QTest::newRow("cost with grouping") << u"cost"_s << u"1,250.5"_s << QVariant(1250.5);
         QTest::newRow("value with dollar sign") << u"value"_s << u"$1,000"_s << QVariant(1000.0);
@@ -230,6 +240,9 @@ private slots:
         QTest::newRow("shown cost reads back") << u"cost"_s << u"1,234.50"_s << QVariant(1234.5);
         QTest::newRow("cost still as shown keeps its cents") << u"cost"_s << u"9.13"_s << QVariant(double(9.126f));
         QTest::newRow("label trimmed") << u"recordLabel"_s << u" Asylum"_s << QVariant(u"Asylum"_s);
+        QTest::newRow("emptied barcode is empty text") << u"barcode"_s << QString() << QVariant(QString(u""_s));
+        QTest::newRow("barcode replaced") << u"barcode"_s << u"0724384260910"_s << QVariant(u"0724384260910"_s);
+        QTest::newRow("barcode as shown") << u"barcode"_s << u"5012345678900"_s << QVariant(u"5012345678900"_s);
     }
 
     void editWritesEachField()
@@ -245,8 +258,13 @@ private slots:
         vinyl.cost = 9.126f; // shown as 9.13
         vinyl.releaseDate = QDateTime(QDate(1970, 1, 2), QTime(0, 0));
         vinyl.notes = u"old"_s;
+        vinyl.barcode = u"5012345678900"_s;
+        const QString releaseId = u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s;
+        vinyl.musicBrainzReleaseId = releaseId;
         QVERIFY(applyFormToVinyl(formWith(attribute, text), vinyl).ok());
         QCOMPARE(attributeOf(vinyl, attribute), stored);
+        // The form does not show the release id: no edit may drop it.
+        QCOMPARE(vinyl.musicBrainzReleaseId, std::optional<QString>(releaseId));
     }
 
     // Numbers that do not read or do not fit: an alert naming the field, nothing changed.

@@ -357,6 +357,8 @@ private slots:
         full.coverCondition = u"Very Good"_s;
         full.recordSpeed = u"33 RPM"_s;
         full.doubleAlbum = u"Double Album"_s;
+        full.barcode = u"0724384260910"_s;
+        full.musicBrainzReleaseId = u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s;
         full.frontImage = QByteArray("picture");
         full.imagesLoaded = true;
         QVERIFY(source.store().insert(full).ok());
@@ -378,6 +380,8 @@ private slots:
         auto files = CollectionCsv::write(source.store(), tracksInRecordsFile);
         QVERIFY(files.ok());
         QVERIFY(files->records.startsWith("\xEF\xBB\xBFid,name,artist,releaseDate,"));
+        // The look-up's two come last, so that older files keep their column order.
+        QVERIFY(files->records.contains(",notes,barcode,musicBrainzReleaseId\r\n"));
         QCOMPARE(files->tracks.isEmpty(), tracksInRecordsFile);
         TestApp target;
         for (const QByteArray &bytes : {files->records, files->tracks}) {
@@ -398,6 +402,47 @@ private slots:
         QCOMPARE(tracksAfter.size(), tracksBefore.size());
         for (qsizetype i = 0; i < tracksBefore.size(); ++i)
             QCOMPARE(fileTexts(FileAttributes::tracks(), tracksAfter.at(i)), fileTexts(FileAttributes::tracks(), tracksBefore.at(i)));
+    }
+
+    // A stored record's barcode and release id are replaced by a file that has the columns,
+    // by attribute name or by title, and kept by an older file without them or with them empty.
+    void barcodeAndReleaseIdColumnsAreReadWhenPresent_data()
+    {
+        QTest::addColumn<QString>("csv");
+        QTest::addColumn<QString>("barcode");
+        QTest::addColumn<QString>("releaseId");
+        const QString storedBarcode = u"5012345678900"_s, storedId = u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s;
+        const QString newId = u"9b8a7c6d-5e4f-4a3b-8c2d-1e0f9a8b7c6d"_s;
+        QTest::newRow("an older file without them") << u"name,artist,notes\nAlbum,Artist,re-read\n"_s
+                                                    << storedBarcode << storedId;
+        QTest::newRow("attribute names") << u"name,artist,barcode,musicBrainzReleaseId\nAlbum,Artist,0724384260910,"_s + newId
+                                         << u"0724384260910"_s << newId;
+        QTest::newRow("titles, other order") << u"MusicBrainz Release ID,Barcode,Album Name,Artist\n"_s + newId
+                                                    + u",0724384260910,Album,Artist\n"_s
+                                             << u"0724384260910"_s << newId;
+        QTest::newRow("empty cells") << u"name,artist,barcode,musicBrainzReleaseId\nAlbum,Artist,,\n"_s << storedBarcode
+                                     << storedId;
+    }
+
+    void barcodeAndReleaseIdColumnsAreReadWhenPresent()
+    {
+        QFETCH(QString, csv);
+        QFETCH(QString, barcode);
+        QFETCH(QString, releaseId);
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Album"_s, u"Artist"_s);
+        v.barcode = u"5012345678900"_s;
+        v.musicBrainzReleaseId = u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s;
+        QVERIFY(t.store().update(v).ok());
+        const ImportFile file = ImportFiles::read(csv.toUtf8());
+        QCOMPARE(file.ignoredColumns, QStringList());
+        auto counts = ImportMerge::apply(t.store(), file);
+        QVERIFY(counts.ok());
+        QVERIFY(counts->problems.isEmpty());
+        const QList<Vinyl> after = records(t.store());
+        QCOMPARE(after.size(), 1);
+        QCOMPARE(after.first().barcode, std::optional<QString>(barcode));
+        QCOMPARE(after.first().musicBrainzReleaseId, std::optional<QString>(releaseId));
     }
 
     void tracksFileSitsBesideTheRecordsFile_data()

@@ -53,6 +53,22 @@ QByteArray exportOf(Store &store)
     return ExchangeWriter::build(store, true).valueOr({});
 }
 
+// Each record's barcode and release id, which the exchange file does not carry: "number:
+// barcode release id" by record number, "-" for an absent one.
+QStringList lookUpAttributes(Store &store)
+{
+    QStringList lines;
+    for (const Vinyl &v : store.fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"id"_s)).valueOr({}))
+        lines << u"%1: %2 %3"_s.arg(number(v.id)).arg(v.barcode.value_or(u"-"_s), v.musicBrainzReleaseId.value_or(u"-"_s));
+    return lines;
+}
+
+// The whole collection but its cover files, as text to compare.
+QByteArray collectionOf(Store &store)
+{
+    return exportOf(store) + lookUpAttributes(store).join(u'\n').toUtf8();
+}
+
 // Two pressings of one album with covers and a full-size front file, and their tracks.
 void fillCollection(TestApp &t)
 {
@@ -63,6 +79,8 @@ void fillCollection(TestApp &t)
         v.releaseDate = QDateTime(QDate(1959, 8, 17), QTime(0, 0));
         v.frontImage = jpeg(Qt::blue, 100);
         v.backImage = jpeg(Qt::red, 100);
+        v.barcode = u"501234567890%1"_s.arg(i);
+        v.musicBrainzReleaseId = i == 1 ? std::optional<QString>(u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s) : u""_s;
         const QString file = QDir(t.app().documentsDir()).filePath(u"0000000%1-AAAA-BBBB-CCCC-DDDDDDDDDDDD.jpg"_s.arg(i));
         writeFile(file, jpeg(Qt::blue, 600));
         v.frontImagePath = file;
@@ -185,7 +203,7 @@ private slots:
         target.addVinyl(u"Replaced"_s, u"Whoever"_s);
         auto restored = Backup::restore(file, target.app().backupPaths());
         QVERIFY2(restored.ok(), qPrintable(restored.errorMessage()));
-        QCOMPARE(exportOf(target.store()), exportOf(source.store()));
+        QCOMPARE(collectionOf(target.store()), collectionOf(source.store()));
         QCOMPARE(valueHistory(target.store()), valueHistory(source.store()));
         for (const Vinyl &v : target.store().fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr({})) {
             const QString path = text(v.frontImagePath);
@@ -224,26 +242,29 @@ private slots:
 
     void backupsAreRefusedOrUpgraded_data()
     {
+        const QString today = QDate::currentDate().toString(Qt::ISODate);
         QTest::addColumn<QString>("kind"); // "backup": this collection's, then changed by sql
         QTest::addColumn<QStringList>("sql");
         QTest::addColumn<QString>("message");
-        QTest::newRow("a text file") << u"text"_s << QStringList() << u"is not a Platterbox backup"_s;
-        QTest::newRow("a store that is not a backup") << u"store"_s << QStringList() << u"is not a Platterbox backup"_s;
+        // The value history after an upgraded restore.
+        QTest::addColumn<QStringList>("history");
+        QTest::newRow("a text file") << u"text"_s << QStringList() << u"is not a Platterbox backup"_s << QStringList();
+        QTest::newRow("a store that is not a backup") << u"store"_s << QStringList() << u"is not a Platterbox backup"_s << QStringList();
         QTest::newRow("described as a backup, holding other tables")
             << u"other"_s
             << QStringList{u"CREATE TABLE PlatterboxBackup (key TEXT PRIMARY KEY, value TEXT)"_s,
                            u"INSERT INTO PlatterboxBackup VALUES ('format', '1')"_s, u"CREATE TABLE Vinyl (title TEXT)"_s,
-                           u"PRAGMA user_version = 4"_s}
-            << u"is not a Platterbox backup: its table Vinyl has no column"_s;
+                           u"PRAGMA user_version = %1"_s.arg(Store::kSchemaVersion)}
+            << u"is not a Platterbox backup: its table Vinyl has no column"_s << QStringList();
         QTest::newRow("an index that no longer matches its table")
             << u"backup"_s
             << QStringList{u"PRAGMA writable_schema = ON"_s,
                            u"UPDATE sqlite_master SET sql = replace(sql, 'Vinyl(name', 'Vinyl(artist') "
                            "WHERE name = 'VinylByName'"_s}
-            << u"is damaged"_s;
+            << u"is damaged"_s << QStringList();
         QTest::newRow("from a newer version") << u"backup"_s << QStringList{u"PRAGMA user_version = 99"_s}
-                                              << u"newer version of Platterbox"_s;
-        QTest::newRow("missing") << u"missing"_s << QStringList() << u"is not a file"_s;
+                                              << u"newer version of Platterbox"_s << QStringList();
+        QTest::newRow("missing") << u"missing"_s << QStringList() << u"is not a file"_s << QStringList();
         // Written before backups carried a checksum.
         QTest::newRow("from an older version, upgraded")
             << u"backup"_s
@@ -251,7 +272,15 @@ private slots:
                            u"DROP INDEX VinylByCoverCondition"_s, u"PRAGMA user_version = 3"_s,
                            u"UPDATE PlatterboxBackup SET value = '1' WHERE key = 'format'"_s,
                            u"DELETE FROM PlatterboxBackup WHERE key = 'checksum'"_s}
-            << QString();
+            << QString() << QStringList{u"1: 12.5 Start "_s + today, u"2: 25 Start "_s + today};
+        QTest::newRow("from the version before the barcode, upgraded")
+            << u"backup"_s
+            << QStringList{u"DROP INDEX VinylByBarcode"_s, u"DROP INDEX VinylByMusicBrainzReleaseId"_s,
+                           u"ALTER TABLE Vinyl DROP COLUMN barcode"_s, u"ALTER TABLE Vinyl DROP COLUMN musicBrainzReleaseId"_s,
+                           u"PRAGMA user_version = 4"_s,
+                           u"UPDATE PlatterboxBackup SET value = '1' WHERE key = 'format'"_s,
+                           u"DELETE FROM PlatterboxBackup WHERE key = 'checksum'"_s}
+            << QString() << QStringList{u"1: 12.5 Edit 2024-03-01"_s, u"2: 25 Edit 2024-03-02"_s};
     }
 
     void backupsAreRefusedOrUpgraded()
@@ -259,6 +288,7 @@ private slots:
         QFETCH(QString, kind);
         QFETCH(QStringList, sql);
         QFETCH(QString, message);
+        QFETCH(QStringList, history);
         TestApp t;
         fillCollection(t);
         QTemporaryDir out;
@@ -284,11 +314,12 @@ private slots:
         const QByteArray before = exportOf(t.store());
         auto restored = Backup::restore(file, t.app().backupPaths());
         if (message.isEmpty()) {
-            // Restored through an upgrade: the history starts from the values the backup holds.
+            // Restored through an upgrade: the records as they were, without the attributes of
+            // versions after the backup's, and the history the backup holds or starts.
             QVERIFY2(restored.ok(), qPrintable(restored.errorMessage()));
             QCOMPARE(exportOf(t.store()), before);
-            const QString today = QDate::currentDate().toString(Qt::ISODate);
-            QCOMPARE(valueHistory(t.store()), (QStringList{u"1: 12.5 Start "_s + today, u"2: 25 Start "_s + today}));
+            QCOMPARE(lookUpAttributes(t.store()), (QStringList{u"1: - -"_s, u"2: - -"_s}));
+            QCOMPARE(valueHistory(t.store()), history);
             QCOMPARE(QDir(t.dataDir()).entryList({u"restore-*"_s}, QDir::Files | QDir::Hidden), QStringList());
             return;
         }
@@ -319,7 +350,7 @@ private slots:
         QList<QByteArray> before;
         for (int i = 0; i < zones.size(); ++i) {
             const ScopedTimeZone zone(zones.at(i));
-            before.append(exportOf(t.store()));
+            before.append(collectionOf(t.store()));
             QVERIFY(importAlbum(t, i).ok());
         }
         QCOMPARE(snapshotFiles(t).size(), Snapshots::kKept);
@@ -329,7 +360,7 @@ private slots:
             QVERIFY2(undone.ok(), qPrintable(undone.errorMessage()));
             QCOMPARE(undone->source, u"file %1.csv"_s.arg(i));
             const ScopedTimeZone zone(zones.at(i)); // the export's dates read in the zone they were
-            QCOMPARE(exportOf(t.store()), before.at(i));
+            QCOMPARE(collectionOf(t.store()), before.at(i));
         }
         QVERIFY(!snapshots.latest().has_value());
         QVERIFY(!snapshots.undoLatest().ok());

@@ -273,6 +273,108 @@ private slots:
         QCOMPARE((*reopened)->quotes(rowIds[2])->size(), 0);
     }
 
+    // A store of the previous version gains the barcode and the release id, absent on every
+    // record: the records keep their attributes, covers, value history and identities, and the
+    // store ends up with the very tables, indexes and triggers of a store made new.
+    void previousVersionGainsTheLookUpAttributes()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"Platterbox.sqlite"_s);
+        const QByteArray cover(20000, 'c'); // over several overflow pages
+        QList<Vinyl> before;
+        {
+            auto store = Store::open(path);
+            QVERIFY(store.ok());
+            for (const QString &name : {u"First"_s, u"Gone"_s, u"Third"_s}) {
+                Vinyl v;
+                v.name = name;
+                v.notes = u""_s;
+                v.value = 12.5f;
+                v.frontImage = cover;
+                v.imagesLoaded = true;
+                QVERIFY((*store)->insert(v).ok());
+                Quote quote{0, v.rowId, QDateTime(QDate(2024, 3, 1), QTime(9, 0)), 12.5, QuoteSources::Edit};
+                QVERIFY((*store)->insert(quote).ok());
+                before << v;
+            }
+            QVERIFY((*store)->remove(Entity::Vinyl, before.takeAt(1).rowId).ok());
+            QVERIFY((*store)->keepExchangeEncoding(before[0].rowId, CoverSide::Front, cover, "encoded").ok());
+            QSqlQuery q((*store)->database());
+            for (const QString &sql : {u"DROP INDEX VinylByBarcode"_s, u"DROP INDEX VinylByMusicBrainzReleaseId"_s,
+                                       u"ALTER TABLE Vinyl DROP COLUMN barcode"_s,
+                                       u"ALTER TABLE Vinyl DROP COLUMN musicBrainzReleaseId"_s, u"PRAGMA user_version = 4"_s})
+                QVERIFY2(q.exec(sql), qPrintable(sql));
+        }
+        auto reopened = Store::open(path);
+        QVERIFY2(reopened.ok(), qPrintable(reopened.errorMessage()));
+        Store &store = **reopened;
+        for (const Vinyl &v : std::as_const(before)) {
+            const auto after = store.vinylByRowId(v.rowId);
+            QVERIFY(after.ok() && after->has_value());
+            QCOMPARE((*after)->name, v.name);
+            QCOMPARE((*after)->notes, std::optional<QString>(u""_s));
+            QCOMPARE((*after)->frontImage, std::optional<QByteArray>(cover));
+            QVERIFY(!(*after)->barcode && !(*after)->musicBrainzReleaseId);
+            QCOMPARE(store.quotes(v.rowId)->size(), 1);
+        }
+        QCOMPARE(store.exchangeEncodings(before[0].rowId)->at(0).kept, std::optional<QByteArray>("encoded"));
+        auto fresh = openMemory();
+        QVERIFY(fresh);
+        const auto schema = [](const Store &s) {
+            QStringList rows;
+            QSqlQuery q(s.database());
+            q.exec(u"SELECT type || ' ' || name || ': ' || ifnull(sql, '') FROM sqlite_master ORDER BY name"_s);
+            while (q.next())
+                rows << q.value(0).toString();
+            return rows;
+        };
+        QCOMPARE(schema(store), schema(*fresh));
+        QVERIFY(schema(store).join(u'\n').contains(u"VinylByMusicBrainzReleaseId"_s));
+    }
+
+    // What the look-up asks before adding a release: which records hold its release id or its
+    // barcode. Empty texts look for nothing, not for the records whose texts are empty.
+    void recordsOfAReleaseByIdOrBarcode_data()
+    {
+        QTest::addColumn<QString>("releaseId");
+        QTest::addColumn<QString>("barcode");
+        QTest::addColumn<QStringList>("found");
+        QTest::newRow("release id") << u"id-a"_s << QString() << QStringList{u"A"_s};
+        QTest::newRow("barcode") << QString() << u"0724384260910"_s << QStringList{u"A"_s, u"B"_s};
+        QTest::newRow("either, in the order added") << u"id-c"_s << u"0724384260910"_s
+                                                    << QStringList{u"A"_s, u"B"_s, u"C"_s};
+        QTest::newRow("a barcode is matched whole") << QString() << u"724384260910"_s << QStringList();
+        QTest::newRow("nothing asked") << QString() << QString() << QStringList();
+    }
+
+    void recordsOfAReleaseByIdOrBarcode()
+    {
+        QFETCH(QString, releaseId);
+        QFETCH(QString, barcode);
+        QFETCH(QStringList, found);
+        auto store = openMemory();
+        QVERIFY(store);
+        const QList<std::tuple<QString, std::optional<QString>, std::optional<QString>>> records = {
+            {u"A"_s, u"id-a"_s, u"0724384260910"_s},
+            {u"B"_s, std::nullopt, u"0724384260910"_s},
+            {u"C"_s, u"id-c"_s, u"5012345678900"_s},
+            {u"D"_s, u""_s, u""_s},
+        };
+        for (const auto &[name, id, code] : records) {
+            Vinyl v;
+            v.name = name;
+            v.musicBrainzReleaseId = id;
+            v.barcode = code;
+            v.imagesLoaded = true;
+            QVERIFY(store->insert(v).ok());
+        }
+        const auto matches = store->vinylOfRelease(releaseId, barcode);
+        QVERIFY2(matches.ok(), qPrintable(matches.errorMessage()));
+        QCOMPARE(names(*matches), found);
+        for (const Vinyl &v : *matches)
+            QVERIFY(!v.imagesLoaded && v.barcode);
+    }
+
     // A collection in a folder or a file that cannot be written (a copy on a read-only disk, a
     // store of another user) is read as ever; every change is refused with the one message and
     // nothing is written. A mode that grants no one a write holds for the superuser too.

@@ -90,6 +90,7 @@ private slots:
         fillRequired(add);
         add.setCost(u"$1,250.5"_s);
         add.setNotes(u" first pressing "_s);
+        add.setBarcode(u"0724384260910"_s);
         add.setCoverImage(CoverSide::Front, photo(Qt::red, QSize(3000, 2000)));
         ConsoleCapture console;
 
@@ -105,7 +106,8 @@ private slots:
         QCOMPARE(v.cost, std::optional<float>(1250.5f));
         QCOMPARE(v.notes, std::optional<QString>(u" first pressing "_s));
         QCOMPARE(v.albumDuration, std::optional<double>(0.0));
-        QVERIFY(!v.quantity && !v.value && !v.releaseDate && !v.backImage);
+        QCOMPARE(v.barcode, std::optional<QString>(u"0724384260910"_s));
+        QVERIFY(!v.quantity && !v.value && !v.releaseDate && !v.backImage && !v.musicBrainzReleaseId);
         QCOMPARE(QImage::fromData(v.frontImage.value_or(QByteArray())).size(), QSize(100, 100));
         QVERIFY(!v.frontImagePath);
     }
@@ -343,6 +345,45 @@ private slots:
         QCOMPARE(stored(t, second.rowId).producer, std::optional<QString>(QString(u""_s)));
         QCOMPARE(stored(t, first.rowId).name, std::optional<QString>(u"Blue"_s));
         QVERIFY(!stored(t, first.rowId).producer);
+    }
+
+    // The edit screen shows the barcode and stores what it then holds; the release id, which it
+    // does not show, stays whatever the barcode becomes.
+    void editKeepsTheBarcodeAsShownAndTheReleaseId_data()
+    {
+        QTest::addColumn<QString>("before"); // "-": absent
+        QTest::addColumn<QString>("typed");  // "-": the field is left as shown
+        QTest::addColumn<QString>("after");
+        QTest::newRow("none, left empty") << u"-"_s << u"-"_s << u"-"_s;
+        QTest::newRow("none, typed") << u"-"_s << u"0724384260910"_s << u"0724384260910"_s;
+        QTest::newRow("left as shown") << u"5012345678900"_s << u"-"_s << u"5012345678900"_s;
+        QTest::newRow("replaced") << u"5012345678900"_s << u"0724384260910"_s << u"0724384260910"_s;
+        QTest::newRow("emptied") << u"5012345678900"_s << QString() << u""_s;
+    }
+
+    void editKeepsTheBarcodeAsShownAndTheReleaseId()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, typed);
+        QFETCH(QString, after);
+        const auto attribute = [](const QString &text) {
+            return text == u"-"_s ? std::nullopt : std::optional<QString>(text.isNull() ? u""_s : text);
+        };
+        const QString releaseId = u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s;
+        TestApp t;
+        Vinyl v = t.addVinyl(u"Blue"_s, u"Joni"_s, u"Reprise"_s, 1);
+        v.barcode = attribute(before);
+        v.musicBrainzReleaseId = releaseId;
+        QVERIFY(t.store().update(v).ok());
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        QCOMPARE(edit.barcode(), text(v.barcode));
+        if (typed != u"-"_s)
+            edit.setBarcode(typed);
+        edit.SaveVinylButtonClicked();
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToList"_s);
+        QCOMPARE(stored(t, v.rowId).barcode, attribute(after));
+        QCOMPARE(stored(t, v.rowId).musicBrainzReleaseId, std::optional<QString>(releaseId));
     }
 
     void refusedEditStaysAndStoresNothing_data()
