@@ -1,3 +1,4 @@
+#include "fakecatalogue.h"
 #include "lookup/lookupclient.h"
 #include "lookup/lookuptexts.h"
 #include "store/appconfig.h"
@@ -36,111 +37,8 @@ QByteArray png(QSize size)
     return bytes;
 }
 
-// One answer of the fake service.
-struct Canned
-{
-    Canned(int status = 200, QByteArray body = {}, QByteArray headers = {})
-        : status(status), body(std::move(body)), headers(std::move(headers))
-    {
-    }
-    static Canned never()
-    {
-        Canned canned;
-        canned.hang = true;
-        return canned;
-    }
-    static Canned unsized(QByteArray body)
-    {
-        Canned canned(200, std::move(body));
-        canned.sizeUnknown = true;
-        return canned;
-    }
-
-    int status;
-    QByteArray body;
-    QByteArray headers;       // extra header lines, each ending in \r\n
-    bool hang = false;        // never answers
-    bool sizeUnknown = false; // no Content-Length: the body ends when the connection closes
-};
-
-// A small HTTP/1.1 server on 127.0.0.1 standing in for MusicBrainz and the Cover Art Archive.
-// It answers each path with its list of answers in turn (the last one repeats), anything else
-// with 404, and notes what it received and when.
-class FakeService : public QObject
-{
-public:
-    struct Received
-    {
-        QString target; // decoded path and query
-        QByteArray userAgent;
-        qint64 atMs;
-    };
-
-    FakeService()
-    {
-        m_clock.start();
-        connect(&m_server, &QTcpServer::newConnection, this, &FakeService::accept);
-        m_server.listen(QHostAddress::LocalHost);
-    }
-    [[nodiscard]] QString base() const { return u"http://127.0.0.1:%1/"_s.arg(m_server.serverPort()); }
-    void answer(const QString &path, const QList<Canned> &answers) { m_routes[path] = answers; }
-
-    QList<Received> received;
-
-private:
-    void accept()
-    {
-        while (QTcpSocket *socket = m_server.nextPendingConnection()) {
-            auto pending = std::make_shared<QByteArray>();
-            connect(socket, &QTcpSocket::readyRead, this, [this, socket, pending] { serve(socket, *pending); });
-            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-        }
-    }
-
-    void serve(QTcpSocket *socket, QByteArray &pending)
-    {
-        pending += socket->readAll();
-        for (qsizetype end; (end = pending.indexOf("\r\n\r\n")) >= 0;) {
-            const QList<QByteArray> lines = pending.left(end).split('\n');
-            pending.remove(0, end + 4);
-            Received request{QUrl::fromPercentEncoding(lines.first().split(' ').value(1)), {}, m_clock.elapsed()};
-            for (const QByteArray &line : lines) {
-                if (line.toLower().startsWith("user-agent:"))
-                    request.userAgent = line.mid(11).trimmed();
-            }
-            received.append(request);
-            QList<Canned> &answers = m_routes[request.target.section(u'?', 0, 0)];
-            respond(socket, answers.isEmpty() ? Canned(404, R"({"error": "Not Found"})")
-                            : answers.size() > 1 ? answers.takeFirst() : answers.first());
-        }
-    }
-
-    static void respond(QTcpSocket *socket, const Canned &canned)
-    {
-        if (canned.hang)
-            return;
-        QByteArray head = "HTTP/1.1 " + QByteArray::number(canned.status) + " Answer\r\n" + canned.headers;
-        head += canned.sizeUnknown ? "Connection: close\r\n\r\n"_ba
-                                   : "Content-Length: " + QByteArray::number(canned.body.size()) + "\r\n\r\n";
-        socket->write(head + canned.body);
-        if (canned.sizeUnknown)
-            socket->disconnectFromHost();
-    }
-
-    QTcpServer m_server;
-    QElapsedTimer m_clock;
-    QHash<QString, QList<Canned>> m_routes;
-};
-
-void pointClientsAt(const QString &base)
-{
-    qputenv("PLATTERBOX_MUSICBRAINZ_URL", (base + u"ws/2"_s).toUtf8()); // without its slash: the client adds it
-    qputenv("PLATTERBOX_COVERART_URL", base.toUtf8());
-}
-
 } // namespace
 
-Q_DECLARE_METATYPE(Canned)
 
 class TestLookupClient : public QObject
 {
