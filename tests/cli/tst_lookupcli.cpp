@@ -19,16 +19,7 @@ QByteArray fixture(const QString &name)
     return TextFile::readUtf8(QStringLiteral(PB_TEST_DATA "/") + name).valueOr(QByteArray());
 }
 
-QByteArray jpeg(Qt::GlobalColor color)
-{
-    QImage image(600, 600, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG");
-    return bytes;
-}
+
 } // namespace
 
 // `platterbox lookup` against a fake catalogue on 127.0.0.1.
@@ -60,7 +51,7 @@ private:
     {
         m_service->answer(u"/ws/2/release/"_s, {{200, fixture(u"search-salt-roads.json"_s)}});
         m_service->answer(u"/ws/2/release/"_s + kSaltRoads, {{200, fixture(u"release-salt-roads.json"_s)}});
-        m_service->answer(u"/release/"_s + kSaltRoads + u"/front-500"_s, {{200, jpeg(Qt::darkRed)}});
+        m_service->answer(u"/release/"_s + kSaltRoads + u"/front-500"_s, {{200, encodedPicture(solidPicture(QSize(600, 600), Qt::darkRed), "JPEG")}});
     }
 
     std::unique_ptr<QTemporaryDir> m_dir;

@@ -3,6 +3,7 @@
 #include "app/appshell.h"
 #include "store/store.h"
 
+#include <QBuffer>
 #include <QLocale>
 #include <QMutex>
 #include <QQmlApplicationEngine>
@@ -135,4 +136,20 @@ QStringList ConsoleCapture::lines() const
 {
     QMutexLocker lock(&s_mutex);
     return s_lines;
+}
+
+QImage solidPicture(QSize size, QColor color)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+}
+
+QByteArray encodedPicture(const QImage &image, const char *format, int quality)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, quality);
+    return bytes;
 }

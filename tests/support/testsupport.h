@@ -4,6 +4,9 @@
 #include "shell/recordingplatformservices.h"
 #include "store/entities.h"
 
+#include <QByteArray>
+#include <QColor>
+#include <QImage>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -80,3 +83,8 @@ public:
     ~ConsoleCapture();
     [[nodiscard]] QStringList lines() const;
 };
+
+// A picture of one colour.
+[[nodiscard]] QImage solidPicture(QSize size, QColor color);
+// The bytes of a picture in a file format ("PNG", "JPEG"), as a file or an answer holds them.
+[[nodiscard]] QByteArray encodedPicture(const QImage &image, const char *format = "PNG", int quality = -1);

@@ -28,13 +28,7 @@ QList<Track> tracks(Store &store)
 
 QString base64Png()
 {
-    QImage image(8, 6, QImage::Format_RGB32);
-    image.fill(Qt::blue);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return QString::fromLatin1(bytes.toBase64());
+    return QString::fromLatin1(encodedPicture(solidPicture(QSize(8, 6), Qt::blue)).toBase64());
 }
 
 } // namespace

@@ -64,13 +64,7 @@ QStringList lines(const QByteArray &data)
 
 QByteArray pngCover(QColor color)
 {
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return encodedPicture(solidPicture(QSize(40, 30), color));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "lookup/lookuptexts.h"
 #include "store/appconfig.h"
 #include "store/textfile.h"
+#include "testsupport.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -28,13 +29,7 @@ QByteArray fixture(const QString &name)
 
 QByteArray png(QSize size)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return encodedPicture(solidPicture(size, Qt::darkCyan));
 }
 
 } // namespace

@@ -33,13 +33,7 @@ constexpr double kCoverWidth = 65;
 
 QByteArray pngBytes(int width, int height)
 {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return encodedPicture(solidPicture(QSize(width, height), Qt::red));
 }
 
 Vinyl sparse()

@@ -26,13 +26,7 @@ namespace {
 
 QByteArray jpeg(Qt::GlobalColor colour, int size)
 {
-    QImage image(size, size, QImage::Format_RGB32);
-    image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG", 80);
-    return bytes;
+    return encodedPicture(solidPicture(QSize(size, size), colour), "JPEG", 80);
 }
 
 QByteArray fileBytes(const QString &path)

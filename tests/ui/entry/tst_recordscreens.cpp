@@ -32,11 +32,7 @@ QImage photo(QColor color, QSize size = QSize(300, 200))
 
 QByteArray jpeg(const QImage &image)
 {
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG");
-    return data;
+    return encodedPicture(image, "JPEG");
 }
 
 qint64 vinylCount(TestApp &t)

@@ -30,11 +30,7 @@ QByteArray picture()
     for (int y = 0; y < 300; ++y)
         for (int x = 0; x < 300; ++x)
             image.setPixel(x, y, qRgb(x * 7 % 256, y * 13 % 256, (x * y) % 256));
-    QByteArray jpeg;
-    QBuffer buffer(&jpeg);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG", 95);
-    return jpeg;
+    return encodedPicture(image, "JPEG", 95);
 }
 
 void addRecord(TestApp &t, const QString &name, qint16 id, const QByteArray &cover = "not a picture")
