@@ -79,23 +79,18 @@ Result<LookedUpRecord> record(const LookupRelease &release, const LookupCovers &
 
 Result<std::optional<Vinyl>> inCollection(const Store &store, const LookupRelease &release)
 {
-    QList<FetchRequest> requests;
-    if (!release.summary.releaseId.isEmpty())
-        requests.append(FetchRequest(Entity::Vinyl)
-                            .where(Predicate::equal(u"musicBrainzReleaseId"_s, release.summary.releaseId))
-                            .limitedTo(1));
-    requests.append(FetchRequest(Entity::Vinyl)
-                        .where(Predicate::equal(u"name"_s, release.summary.title))
-                        .where(Predicate::equal(u"artist"_s, release.summary.artist))
-                        .limitedTo(1));
-    for (const FetchRequest &request : std::as_const(requests)) {
-        auto found = store.fetchVinyl(request);
-        if (!found)
-            return found.error();
-        if (!found->isEmpty())
-            return std::optional<Vinyl>(found->first());
-    }
-    return std::optional<Vinyl>();
+    auto sameRelease = store.vinylOfRelease(release.summary.releaseId, QString());
+    if (!sameRelease)
+        return sameRelease.error();
+    if (!sameRelease->isEmpty())
+        return std::optional<Vinyl>(sameRelease->first());
+    auto sameAlbum = store.fetchVinyl(FetchRequest(Entity::Vinyl)
+                                          .where(Predicate::equal(u"name"_s, release.summary.title))
+                                          .where(Predicate::equal(u"artist"_s, release.summary.artist))
+                                          .limitedTo(1));
+    if (!sameAlbum)
+        return sameAlbum.error();
+    return sameAlbum->isEmpty() ? std::optional<Vinyl>() : std::optional<Vinyl>(sameAlbum->first());
 }
 
 Result<void> add(Store &store, LookedUpRecord &record)
