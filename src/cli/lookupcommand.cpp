@@ -58,19 +58,7 @@ std::optional<LookupOptions> parse(const QStringList &args)
 
 QString describe(const LookupCandidate &c)
 {
-    QStringList details;
-    const QString label = QStringList{c.label, c.catalogNumber}.join(u' ').trimmed();
-    for (const QString &part : {label, c.date, c.country, c.format})
-        if (!part.isEmpty())
-            details.append(part);
-    if (c.trackCount > 0)
-        details.append(c.trackCount == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(c.trackCount));
-    return u"%1 - %2 (%3)"_s.arg(c.artist, c.title, details.join(u", "_s));
-}
-
-QString nameOf(const Vinyl &v)
-{
-    return u"\"%1\" by %2 (record %3)"_s.arg(v.name.value_or(QString()), v.artist.value_or(QString())).arg(number(v.id));
+    return u"%1 - %2 (%3)"_s.arg(c.artist, c.title, LookedUp::details(c).join(u", "_s));
 }
 } // namespace
 
@@ -137,7 +125,7 @@ int lookupCommand(CliContext &context)
         return CliBadInput;
     }
     if (*existing) {
-        context.err << "platterbox: already in the collection: " << nameOf(**existing) << "; nothing was added\n";
+        context.err << "platterbox: already in the collection: " << LookedUp::nameOf(**existing) << "; nothing was added\n";
         return CliBadInput;
     }
     const auto covers = fetchCoversAndWait(client, chosen.releaseId);
@@ -155,7 +143,7 @@ int lookupCommand(CliContext &context)
         return CliBadInput;
     }
     const int coverCount = int(!covers->front.isNull()) + int(!covers->back.isNull());
-    context.out << "Added " << nameOf(record->vinyl) << " with " << record->tracks.size() << " tracks and "
+    context.out << "Added " << LookedUp::nameOf(record->vinyl) << " with " << record->tracks.size() << " tracks and "
                 << coverCount << (coverCount == 1 ? " cover" : " covers") << "\n";
     return CliOk;
 }

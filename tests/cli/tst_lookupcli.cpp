@@ -106,6 +106,7 @@ private slots:
         QCOMPARE(v.musicBrainzReleaseId.value_or(QString()), kSaltRoads);
         QCOMPARE(v.notes.value_or(QString()), u"Catalog number: HLR-041"_s);
         QCOMPARE(v.releaseDate.value_or(QDateTime()), QDateTime(QDate(2019, 4, 12), QTime(0, 0)));
+        QCOMPARE(v.albumDuration.value_or(0), 24.9); // the six tracks' 24:52.833
         auto store = Store::open(QDir(m_dir->path()).filePath(Store::kFileName));
         QVERIFY(store);
         const auto tracks = (*store)->fetchTracks(FetchRequest(Entity::Tracks).sortedBy(u"trackNumber"_s));

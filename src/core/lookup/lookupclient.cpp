@@ -215,21 +215,33 @@ void LookupClient::fetchCovers(const QString &releaseId)
         return failSoon(LookupTexts::kNotAReleaseId.arg(releaseId));
     const QString id = releaseId.toLower();
     fetchCover(id, u"front-500"_s, [this, id](QByteArray front) {
-        fetchCover(id, u"back-500"_s, [this, front](QByteArray back) {
-            finishOffThread([this, front, back]() -> Outcome {
-                LookupCovers covers;
-                for (const auto &[bytes, image, side] : {std::tuple(front, &covers.front, LookupTexts::kFront),
-                                                         std::tuple(back, &covers.back, LookupTexts::kBack)}) {
-                    if (bytes.isNull())
-                        continue;
-                    auto decoded = LookupAnswers::coverFromBytes(bytes, side);
-                    if (!decoded)
-                        return [this, message = decoded.errorMessage()] { emit failed(message); };
-                    *image = *std::move(decoded);
-                }
-                return [this, covers] { emit coversFetched(covers); };
-            });
-        });
+        fetchCover(id, u"back-500"_s, [this, front](QByteArray back) { decodeCovers(front, back); });
+    });
+}
+
+void LookupClient::fetchFrontThumbnail(const QString &releaseId)
+{
+    if (!begin())
+        return;
+    if (!isReleaseId(releaseId))
+        return failSoon(LookupTexts::kNotAReleaseId.arg(releaseId));
+    fetchCover(releaseId.toLower(), u"front-250"_s, [this](QByteArray front) { decodeCovers(front, QByteArray()); });
+}
+
+void LookupClient::decodeCovers(const QByteArray &front, const QByteArray &back)
+{
+    finishOffThread([this, front, back]() -> Outcome {
+        LookupCovers covers;
+        for (const auto &[bytes, image, side] : {std::tuple(front, &covers.front, LookupTexts::kFront),
+                                                 std::tuple(back, &covers.back, LookupTexts::kBack)}) {
+            if (bytes.isNull())
+                continue;
+            auto decoded = LookupAnswers::coverFromBytes(bytes, side);
+            if (!decoded)
+                return [this, message = decoded.errorMessage()] { emit failed(message); };
+            *image = *std::move(decoded);
+        }
+        return [this, covers] { emit coversFetched(covers); };
     });
 }
 

@@ -58,6 +58,9 @@ public:
     void fetchRelease(const QString &releaseId);
     // The release's front and back covers (500 pixels); a side the archive lacks stays null.
     void fetchCovers(const QString &releaseId);
+    // The release's small front cover (250 pixels), for a list of candidates: coversFetched()
+    // with only the front, null when the archive has none.
+    void fetchFrontThumbnail(const QString &releaseId);
     // Stops the running look-up: no outcome signal follows, only finished().
     void cancel();
 
@@ -102,6 +105,7 @@ private:
     void replyFinished();
     void retryLater(std::chrono::milliseconds wait);
     void fetchCover(const QString &releaseId, const QString &side, std::function<void(QByteArray)> then);
+    void decodeCovers(const QByteArray &front, const QByteArray &back);
     void finishOffThread(std::function<Outcome()> work);
     void conclude(const Outcome &emitOutcome);
     void fail(const QString &message);

@@ -1,10 +1,14 @@
 #include "lookup/lookuprecord.h"
 
 #include "collection/recordform.h"
+#include "lookup/lookuptexts.h"
 #include "store/fetchrequest.h"
 #include "store/recordnumbers.h"
 #include "store/store.h"
 
+#include <QLocale>
+
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -15,6 +19,16 @@ namespace {
 std::optional<QString> unlessEmpty(const QString &text)
 {
     return text.isEmpty() ? std::nullopt : std::optional<QString>(text);
+}
+
+// The notes hold only what the notes field takes: a catalog number with other signs keeps the rest.
+QString notesText(const QString &text)
+{
+    QString kept;
+    for (const QChar c : text)
+        if (RecordForm::kNotesCharacters.contains(c))
+            kept.append(c);
+    return kept.trimmed();
 }
 
 // The picture kept in the record, as the add screen keeps a photo; none for a missing cover.
@@ -51,8 +65,8 @@ Result<LookedUpRecord> record(const LookupRelease &release, const LookupCovers &
     v.recordSpeed = unlessEmpty(release.recordSpeed);
     v.barcode = unlessEmpty(release.summary.barcode);
     v.musicBrainzReleaseId = unlessEmpty(release.summary.releaseId);
-    if (!release.summary.catalogNumber.isEmpty())
-        v.notes = u"Catalog number: "_s + release.summary.catalogNumber;
+    if (const QString catalogNumber = notesText(release.summary.catalogNumber); !catalogNumber.isEmpty())
+        v.notes = u"Catalog number: "_s + catalogNumber;
     auto front = keptCover(covers.front);
     if (!front)
         return front.error();
@@ -64,7 +78,13 @@ Result<LookedUpRecord> record(const LookupRelease &release, const LookupCovers &
     v.imagesLoaded = true;
 
     qint16 number = 0;
+    qint64 runLengthMs = 0;
+    bool everyLengthKnown = !release.tracks.isEmpty();
     for (const LookupTrack &t : release.tracks) {
+        // A length of a day or more is no track's: the answer is odd, so no run length is made.
+        const bool known = t.lengthMs && *t.lengthMs > 0 && *t.lengthMs < 24 * 3600 * 1000;
+        everyLengthKnown = everyLengthKnown && known;
+        runLengthMs += known ? *t.lengthMs : 0;
         if (number == std::numeric_limits<qint16>::max())
             break; // a track number is a 16-bit number; no release comes near it
         Track track;
@@ -74,6 +94,9 @@ Result<LookedUpRecord> record(const LookupRelease &release, const LookupCovers &
             track.duration = minutes(*t.lengthMs);
         made.tracks.append(track);
     }
+    // The run length is the tracks' when the catalogue knows every one, to a tenth of a minute.
+    if (everyLengthKnown)
+        v.albumDuration = std::round(double(runLengthMs) / 6000.0) / 10.0;
     return made;
 }
 
@@ -110,6 +133,47 @@ Result<void> add(Store &store, LookedUpRecord &record)
         }
         return {};
     });
+}
+
+Result<Vinyl> addCopy(Store &store, qint64 rowId)
+{
+    std::optional<Vinyl> stored;
+    const auto done = store.transaction([&]() -> Result<void> {
+        auto found = store.vinylByRowId(rowId, false);
+        if (!found)
+            return found.error();
+        if (!found->has_value())
+            return Error{LookupTexts::kRecordGone};
+        Vinyl v = **found;
+        const qint16 copies = std::max<qint16>(v.quantity.value_or(0), 1);
+        if (copies == std::numeric_limits<qint16>::max())
+            return Error{LookupTexts::kTooManyCopies.arg(nameOf(v), QLocale().toString(int(copies)))};
+        v.quantity = qint16(copies + 1);
+        if (auto r = store.update(v); !r)
+            return r;
+        stored = v;
+        return {};
+    });
+    if (!done)
+        return done.error();
+    return *stored;
+}
+
+QStringList details(const LookupCandidate &c)
+{
+    QStringList parts;
+    const QString label = QStringList{c.label, c.catalogNumber}.join(u' ').trimmed();
+    for (const QString &part : {label, c.date, c.country, c.format})
+        if (!part.isEmpty())
+            parts.append(part);
+    if (c.trackCount > 0)
+        parts.append(c.trackCount == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(c.trackCount));
+    return parts;
+}
+
+QString nameOf(const Vinyl &v)
+{
+    return u"\"%1\" by %2 (record %3)"_s.arg(text(v.name), text(v.artist)).arg(v.id.value_or(0));
 }
 
 } // namespace LookedUp

@@ -23,7 +23,7 @@ namespace LookedUp {
 
 // The record a release makes: album name, artist, release date, label, producer, album type,
 // speed, the barcode and release id, the catalog number in the notes, the tracks with their
-// durations in minutes, and the covers as the record keeps them. Conditions, quantity, cost and
+// durations in minutes (and their sum as the run length when every track has one), and the covers as the record keeps them. Conditions, quantity, cost and
 // value stay as a new record has them (absent).
 [[nodiscard]] Result<LookedUpRecord> record(const LookupRelease &release, const LookupCovers &covers = {});
 
@@ -36,5 +36,18 @@ namespace LookedUp {
 
 // Adds the record with a fresh record number and its tracks, in one transaction.
 Result<void> add(Store &store, LookedUpRecord &record);
+
+// One more copy of a stored record: its quantity raised by one, where a record without a
+// quantity counts as one copy. At the largest quantity a record holds it fails, the store
+// unchanged. Returns the record as stored.
+Result<Vinyl> addCopy(Store &store, qint64 rowId);
+
+// What tells a candidate from the others, the empty ones left out: label and catalog number,
+// date, country, format and track count ("Harbour Light Records HLR-041", "2019-04-12", "SE",
+// "12\" Vinyl", "6 tracks").
+[[nodiscard]] QStringList details(const LookupCandidate &candidate);
+
+// A stored record named for a message: "\"Salt Roads\" by Ana Ström & The Quiet (record 1)".
+[[nodiscard]] QString nameOf(const Vinyl &vinyl);
 
 } // namespace LookedUp

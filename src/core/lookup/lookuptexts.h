@@ -32,5 +32,21 @@ inline const QString kNoRelease = u"MusicBrainz sent an answer that is not a rel
 inline const QString kNotAPicture = u"The %1 cover from the Cover Art Archive could not be read as a picture (%2)."_s;
 inline const QString kPictureTooLarge = u"The %1 cover from the Cover Art Archive is larger than %2 × %2 pixels and was not read."_s;
 inline const QString kFront = u"front"_s;
+
+// Adding a copy of a stored record.
+inline const QString kRecordGone = u"The record is no longer in the collection."_s;
+inline const QString kTooManyCopies = u"%1 already has %2 copies, the most a record can hold."_s;
 inline const QString kBack = u"back"_s;
+
+// The Look Up sheet of the add and edit screens.
+inline const QString kSearching = u"Searching MusicBrainz for %1…"_s;
+inline const QString kReadingPhoto = u"Reading the barcode in %1…"_s;
+inline const QString kReleasesFound = u"%1 releases found. Choose yours."_s;
+inline const QString kOneReleaseFound = u"1 release found. Choose it if it is yours."_s;
+inline const QString kNothingFound = u"No release found for %1."_s;
+inline const QString kFetching = u"Fetching \"%1\" with its tracks and covers…"_s;
+inline const QString kAlreadyInCollection = u"%1 is already in the collection (%2)."_s;
+inline const QString kNothingToFill = u"The record already has everything this release gives: there is nothing to fill in."_s;
+inline const QString kCoversNotLoadedTitle = u"Covers not Loaded"_s;
+inline const QString kCoversNotLoaded = u"%1 The record is filled in without its covers."_s;
 } // namespace LookupTexts

@@ -5,5 +5,6 @@ list(APPEND PB_CORE_SOURCES
     lookup/lookupanswers.h lookup/lookupanswers.cpp
     lookup/lookupclient.h lookup/lookupclient.cpp
     lookup/lookuprecord.h lookup/lookuprecord.cpp
+    lookup/lookupfill.h lookup/lookupfill.cpp
     lookup/lookuptexts.h
 )
