@@ -128,6 +128,7 @@ int main(int argc, char *argv[])
     addShellSteps(steps);
     addEntrySteps(steps);
     addEntryListSteps(steps);
+    addLookupSteps(steps);
     addBrowseSteps(steps);
     addReportsSteps(steps);
     addValuationSteps(steps);

@@ -54,6 +54,7 @@ struct TourStep
 void addShellSteps(QList<TourStep> &steps);
 void addEntrySteps(QList<TourStep> &steps);
 void addEntryListSteps(QList<TourStep> &steps);
+void addLookupSteps(QList<TourStep> &steps);
 void addBrowseSteps(QList<TourStep> &steps);
 void addReportsSteps(QList<TourStep> &steps);
 void addValuationSteps(QList<TourStep> &steps);

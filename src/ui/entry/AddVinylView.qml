@@ -13,6 +13,11 @@ ScreenPage {
 
     actions: [
         ToolbarButton {
+            objectName: "LookUpButton"
+            text: "Look Up"
+            onClicked: lookup.open()
+        },
+        ToolbarButton {
             objectName: "SaveNewVinylButton"
             text: "Save"
             shortcut: StandardKey.Save
@@ -26,6 +31,12 @@ ScreenPage {
     }
 
     AlertDialog { controller: controller }
+
+    LookupSheet {
+        id: lookup
+        objectName: "LookupSheet"
+        form: controller
+    }
 
     RecordFormPanel {
         id: form

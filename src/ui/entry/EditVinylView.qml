@@ -25,6 +25,11 @@ ScreenPage {
             onClicked: controller.shareButtonClicked()
         },
         ToolbarButton {
+            objectName: "LookUpButton"
+            text: "Look Up"
+            onClicked: lookup.open()
+        },
+        ToolbarButton {
             objectName: "SaveVinylButton"
             text: "Save"
             shortcut: StandardKey.Save
@@ -38,6 +43,12 @@ ScreenPage {
     }
 
     AlertDialog { controller: controller }
+
+    LookupSheet {
+        id: lookup
+        objectName: "LookupSheet"
+        form: controller
+    }
 
     RecordFormPanel {
         id: form

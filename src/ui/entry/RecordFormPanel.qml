@@ -425,6 +425,30 @@ Item {
                 }
             }
 
+            // The tracks a look-up brought wait for the save.
+            ColumnLayout {
+                objectName: "LookedUpTracks"
+                visible: root.controller.lookedUpTracks.length > 0
+                Layout.fillWidth: true
+                Layout.topMargin: 6
+                spacing: 2
+                Label {
+                    text: "Tracks, stored when the record is saved"
+                    color: "#555555"
+                    font.pixelSize: 13
+                }
+                Repeater {
+                    model: root.controller.lookedUpTracks
+                    delegate: Label {
+                        required property string modelData
+                        text: modelData
+                        font.pixelSize: 15
+                        wrapMode: Text.Wrap
+                        Layout.fillWidth: true
+                    }
+                }
+            }
+
             ColumnLayout {
                 id: footerHolder
                 Layout.fillWidth: true

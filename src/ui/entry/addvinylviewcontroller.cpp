@@ -55,6 +55,8 @@ void AddVinylViewController::SaveNewVinylButtonClicked()
         (side == CoverSide::Front ? vinyl->frontImage : vinyl->backImage) = jpeg.value();
     }
     vinyl->imagesLoaded = true;
+    if (!lookedUpReleaseId().isEmpty())
+        vinyl->musicBrainzReleaseId = lookedUpReleaseId();
 
     Store &store = app()->persistentContainer();
     QString refusal;
@@ -68,6 +70,12 @@ void AddVinylViewController::SaveNewVinylButtonClicked()
         vinyl->id = id.value();
         if (auto r = store.insert(vinyl.value()); !r)
             return r;
+        // The tracks a look-up brought are stored with the record.
+        for (Track track : lookedUpTracks()) {
+            track.vinylID = vinyl->id;
+            if (auto r = store.insert(track); !r)
+                return r;
+        }
         // A record entered with a value starts its value history with it.
         return ValueHistory::noteSave(store, *vinyl, std::nullopt, QuoteSources::Edit);
     });
@@ -79,6 +87,12 @@ void AddVinylViewController::SaveNewVinylButtonClicked()
         return;
     }
     m_savedRowId = vinyl->rowId;
+    returnToOpener();
+}
+
+void AddVinylViewController::lookupCopyAdded(const Vinyl &stored)
+{
+    m_savedRowId = stored.rowId;
     returnToOpener();
 }
 

@@ -20,6 +20,9 @@ public:
     Q_INVOKABLE void RemoveFrontImage() override;
     Q_INVOKABLE void RemoveBackImage() override;
 
+    // The look-up sheet added a copy to a stored record: the screen returns to its opener.
+    void lookupCopyAdded(const Vinyl &stored) override;
+
     // The record the last successful save stored (0 before).
     [[nodiscard]] qint64 savedRowId() const { return m_savedRowId; }
 

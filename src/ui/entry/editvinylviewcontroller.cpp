@@ -4,6 +4,7 @@
 #include "shell/appdelegate.h"
 #include "shell/coverimageprovider.h"
 #include "shell/platformservices.h"
+#include "store/fetchrequest.h"
 #include "store/formatters.h"
 #include "store/logging.h"
 #include "store/valuehistory.h"
@@ -23,6 +24,11 @@ bool insideFolder(const QString &path, const QString &folder)
     const QString canonicalFile = QFileInfo(path).canonicalFilePath();
     return !canonicalFolder.isEmpty() && !canonicalFile.isEmpty()
            && canonicalFile.startsWith(canonicalFolder + u'/');
+}
+
+FetchRequest tracksOf(qint16 vinylId)
+{
+    return FetchRequest(Entity::Tracks).where(Predicate::equal(u"vinylID"_s, int(vinylId)));
 }
 
 } // namespace
@@ -49,6 +55,7 @@ void EditVinylViewController::viewDidLoad()
 void EditVinylViewController::fillForm()
 {
     const CurrentRecord &record = app()->state()->currentRecord();
+    forgetLookup();
     setFields(RecordForm::fieldsFromRecord(record));
     // The form shows the full-size cover file when there is one; the record keeps only a
     // small copy.
@@ -163,8 +170,12 @@ void EditVinylViewController::SaveVinylButtonClicked()
         }
     }
 
+    if (!vinyl.musicBrainzReleaseId && !lookedUpReleaseId().isEmpty())
+        vinyl.musicBrainzReleaseId = lookedUpReleaseId();
     const auto saved = store.transaction([&]() -> Result<void> {
         if (auto r = store.update(vinyl); !r)
+            return r;
+        if (auto r = addLookedUpTracks(store, vinyl); !r)
             return r;
         return ValueHistory::noteSave(store, vinyl, valueBefore, QuoteSources::Edit);
     });
@@ -178,6 +189,30 @@ void EditVinylViewController::SaveVinylButtonClicked()
     if (const auto stored = store.vinylByRowId(rowId); stored && stored->has_value())
         app()->state()->setCurrentRecord(**stored);
     returnToOpener();
+}
+
+bool EditVinylViewController::recordHasTracks() const
+{
+    const auto count = app()->persistentContainer().count(tracksOf(app()->state()->currentRecord().id));
+    return count.valueOr(0) > 0;
+}
+
+// The tracks a look-up brought go to a record that still has none when it is saved.
+Result<void> EditVinylViewController::addLookedUpTracks(Store &store, const Vinyl &vinyl)
+{
+    if (lookedUpTracks().isEmpty())
+        return {};
+    const auto count = store.count(tracksOf(number(vinyl.id)));
+    if (!count)
+        return count.error();
+    if (count.value() > 0)
+        return {};
+    for (Track track : lookedUpTracks()) {
+        track.vinylID = vinyl.id;
+        if (auto r = store.insert(track); !r)
+            return r;
+    }
+    return {};
 }
 
 void EditVinylViewController::returnToOpener()

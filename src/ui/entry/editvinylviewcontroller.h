@@ -44,6 +44,7 @@ signals:
 
 protected:
     void viewDidLoad() override;
+    [[nodiscard]] bool recordHasTracks() const override;
 
 private:
     void fillForm();
@@ -51,6 +52,7 @@ private:
     void removeCover(CoverSide side);
     void returnToOpener();
     void loadValueHistory();
+    Result<void> addLookedUpTracks(Store &store, const Vinyl &vinyl);
 
     QTimer m_reviewTimer;
     QList<Quote> m_quotes; // newest first

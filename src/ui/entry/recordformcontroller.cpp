@@ -1,5 +1,6 @@
 #include "entry/recordformcontroller.h"
 
+#include "lookup/lookuptexts.h"
 #include "shell/appdelegate.h"
 #include "shell/platformservices.h"
 #include "store/formatters.h"
@@ -236,4 +237,59 @@ QString RecordFormController::previewSource(const QImage &image)
     buffer.open(QIODevice::WriteOnly);
     preview.save(&buffer, "JPEG", 90);
     return u"data:image/jpeg;base64,"_s + QString::fromLatin1(data.toBase64());
+}
+
+LookupFill::FormState RecordFormController::lookupFormState() const
+{
+    return {m_fields, recordHasTracks(), hasFrontImage(), hasBackImage()};
+}
+
+QList<LookupFill::Change> RecordFormController::lookupChanges(const LookedUpRecord &found)
+{
+    return LookupFill::emptyFields(lookupFormState(), found).changes;
+}
+
+void RecordFormController::takeLookup(const LookedUpRecord &found, const LookupCovers &covers,
+                                      const QString &coverProblem)
+{
+    bool takeTracks = true;
+    bool takeFront = !covers.front.isNull();
+    bool takeBack = !covers.back.isNull();
+    if (m_screen == FormScreen::Add) {
+        setFields(LookupFill::newRecordForm(m_fields, found));
+    } else {
+        const LookupFill::EmptyFieldsFill fill = LookupFill::emptyFields(lookupFormState(), found);
+        setFields(fill.fields);
+        takeTracks = fill.tracks;
+        takeFront = takeFront && fill.frontCover;
+        takeBack = takeBack && fill.backCover;
+    }
+    if (takeFront)
+        setCoverImage(CoverSide::Front, covers.front);
+    if (takeBack)
+        setCoverImage(CoverSide::Back, covers.back);
+    m_lookedUpTracks = takeTracks ? found.tracks : QList<Track>();
+    m_lookedUpReleaseId = text(found.vinyl.musicBrainzReleaseId);
+    emit formChanged();
+    if (!coverProblem.isEmpty())
+        showAlert(LookupTexts::kCoversNotLoadedTitle, coverProblem);
+}
+
+void RecordFormController::forgetLookup()
+{
+    m_lookedUpTracks.clear();
+    m_lookedUpReleaseId.clear();
+    emit formChanged();
+}
+
+QStringList RecordFormController::lookedUpTrackLines() const
+{
+    QStringList lines;
+    for (const Track &track : m_lookedUpTracks) {
+        QString line = u"%1. %2"_s.arg(number(track.trackNumber)).arg(text(track.song));
+        if (track.duration)
+            line += u"  "_s + Formatters::twoDecimals(*track.duration);
+        lines.append(line);
+    }
+    return lines;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "collection/recordform.h"
+#include "lookup/lookupfill.h"
 #include "shell/screencontroller.h"
 
 #include <QDate>
@@ -43,6 +44,8 @@ class RecordFormController : public ScreenController
     Q_PROPERTY(QString backImageSource READ backImageSource NOTIFY imagesChanged)
     Q_PROPERTY(bool hasFrontImage READ hasFrontImage NOTIFY imagesChanged)
     Q_PROPERTY(bool hasBackImage READ hasBackImage NOTIFY imagesChanged)
+    // The tracks a look-up brought, stored with the record when it is saved: "1. Salt Roads  4.12".
+    Q_PROPERTY(QStringList lookedUpTracks READ lookedUpTrackLines NOTIFY formChanged)
 
 public:
     explicit RecordFormController(FormScreen screen, AppDelegate *app = nullptr, QObject *parent = nullptr);
@@ -133,6 +136,18 @@ public:
     // Puts a picture into a cover view, as a pick does.
     void setCoverImage(CoverSide side, const QImage &image);
 
+    [[nodiscard]] FormScreen screen() const { return m_screen; }
+
+    // The look-up sheet. What choosing a release would change in this form: every field the
+    // release has on the add screen, only what is empty on the edit screen.
+    [[nodiscard]] QList<LookupFill::Change> lookupChanges(const LookedUpRecord &found);
+    // Fills the form from the release (covers at the size the archive sent them); the tracks
+    // and the release id wait for the save. `coverProblem`, when not empty, is shown in an alert.
+    void takeLookup(const LookedUpRecord &found, const LookupCovers &covers, const QString &coverProblem = {});
+    // The sheet added a copy to a stored record instead: the add screen's work is done.
+    virtual void lookupCopyAdded(const Vinyl &stored) { Q_UNUSED(stored); }
+    [[nodiscard]] QStringList lookedUpTrackLines() const;
+
 signals:
     void formChanged();
     void imagesChanged();
@@ -147,15 +162,22 @@ protected:
     // Reloads the condition list and the date-picker style.
     void loadPickers();
 
-    [[nodiscard]] FormScreen screen() const { return m_screen; }
     // Whether a side shows a picture chosen on this screen rather than the stored one.
     [[nodiscard]] bool coverChanged(CoverSide side) const;
     void clearCover(CoverSide side);
     // The pictures the form shows, without counting them as newly chosen.
     void showStoredCovers(const QImage &front, const QImage &back);
+    // Whether the record on the form has tracks in the store (the edit screen's).
+    [[nodiscard]] virtual bool recordHasTracks() const { return false; }
+    // What the last look-up chosen brought that the form does not show; kept until saved.
+    [[nodiscard]] const QList<Track> &lookedUpTracks() const { return m_lookedUpTracks; }
+    [[nodiscard]] const QString &lookedUpReleaseId() const { return m_lookedUpReleaseId; }
+    // The form shows the stored record again: what a look-up brought is dropped.
+    void forgetLookup();
 
 private:
     void setField(QString &field, const QString &text);
+    [[nodiscard]] LookupFill::FormState lookupFormState() const;
     void openCamera(CoverSide side);
     static QString previewSource(const QImage &image);
 
@@ -172,4 +194,6 @@ private:
     bool m_isFrontImage = false;
     bool m_isBackImage = false;
     bool m_isFromCamera = false;
+    QList<Track> m_lookedUpTracks;
+    QString m_lookedUpReleaseId;
 };

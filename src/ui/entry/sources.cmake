@@ -5,6 +5,8 @@ list(APPEND PB_UI_SOURCES
     entry/conditioncontrollers.h entry/conditioncontrollers.cpp
     entry/conditionlistmodel.h entry/conditionlistmodel.cpp
     entry/editvinylviewcontroller.h entry/editvinylviewcontroller.cpp
+    entry/lookupcandidatemodel.h entry/lookupcandidatemodel.cpp
+    entry/lookupsheetcontroller.h entry/lookupsheetcontroller.cpp
     entry/notesviewcontroller.h entry/notesviewcontroller.cpp
     entry/recordformcontroller.h entry/recordformcontroller.cpp
     entry/trackscontrollers.h entry/trackscontrollers.cpp
@@ -23,6 +25,8 @@ list(APPEND PB_UI_QML
     entry/EditTracksView.qml
     entry/EditVinylConditionView.qml
     entry/EditVinylView.qml
+    entry/LookupScanPage.qml
+    entry/LookupSheet.qml
     entry/NotesView.qml
     entry/RecordCameraPage.qml
     entry/RecordFormField.qml
