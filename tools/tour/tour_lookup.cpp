@@ -123,15 +123,26 @@ void keepSaltRoadsInTheCollection(TourContext &c)
     (void)store.insert(v);
 }
 
+// ... and not, for the pictures of a release it does not have.
+void dropSaltRoadsFromTheCollection(TourContext &c)
+{
+    Store &store = c.app().persistentContainer();
+    const auto rows = store.fetchVinyl(FetchRequest(Entity::Vinyl).where(Predicate::equal(u"name"_s, u"Salt Roads"_s)));
+    for (const Vinyl &v : rows.valueOr({}))
+        (void)store.transaction([&] { return store.remove(Entity::Vinyl, v.rowId); });
+}
+
 } // namespace
 
 void addLookupSteps(QList<TourStep> &steps)
 {
     steps.append({u"lookup-candidates.png"_s, [](TourContext &c) {
+                      dropSaltRoadsFromTheCollection(c);
                       openAddScreen(c);
                       openSheetAndSearch(c);
                   }});
     steps.append({u"lookup-filled.png"_s, [](TourContext &c) {
+                      dropSaltRoadsFromTheCollection(c);
                       openAddScreen(c);
                       if (auto *sheet = openSheetAndSearch(c)) {
                           sheet->CandidateChosen(0);
