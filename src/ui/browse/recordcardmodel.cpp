@@ -40,14 +40,6 @@ void RecordCardModel::setPages(qint64 rows, PageCache<RecordCard>::Reader reader
     endResetModel();
 }
 
-void RecordCardModel::refreshPages()
-{
-    if (!m_paged || m_pages.size() == 0)
-        return;
-    m_pages.invalidate();
-    emit dataChanged(index(0), index(rowCount() - 1));
-}
-
 void RecordCardModel::removeCard(int row)
 {
     if (m_paged) {

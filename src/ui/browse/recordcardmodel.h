@@ -40,8 +40,6 @@ public:
     void setCards(QList<int> records, CardLookup lookup);
     // rows cards, read a page at a time by reader as the view asks for them.
     void setPages(qint64 rows, PageCache<RecordCard>::Reader reader);
-    // The same rows again, changed in place: the cards shown are read anew.
-    void refreshPages();
     void removeCard(int row);
     // The card of a shown row; an empty card outside the rows.
     [[nodiscard]] RecordCard card(int row) const;
