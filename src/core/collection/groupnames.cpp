@@ -8,6 +8,7 @@
 #include <QSqlQuery>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -74,30 +75,6 @@ YearBounds yearBounds(const QDateTime &date)
     return {QDateTime(QDate(year, 1, 1), QTime(0, 0)), QDateTime(QDate(year + 1, 1, 1), QTime(0, 0))};
 }
 
-QList<YearGroup> yearGroups(const QList<qint64> &releaseDateMillis)
-{
-    QList<YearGroup> groups;
-    QSet<QString> seen;
-    // Dates usually arrive sorted, so most fall in the year just seen; that test avoids
-    // formatting every date.
-    qint64 lastStart = 0;
-    qint64 lastEnd = 0;
-    for (qint64 millis : releaseDateMillis) {
-        if (!groups.isEmpty() && millis >= lastStart && millis < lastEnd)
-            continue;
-        const QDateTime date = QDateTime::fromMSecsSinceEpoch(millis);
-        const YearBounds bounds = yearBounds(date);
-        lastStart = bounds.start.toMSecsSinceEpoch();
-        lastEnd = bounds.end.toMSecsSinceEpoch();
-        const QString year = Formatters::year(date);
-        if (seen.contains(year))
-            continue;
-        seen.insert(year);
-        groups.append({millis, year, Formatters::longDate(date).toLower(), lastStart, lastEnd});
-    }
-    return groups;
-}
-
 QList<int> filterYearGroups(const QList<YearGroup> &groups, const QString &text)
 {
     QList<int> found;
@@ -107,13 +84,6 @@ QList<int> filterYearGroups(const QList<YearGroup> &groups, const QString &text)
             found.append(i);
     }
     return found;
-}
-
-qint64 countInYear(const QList<qint64> &sortedMillis, const YearGroup &group)
-{
-    const auto first = std::lower_bound(sortedMillis.begin(), sortedMillis.end(), group.startMillis);
-    const auto last = std::lower_bound(first, sortedMillis.end(), group.endMillis);
-    return last - first;
 }
 
 namespace GroupQueries {
@@ -132,47 +102,90 @@ Error queryError(const QSqlQuery &query)
 }
 } // namespace
 
-Result<QList<std::optional<QString>>> attributeValues(const Store &store, const QString &attribute,
-                                                      const QString &orderBy)
+Result<QList<std::optional<QString>>> groupWalk(const Store &store, const QString &attribute, const QString &orderBy)
 {
     if (!isGroupColumn(attribute) || !isGroupColumn(orderBy))
         return Error{u"Unknown attribute "_s + attribute};
+    QList<std::optional<QString>> walk;
     QSqlQuery query(store.database());
     query.setForwardOnly(true);
-    if (!query.exec(u"SELECT "_s + attribute + u" FROM Vinyl ORDER BY "_s + orderBy + u" ASC, rowid ASC"_s))
+    if (!query.exec(u"SELECT "_s + attribute + u" FROM Vinyl WHERE "_s + attribute + u" IS NOT NULL ORDER BY "_s
+                    + orderBy + u", rowid LIMIT 1"_s))
         return queryError(query);
-    QList<std::optional<QString>> values;
-    while (query.next()) {
-        const QVariant v = query.value(0);
-        values.append(v.isNull() ? std::nullopt : std::optional<QString>(v.toString()));
-    }
-    return values;
+    if (query.next())
+        walk.append(query.value(0).toString());
+    query.finish();
+    if (!query.exec(u"SELECT DISTINCT "_s + attribute + u" FROM Vinyl WHERE "_s + attribute + u" > '' ORDER BY "_s
+                    + attribute))
+        return queryError(query);
+    while (query.next())
+        walk.append(query.value(0).toString());
+    return walk;
 }
 
-Result<QHash<QString, qint64>> countsByValue(const Store &store, const QString &attribute)
+Result<QList<qint64>> countsOf(const Store &store, const QString &attribute, const QStringList &values)
 {
     if (!isGroupColumn(attribute))
         return Error{u"Unknown attribute "_s + attribute};
     QSqlQuery query(store.database());
     query.setForwardOnly(true);
-    if (!query.exec(u"SELECT "_s + attribute + u", COUNT(*) FROM Vinyl WHERE "_s + attribute
-                    + u" IS NOT NULL GROUP BY "_s + attribute))
+    if (!query.prepare(u"SELECT COUNT(*) FROM Vinyl WHERE "_s + attribute + u" = ?"_s))
         return queryError(query);
-    QHash<QString, qint64> counts;
-    while (query.next())
-        counts.insert(query.value(0).toString(), query.value(1).toLongLong());
+    QList<qint64> counts;
+    counts.reserve(values.size());
+    for (const QString &value : values) {
+        query.bindValue(0, value);
+        if (!query.exec())
+            return queryError(query);
+        counts.append(query.next() ? query.value(0).toLongLong() : 0);
+    }
     return counts;
 }
 
-Result<QList<qint64>> releaseDates(const Store &store)
+Result<QList<YearGroup>> yearGroups(const Store &store, bool ascending)
 {
     QSqlQuery query(store.database());
     query.setForwardOnly(true);
-    if (!query.exec(u"SELECT releaseDate FROM Vinyl WHERE releaseDate IS NOT NULL ORDER BY releaseDate ASC"_s))
+    if (!query.prepare(ascending ? u"SELECT MIN(releaseDate) FROM Vinyl WHERE releaseDate >= ?"_s
+                                 : u"SELECT MAX(releaseDate) FROM Vinyl WHERE releaseDate < ?"_s))
         return queryError(query);
-    QList<qint64> dates;
-    while (query.next())
-        dates.append(query.value(0).toLongLong());
-    return dates;
+    QList<YearGroup> groups;
+    QSet<QString> seen;
+    // The walk jumps from each year it finds to the next: a read per year, not per record.
+    qint64 cursor = ascending ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
+    for (;;) {
+        query.bindValue(0, cursor);
+        if (!query.exec())
+            return queryError(query);
+        if (!query.next() || query.isNull(0))
+            break;
+        const qint64 millis = query.value(0).toLongLong();
+        const QDateTime date = QDateTime::fromMSecsSinceEpoch(millis);
+        const YearBounds bounds = yearBounds(date);
+        const qint64 start = bounds.start.toMSecsSinceEpoch();
+        const qint64 end = bounds.end.toMSecsSinceEpoch();
+        const qint64 next = ascending ? end : start;
+        // A date the local calendar cannot place moves the walk by one millisecond instead.
+        cursor = ascending ? std::max(next, millis + 1) : std::min(next, millis);
+        const QString year = Formatters::year(date);
+        if (seen.contains(year))
+            continue;
+        seen.insert(year);
+        groups.append({millis, year, Formatters::longDate(date).toLower(), start, end});
+    }
+    return groups;
+}
+
+Result<qint64> countReleased(const Store &store, qint64 startMillis, qint64 endMillis)
+{
+    QSqlQuery query(store.database());
+    query.setForwardOnly(true);
+    if (!query.prepare(u"SELECT COUNT(*) FROM Vinyl WHERE releaseDate >= ? AND releaseDate < ?"_s))
+        return queryError(query);
+    query.bindValue(0, startMillis);
+    query.bindValue(1, endMillis);
+    if (!query.exec())
+        return queryError(query);
+    return query.next() ? query.value(0).toLongLong() : 0;
 }
 } // namespace GroupQueries

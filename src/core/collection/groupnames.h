@@ -63,20 +63,19 @@ struct YearGroup
     qint64 startMillis = 0; // the year's bounds, for counting
     qint64 endMillis = 0;
 };
-// One group per year, in the order the dates are walked.
-[[nodiscard]] QList<YearGroup> yearGroups(const QList<qint64> &releaseDateMillis);
 // Year groups whose representative's long date contains text (ignoring case).
 [[nodiscard]] QList<int> filterYearGroups(const QList<YearGroup> &groups, const QString &text);
-// Records of a year: millis must be sorted ascending.
-[[nodiscard]] qint64 countInYear(const QList<qint64> &sortedMillis, const YearGroup &group);
 
-// Store reads of the group lists: one column, no covers, no per-row objects.
+// Store reads of the group lists, each from an index: group names, never a row per record.
 namespace GroupQueries {
-// The attribute of every record, ordered by orderBy ascending (absent values first).
-Result<QList<std::optional<QString>>> attributeValues(const Store &store, const QString &attribute,
-                                                      const QString &orderBy);
-// Records per present value of the attribute, in one grouped count.
-Result<QHash<QString, qint64>> countsByValue(const Store &store, const QString &attribute);
-// Every present release date, ascending.
-Result<QList<qint64>> releaseDates(const Store &store);
+// The values a walk of the records by orderBy would list (see GroupNameList::load): the first
+// present value of the walk, then every distinct non-empty value in code-point order.
+Result<QList<std::optional<QString>>> groupWalk(const Store &store, const QString &attribute, const QString &orderBy);
+// Records holding each of the values (exact match), in their order.
+Result<QList<qint64>> countsOf(const Store &store, const QString &attribute, const QStringList &values);
+// One group per year of the release dates, walked earliest first or latest first: the first
+// date walked of a year stands for it. Read a year at a time from the release-date index.
+Result<QList<YearGroup>> yearGroups(const Store &store, bool ascending);
+// Records released from start (included) to end (excluded).
+Result<qint64> countReleased(const Store &store, qint64 startMillis, qint64 endMillis);
 } // namespace GroupQueries

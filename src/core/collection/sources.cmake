@@ -6,8 +6,10 @@ list(APPEND PB_CORE_SOURCES
     collection/collectionlist.h collection/collectionlist.cpp
     collection/conditionlists.h collection/conditionlists.cpp
     collection/groupnames.h collection/groupnames.cpp
+    collection/pagecache.h
     collection/recordcard.h
     collection/recordform.h collection/recordform.cpp
+    collection/recordrows.h collection/recordrows.cpp
     collection/statistics.h collection/statistics.cpp
     collection/textorder.h
     collection/tracks.h collection/tracks.cpp

@@ -35,16 +35,6 @@ std::optional<float> parseNewValue(const QString &text)
     return float(*value);
 }
 
-Totals totals(const QList<Vinyl> &records)
-{
-    Totals sum;
-    for (const Vinyl &vinyl : records) {
-        sum.copies += number(vinyl.quantity);
-        sum.value += double(number(vinyl.quantity)) * double(number(vinyl.value));
-    }
-    return sum;
-}
-
 QString copiesText(const Totals &totals)
 {
     return QString::number(totals.copies);

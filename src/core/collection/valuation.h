@@ -46,7 +46,6 @@ struct Totals
     qint64 copies = 0;
     double value = 0;
 };
-[[nodiscard]] Totals totals(const QList<Vinyl> &records);
 [[nodiscard]] QString copiesText(const Totals &totals);
 [[nodiscard]] QString valueText(const Totals &totals);
 // What the share button hands on: "Records held: 5\nTotal value: $55.00\n".

@@ -220,6 +220,15 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
             conditions << (p.op == Predicate::Op::Equal ? quoted + u" IS NULL"_s : u"0"_s);
             continue;
         }
+        if (p.op == Predicate::Op::Contains) {
+            if (request.entity != Entity::Vinyl || !Store::kSearchedAttributes.contains(column->name))
+                return Error{u"No search index for "_s + p.attribute + u" of "_s + entityName(request.entity)};
+            // Both sides folded, so any letter matches its other cases; an empty text is in every
+            // present value.
+            conditions << u"instr(\""_s + Store::foldedColumn(column->name) + u"\", ?) > 0"_s;
+            built.values << Store::folded(value.toString());
+            continue;
+        }
         const char *op = p.op == Predicate::Op::Equal ? " = ?" : p.op == Predicate::Op::GreaterOrEqual ? " >= ?" : " < ?";
         conditions << quoted + QLatin1StringView(op);
         built.values << value;
@@ -228,16 +237,23 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
         built.sql += u" WHERE "_s + conditions.join(u" AND "_s);
     if (withOrder) {
         QStringList order;
+        const auto direction = [&](bool ascending) { return ascending != request.reversed ? u" ASC"_s : u" DESC"_s; };
         for (const SortKey &key : request.sortKeys) {
             const Column *column = findColumn(request.entity, key.attribute);
             if (!column)
                 return Error{u"Unknown sort attribute "_s + key.attribute + u" of "_s + entityName(request.entity)};
-            order << u'"' + column->name + (key.ascending ? u"\" ASC"_s : u"\" DESC"_s);
+            order << u'"' + column->name + u'"' + direction(key.ascending);
+            // The folded text follows its attribute (equal texts fold equally, so the order is
+            // the same): the attribute's index holds both, and the row identity comes next in it.
+            if (request.entity == Entity::Vinyl && Store::kSearchedAttributes.contains(column->name))
+                order << u'"' + Store::foldedColumn(column->name) + u'"' + direction(key.ascending);
         }
         if (!order.isEmpty())
-            built.sql += u" ORDER BY "_s + order.join(u", "_s) + u", rowid ASC"_s;
-        if (request.limit > 0)
-            built.sql += u" LIMIT "_s + QString::number(request.limit);
+            built.sql += u" ORDER BY "_s + order.join(u", "_s) + u", rowid"_s + direction(true);
+        if (request.limit > 0 || request.offset > 0)
+            built.sql += u" LIMIT "_s + QString::number(request.limit > 0 ? request.limit : -1);
+        if (request.offset > 0)
+            built.sql += u" OFFSET "_s + QString::number(request.offset);
     }
     return built;
 }
@@ -315,9 +331,27 @@ QVariantList vinylValues(const Vinyl &v, bool includeImages)
     return values;
 }
 
+// The case-folded texts the searches read, in the order of Store::kSearchedAttributes; written
+// with every save, after the columns of vinylValues().
+QVariantList foldedValues(const Vinyl &v)
+{
+    QVariantList values;
+    for (const std::optional<QString> *text : {&v.name, &v.artist, &v.recordLabel})
+        values << (*text ? QVariant(Store::folded(**text)) : QVariant());
+    return values;
+}
+
 QVariantList trackValues(const Track &t)
 {
     return {stored(t.vinylID), stored(t.trackNumber), stored(t.song), stored(t.writtenBy), stored(t.duration)};
+}
+
+// The attributes the lists are ordered by; each has an index per direction (see migrate()).
+const QStringList kListOrders = {u"name"_s, u"artist"_s, u"recordLabel"_s, u"releaseDate"_s};
+
+QString listOrderIndex(const QString &order)
+{
+    return u"VinylBy"_s + order.at(0).toUpper() + order.mid(1);
 }
 
 QAtomicInteger<quint64> s_connectionCounter;
@@ -561,6 +595,12 @@ Result<void> Store::migrate()
             if (auto r = execAll(statements); !r)
                 return r;
             statements.clear();
+            // The list orders' indexes are made anew below, over the folded texts as well.
+            for (const QString &order : kListOrders) {
+                const QString index = listOrderIndex(order);
+                if (auto r = execAll({u"DROP INDEX IF EXISTS "_s + index, u"DROP INDEX IF EXISTS "_s + index + u"Descending"_s}); !r)
+                    return r;
+            }
             auto kept = vinylIndexesAndTriggers();
             if (!kept)
                 return kept.error();
@@ -579,9 +619,83 @@ Result<void> Store::migrate()
                        << u"CREATE INDEX IF NOT EXISTS VinylByBarcode ON Vinyl(barcode)"_s
                        << u"CREATE INDEX IF NOT EXISTS VinylByMusicBrainzReleaseId ON Vinyl(musicBrainzReleaseId)"_s;
         }
+        if (version < 6) {
+            // Lists read a screenful at a time, so each order needs an index that yields it
+            // (attribute, then row identity) in both directions, without a sort. The searched
+            // texts are kept case-folded beside them, so a search reads the same index.
+            if (auto r = execAll(statements); !r)
+                return r;
+            statements.clear();
+            QSqlQuery info(database());
+            QStringList present;
+            if (info.exec(u"PRAGMA table_info(Vinyl)"_s)) {
+                while (info.next())
+                    present << info.value(1).toString();
+            }
+            info.finish();
+            for (const QString &attribute : kSearchedAttributes) {
+                if (present.contains(foldedColumn(attribute)))
+                    continue;
+                if (auto r = exec(u"ALTER TABLE Vinyl ADD COLUMN \"%1\" TEXT"_s.arg(foldedColumn(attribute))); !r)
+                    return r;
+            }
+            if (auto r = foldStoredTexts(); !r)
+                return r;
+            for (const QString &order : kListOrders) {
+                const QString index = listOrderIndex(order);
+                const bool searched = kSearchedAttributes.contains(order);
+                const QString folded = searched ? u", \""_s + foldedColumn(order) + u'"' : QString();
+                const QString foldedDescending = searched ? folded + u" DESC"_s : QString();
+                statements << u"DROP INDEX IF EXISTS "_s + index << u"DROP INDEX IF EXISTS "_s + index + u"Descending"_s
+                           << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + order + folded + u')'
+                           << u"CREATE INDEX "_s + index + u"Descending ON Vinyl("_s + order + u" DESC"_s
+                                  + foldedDescending + u')';
+            }
+            // The totals (copies, cost, value) read this instead of every wide row, and the
+            // statistics read the other; a record's row holds its covers, so a pass over the
+            // rows reads a page or more per record.
+            statements << u"CREATE INDEX IF NOT EXISTS VinylByWorth ON Vinyl(quantity, value, cost)"_s
+                       << u"CREATE INDEX IF NOT EXISTS VinylFigures ON Vinyl(artist, quantity, value, cost, "
+                          "recordLabel, recordSpeed, doubleAlbum, name)"_s;
+        }
         statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         return execAll(statements);
     });
+}
+
+QString Store::folded(const QString &text)
+{
+    return text.toCaseFolded();
+}
+
+QString Store::foldedColumn(const QString &attribute)
+{
+    return attribute + u"Folded"_s;
+}
+
+Result<void> Store::foldStoredTexts()
+{
+    QSqlQuery read(database());
+    read.setForwardOnly(true);
+    if (!read.exec(u"SELECT rowid, name, artist, recordLabel FROM Vinyl"_s))
+        return sqlError(u"Cannot read the records to index them"_s, read.lastError());
+    QList<std::pair<qint64, QVariantList>> rows;
+    while (read.next()) {
+        QVariantList texts;
+        for (int i = 1; i <= 3; ++i)
+            texts << (read.isNull(i) ? QVariant() : QVariant(folded(read.value(i).toString())));
+        rows.append({read.value(0).toLongLong(), texts});
+    }
+    read.finish();
+    QStringList sets;
+    for (const QString &attribute : kSearchedAttributes)
+        sets << u'"' + foldedColumn(attribute) + u"\" = ?"_s;
+    const QString sql = u"UPDATE Vinyl SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
+    for (const auto &[rowId, texts] : rows) {
+        if (auto r = write(sql, texts + QVariantList{rowId}); !r)
+            return r;
+    }
+    return {};
 }
 
 Result<void> Store::execAll(const QStringList &statements) const
@@ -706,6 +820,12 @@ QString buildInsertSql(Entity entity, int columnCount)
         names << u'"' + columns[i].name + u'"';
         marks << u"?"_s;
     }
+    if (entity == Entity::Vinyl) {
+        for (const QString &attribute : Store::kSearchedAttributes) {
+            names << u'"' + Store::foldedColumn(attribute) + u'"';
+            marks << u"?"_s;
+        }
+    }
     return u"INSERT INTO \""_s + tableName(entity) + u"\" ("_s + names.join(u", "_s) + u") VALUES ("_s
            + marks.join(u", "_s) + u')';
 }
@@ -716,6 +836,10 @@ QString buildUpdateSql(Entity entity, int columnCount)
     const auto &columns = columnsOf(entity);
     for (int i = 0; i < columnCount; ++i)
         sets << u'"' + columns[i].name + u"\" = ?"_s;
+    if (entity == Entity::Vinyl) {
+        for (const QString &attribute : Store::kSearchedAttributes)
+            sets << u'"' + Store::foldedColumn(attribute) + u"\" = ?"_s;
+    }
     return u"UPDATE \""_s + tableName(entity) + u"\" SET "_s + sets.join(u", "_s) + u" WHERE rowid = ?"_s;
 }
 
@@ -936,10 +1060,90 @@ Result<qint64> Store::count(const FetchRequest &request) const
     return (*q)->next() ? (*q)->integer(0) : 0;
 }
 
+Result<QList<QVariantList>> Store::fetchValues(const FetchRequest &request, const QStringList &attributes) const
+{
+    QStringList names{u"rowid"_s};
+    for (const QString &attribute : attributes) {
+        const Column *column = findColumn(request.entity, attribute);
+        if (!column || column->kind == Kind::Blob)
+            return Error{u"Unknown attribute "_s + attribute + u" of "_s + entityName(request.entity)};
+        names << u'"' + column->name + u'"';
+    }
+    auto built = buildSelect(request, names.join(u", "_s), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QList<QVariantList> rows;
+    while ((*q)->next()) {
+        QVariantList row{QVariant((*q)->integer(0))};
+        for (int i = 1; i < names.size(); ++i) {
+            switch (sqlite3_column_type((*q)->handle(), i)) {
+            case SQLITE_NULL: row << QVariant(); break;
+            case SQLITE_INTEGER: row << (*q)->integer(i); break;
+            case SQLITE_FLOAT: row << (*q)->real(i); break;
+            default: row << (*q)->string(i); break;
+            }
+        }
+        rows.append(row);
+    }
+    return rows;
+}
+
+Result<qint64> Store::position(const FetchRequest &request, qint64 rowId) const
+{
+    auto ordered = buildSelect(request, u"rowid"_s, true);
+    if (!ordered)
+        return ordered.error();
+    const qsizetype orderAt = ordered->sql.indexOf(u" ORDER BY "_s);
+    if (orderAt < 0)
+        return Error{u"A position needs an order"_s};
+    QString order = ordered->sql.mid(orderAt + 10);
+    if (const qsizetype limitAt = order.indexOf(u" LIMIT "_s); limitAt >= 0)
+        order.truncate(limitAt);
+    auto built = buildSelect(request, u"rowid AS id, ROW_NUMBER() OVER (ORDER BY "_s + order + u") - 1 AS n"_s, false);
+    if (!built)
+        return built.error();
+    built->sql = u"SELECT n FROM ("_s + built->sql + u") WHERE id = ?"_s;
+    built->values << rowId;
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    if (!(*q)->next())
+        return Error{u"The record is not in the list"_s};
+    return (*q)->integer(0);
+}
+
+Result<qint64> Store::othersChanges() const
+{
+    auto prepared = kept(u"PRAGMA data_version"_s);
+    if (!prepared)
+        return Error{u"Cannot read the store's version: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    return q.next() ? q.integer(0) : 0;
+}
+
+Result<QStringList> Store::queryPlan(const FetchRequest &request) const
+{
+    const bool cards = request.cardAttributesOnly && !request.includeImages;
+    auto built = buildSelect(request, cards ? cardColumnList() : columnList(request.entity, request.includeImages), true);
+    if (!built)
+        return built.error();
+    built->sql.prepend(u"EXPLAIN QUERY PLAN "_s);
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    QStringList steps;
+    while ((*q)->next())
+        steps << (*q)->string(3);
+    return steps;
+}
+
 Result<void> Store::insert(Vinyl &vinyl)
 {
     const int n = int(vinylColumns().size());
-    QVariantList values = vinylValues(vinyl, true);
+    QVariantList values = vinylValues(vinyl, true) + foldedValues(vinyl);
     return write(insertSql(Entity::Vinyl, n), values, &vinyl.rowId);
 }
 
@@ -964,12 +1168,12 @@ Result<void> Store::update(const Vinyl &vinyl)
             return text.replace(u" WHERE rowid"_s,
                                 u", frontImage = COALESCE(?, frontImage), backImage = COALESCE(?, backImage) WHERE rowid"_s);
         }();
-        QVariantList values = vinylValues(vinyl, false);
+        QVariantList values = vinylValues(vinyl, false) + foldedValues(vinyl);
         values << stored(vinyl.frontImage) << stored(vinyl.backImage) << vinyl.rowId;
         return write(sql, values);
     }
     const int n = vinyl.imagesLoaded ? int(vinylColumns().size()) : kVinylColumnsWithoutImages;
-    QVariantList values = vinylValues(vinyl, vinyl.imagesLoaded);
+    QVariantList values = vinylValues(vinyl, vinyl.imagesLoaded) + foldedValues(vinyl);
     values << vinyl.rowId;
     return write(updateSql(Entity::Vinyl, n), values);
 }

@@ -38,14 +38,22 @@ struct ExchangeEncoding
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 5;
+    static constexpr int kSchemaVersion = 6;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
-    // What a record card shows; the store keeps a covering index per list order over them.
+    // What a record card shows.
     static inline const QStringList kCardAttributes = {
         QStringLiteral("name"),        QStringLiteral("artist"),        QStringLiteral("releaseDate"),
         QStringLiteral("recordLabel"), QStringLiteral("producer"),      QStringLiteral("quantity"),
         QStringLiteral("albumDuration"), QStringLiteral("recordSpeed"), QStringLiteral("doubleAlbum"),
         QStringLiteral("cost"),        QStringLiteral("value")};
+
+    // The attributes a list searches; each has a case-folded copy (foldedColumn()) written with
+    // every save and held in its list-order indexes, which Predicate::contains() reads.
+    static inline const QStringList kSearchedAttributes = {QStringLiteral("name"), QStringLiteral("artist"),
+                                                           QStringLiteral("recordLabel")};
+    // The text as the searches compare it: every letter in its case-folded form.
+    [[nodiscard]] static QString folded(const QString &text);
+    [[nodiscard]] static QString foldedColumn(const QString &attribute);
 
     // What every change of a read-only store answers; %1 says why ("the folder /x cannot be written").
     static inline const QString kReadOnlyMessage =
@@ -94,8 +102,16 @@ public:
     Result<QList<Track>> fetchTracks(const FetchRequest &request) const;
     // request.entity is VinylCondition or CoverCondition.
     Result<QList<Condition>> fetchConditions(const FetchRequest &request) const;
-    // Number of objects the request matches (its sort keys and limit are ignored).
+    // Number of objects the request matches (its sort keys and window are ignored).
     Result<qint64> count(const FetchRequest &request) const;
+    // The row identity and the attributes of each object the request matches, in its order:
+    // values as stored (dates as milliseconds), an absent one as a null QVariant.
+    Result<QList<QVariantList>> fetchValues(const FetchRequest &request, const QStringList &attributes) const;
+    // How many of the request's objects come before the object rowId in its order; an error
+    // when the request does not match that object.
+    Result<qint64> position(const FetchRequest &request, qint64 rowId) const;
+    // How SQLite reads the request's rows: the detail lines of EXPLAIN QUERY PLAN.
+    Result<QStringList> queryPlan(const FetchRequest &request) const;
 
     // The record with this row identity, with its covers; nullopt when it no longer exists.
     Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId, bool withImages = true) const;
@@ -144,6 +160,9 @@ public:
     Result<void> transaction(const std::function<Result<void>()> &work);
     [[nodiscard]] bool inTransaction() const { return m_transactionDepth > 0; }
 
+    // Changes other connections (other programs) committed: a number that differs from the one
+    // read before whenever they changed the store in between.
+    Result<qint64> othersChanges() const;
     // Number of committed write statements since open; lets callers see whether anything changed.
     [[nodiscard]] qint64 writeCount() const { return m_writeCount; }
 
@@ -157,6 +176,8 @@ private:
     Result<void> execAll(const QStringList &statements) const;
     // The statements that make the Vinyl table's indexes and triggers, as the store holds them.
     Result<QStringList> vinylIndexesAndTriggers() const;
+    // Writes the folded copies of the searched texts of every record (when they are added).
+    Result<void> foldStoredTexts();
     // Runs BEGIN, COMMIT or ROLLBACK on the store's connection.
     Result<void> control(const char *sql);
     Result<void> write(const QString &sql, const QVariantList &values, qint64 *rowId = nullptr);

@@ -2,47 +2,46 @@
 
 GroupRowModel::GroupRowModel(QObject *parent) : QAbstractListModel(parent) {}
 
-void GroupRowModel::setRows(QList<GroupRow> rows)
+void GroupRowModel::setRows(QStringList names, CountReader counts)
 {
     beginResetModel();
-    m_rows = std::move(rows);
+    m_names = std::move(names);
+    m_pages.reset(m_names.size(), [this, counts = std::move(counts)](qint64 first, int n) {
+        const QStringList texts = counts(first, n);
+        QList<GroupRow> rows;
+        rows.reserve(n);
+        for (int i = 0; i < n; ++i)
+            rows.append({m_names.at(first + i), texts.value(i)});
+        return rows;
+    });
     endResetModel();
 }
 
-void GroupRowModel::updateCounts(const QStringList &countTexts)
+void GroupRowModel::updateCounts()
 {
-    if (countTexts.size() != m_rows.size() || m_rows.isEmpty())
+    if (m_names.isEmpty())
         return;
-    int first = -1;
-    int last = -1;
-    for (int i = 0; i < m_rows.size(); ++i) {
-        if (m_rows[i].countText == countTexts.at(i))
-            continue;
-        m_rows[i].countText = countTexts.at(i);
-        if (first < 0)
-            first = i;
-        last = i;
-    }
-    if (first >= 0)
-        emit dataChanged(index(first), index(last), {CountLabelRole});
+    m_pages.invalidate();
+    emit dataChanged(index(0), index(rowCount() - 1), {CountLabelRole});
 }
 
 int GroupRowModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    return parent.isValid() ? 0 : int(m_names.size());
 }
 
 QVariant GroupRowModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const GroupRow &row = m_rows.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
     case NameLabelRole:
-        return row.name;
+        return m_names.at(index.row());
     case CountLabelRole:
-        return row.countText;
+        if (const GroupRow *row = m_pages.row(index.row()))
+            return row->countText;
+        return {};
     default:
         return {};
     }

@@ -47,8 +47,7 @@ void GroupTableViewController::viewWillAppear()
 {
     if (!m_sortAsc)
         return;
-    readCounts();
-    m_model.updateCounts(countTexts());
+    m_model.updateCounts();
 }
 
 void GroupTableViewController::load()
@@ -58,22 +57,16 @@ void GroupTableViewController::load()
     Store &store = app()->persistentContainer();
     if (m_kind.byYear) {
         // A failed read keeps the years listed before.
-        if (auto dates = GroupQueries::releaseDates(store)) {
-            m_dates = std::move(dates.value());
-            QList<qint64> walk = m_dates;
-            if (!*m_sortAsc)
-                std::reverse(walk.begin(), walk.end());
-            m_years = yearGroups(walk);
-        } else {
-            consoleLine(dates.errorMessage());
-        }
-    } else {
-        if (auto values = GroupQueries::attributeValues(store, m_kind.attribute, m_kind.fetchOrder))
-            m_names.load(values.value());
+        if (auto years = GroupQueries::yearGroups(store, *m_sortAsc))
+            m_years = std::move(years.value());
         else
-            consoleLine(values.errorMessage());
+            consoleLine(years.errorMessage());
+    } else {
+        if (auto walk = GroupQueries::groupWalk(store, m_kind.attribute, m_kind.fetchOrder))
+            m_names.load(walk.value());
+        else
+            consoleLine(walk.errorMessage());
         m_names.order(*m_sortAsc);
-        readCounts();
     }
     m_filteredNames = m_names.names();
     m_filteredYears.clear();
@@ -83,17 +76,6 @@ void GroupTableViewController::load()
         updateSearchResults(m_searchText);
     else
         showRows();
-}
-
-void GroupTableViewController::readCounts()
-{
-    Store &store = app()->persistentContainer();
-    if (m_kind.byYear) {
-        if (auto dates = GroupQueries::releaseDates(store))
-            m_dates = std::move(dates.value());
-    } else if (auto counts = GroupQueries::countsByValue(store, m_kind.attribute)) {
-        m_counts = std::move(counts.value());
-    }
 }
 
 void GroupTableViewController::SortButtonTapped()
@@ -177,37 +159,39 @@ QString GroupTableViewController::headerText() const
     return groupHeaderText(allCount(), found, searching(), m_kind.word);
 }
 
-QStringList GroupTableViewController::countTexts() const
+QStringList GroupTableViewController::countTexts(qint64 first, int n) const
 {
     QStringList texts;
-    const qsizetype n = shownCount();
-    texts.reserve(n);
-    for (qsizetype row = 0; row < n; ++row) {
-        if (m_kind.byYear) {
-            const int index = searching() ? m_filteredYears.at(row) : int(row);
-            texts.append(QString::number(countInYear(m_dates, m_years.at(index))));
-        } else {
-            const QString &name = searching() ? m_filteredNames.at(row) : m_names.names().at(row);
-            texts.append(QString::number(m_counts.value(name, 0)));
+    if (!app())
+        return texts;
+    const Store &store = app()->persistentContainer();
+    if (m_kind.byYear) {
+        for (qint64 row = first; row < first + n; ++row) {
+            const YearGroup &year = m_years.at(searching() ? m_filteredYears.at(row) : int(row));
+            auto count = GroupQueries::countReleased(store, year.startMillis, year.endMillis);
+            texts.append(QString::number(count.valueOr(0)));
         }
+        return texts;
     }
+    const QStringList &names = searching() ? m_filteredNames : m_names.names();
+    auto counts = GroupQueries::countsOf(store, m_kind.attribute, names.mid(first, n));
+    for (qint64 count : counts.valueOr({}))
+        texts.append(QString::number(count));
     return texts;
 }
 
 void GroupTableViewController::showRows()
 {
-    const QStringList counts = countTexts();
-    QList<GroupRow> rows;
-    rows.reserve(counts.size());
-    for (qsizetype row = 0; row < counts.size(); ++row) {
-        QString name;
-        if (m_kind.byYear)
-            name = m_years.at(searching() ? m_filteredYears.at(row) : int(row)).yearText;
-        else
-            name = searching() ? m_filteredNames.at(row) : m_names.names().at(row);
-        rows.append({name, counts.at(row)});
+    QStringList names;
+    if (m_kind.byYear) {
+        const qsizetype n = searching() ? m_filteredYears.size() : m_years.size();
+        names.reserve(n);
+        for (qsizetype row = 0; row < n; ++row)
+            names.append(m_years.at(searching() ? m_filteredYears.at(row) : int(row)).yearText);
+    } else {
+        names = searching() ? m_filteredNames : m_names.names();
     }
-    m_model.setRows(std::move(rows));
+    m_model.setRows(std::move(names), [this](qint64 first, int n) { return countTexts(first, n); });
     emit listChanged();
 }
 

@@ -70,9 +70,9 @@ protected:
     void viewDidLoad() override;
 
 private:
-    void readCounts();
     void showRows();
-    [[nodiscard]] QStringList countTexts() const;
+    // The record counts of the rows shown first .. first + n - 1.
+    [[nodiscard]] QStringList countTexts(qint64 first, int n) const;
     [[nodiscard]] qsizetype allCount() const;
     [[nodiscard]] qsizetype shownCount() const;
 
@@ -84,12 +84,10 @@ private:
     // Name groups.
     GroupNameList m_names;
     QStringList m_filteredNames;
-    QHash<QString, qint64> m_counts;
 
-    // Year groups: one representative per year; every release date, ascending, for counts.
+    // Year groups: one representative per year.
     QList<YearGroup> m_years;
     QList<int> m_filteredYears;
-    QList<qint64> m_dates;
 };
 
 class ArtistGroupTableViewController : public GroupTableViewController

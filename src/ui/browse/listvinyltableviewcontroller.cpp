@@ -3,8 +3,10 @@
 #include "collection/browsetexts.h"
 #include "shell/appdelegate.h"
 #include "store/logging.h"
+#include "store/store.h"
 
-#include <numeric>
+#include <algorithm>
+
 
 using namespace Qt::StringLiterals;
 
@@ -80,31 +82,28 @@ void ListVinylTableViewController::refresh()
 {
     if (!app() || !m_sortAsc)
         return;
-    // Nothing asks the model for a card until showList() tells it of the new rows.
-    m_records.clear();
-    m_cards.clear();
+    m_kept.clear();
     m_texts = {};
-    m_vinylList.clear();
-    m_filteredList.clear();
     // Every refresh reverses the direction, so choosing the same sort twice reverses the
     // order and the first display (after the direction was set to ascending) is descending.
     m_sortAsc = !*m_sortAsc;
 
+    auto rows = FetchedRows::make(app()->persistentContainer(), wholeRequest());
+    if (!rows)
+        consoleLine(rows.errorMessage());
+    m_wholeRows = rows ? std::make_shared<FetchedRows>(std::move(*rows)) : nullptr;
+    // A search typed before stays in the field but finds again only when typed on.
+    m_foundRows = m_wholeRows;
+    showList();
+}
+
+FetchRequest ListVinylTableViewController::wholeRequest() const
+{
     FetchRequest request(Entity::Vinyl);
     request.onlyCardAttributes();
     if (const QString attribute = CollectionList::sortAttribute(m_sortName); !attribute.isEmpty())
-        request.sortedBy(attribute, *m_sortAsc);
-    auto fetched = app()->persistentContainer().fetchVinyl(request);
-    if (!fetched) {
-        consoleLine(fetched.errorMessage());
-    } else {
-        m_records = std::move(fetched).value();
-        m_vinylList.resize(m_records.size());
-        std::iota(m_vinylList.begin(), m_vinylList.end(), 0);
-        m_cards.resize(m_records.size());
-    }
-    m_filteredList = m_vinylList;
-    showList();
+        request.sortedBy(attribute, m_sortAsc.value_or(true));
+    return request;
 }
 
 void ListVinylTableViewController::SortButtonTapped()
@@ -115,38 +114,126 @@ void ListVinylTableViewController::SortButtonTapped()
         refresh();
         return;
     }
-    CollectionList::sortByName(m_records, m_filteredList, *m_sortAsc);
+    // The records found are ordered by name, whatever the sort choice.
+    if (!app() || !m_foundRows)
+        return;
+    FetchRequest found = wholeRequest();
+    const QString attribute = CollectionList::sortAttribute(m_sortName);
+    QSet<qint64> days;
+    const bool byDay = m_foundRows != m_wholeRows && m_sortName == BrowseTexts::kSortYear;
+    if (byDay) {
+        for (const DayCount &day : daysMatching(m_searchText))
+            days.insert(day.millis);
+    } else if (m_foundRows != m_wholeRows && Store::kSearchedAttributes.contains(attribute)) {
+        found.where(Predicate::contains(attribute, m_searchText));
+    }
+    auto ids = RecordQueries::rowIdsByName(app()->persistentContainer(), found, *m_sortAsc, byDay ? &days : nullptr);
+    if (!ids) {
+        consoleLine(ids.errorMessage());
+        return;
+    }
+    m_foundRows = std::make_shared<ListedRows>(app()->persistentContainer(), std::move(*ids));
     showList();
 }
 
 void ListVinylTableViewController::updateSearchResults(const QString &text)
 {
     m_searchText = text;
-    if (auto found = CollectionList::search(m_records, m_vinylList, m_sortName, text, m_texts))
-        m_filteredList = std::move(*found);
+    if (!app() || !m_wholeRows) {
+        showList();
+        return;
+    }
+    Store &store = app()->persistentContainer();
+    const QString attribute = CollectionList::sortAttribute(m_sortName);
+    if (text.isEmpty()) {
+        m_foundRows = m_wholeRows;
+    } else if (m_sortName == BrowseTexts::kSortYear) {
+        m_foundRows = std::make_shared<DayRows>(store, daysMatching(text));
+    } else if (Store::kSearchedAttributes.contains(attribute)) {
+        auto found = FetchedRows::make(store, FetchRequest(wholeRequest()).where(Predicate::contains(attribute, text)));
+        if (found)
+            m_foundRows = std::make_shared<FetchedRows>(std::move(*found));
+        else
+            consoleLine(found.errorMessage());
+    }
     showList();
+}
+
+QList<DayCount> ListVinylTableViewController::daysMatching(const QString &text)
+{
+    Store &store = app()->persistentContainer();
+    if (m_daysWriteCount != store.writeCount()) {
+        auto days = RecordQueries::releaseDays(store);
+        if (!days)
+            consoleLine(days.errorMessage());
+        m_days = days.valueOr({});
+        m_dayTexts.clear();
+        m_dayTexts.reserve(m_days.size());
+        for (const DayCount &day : std::as_const(m_days))
+            m_dayTexts.append(m_texts.mediumDate(QDateTime::fromMSecsSinceEpoch(day.millis)));
+        m_daysWriteCount = store.writeCount();
+    }
+    QList<DayCount> found;
+    for (qsizetype i = 0; i < m_days.size(); ++i) {
+        if (m_dayTexts.at(i).contains(text, Qt::CaseSensitive))
+            found.append(m_days.at(i));
+    }
+    if (!m_sortAsc.value_or(true))
+        std::reverse(found.begin(), found.end());
+    return found;
 }
 
 void ListVinylTableViewController::deleteRow(int row)
 {
-    QList<int> &list = searching() ? m_filteredList : m_vinylList;
-    if (!app() || row < 0 || row >= list.size() || refusedAsReadOnly())
+    if (!app() || row < 0 || row >= m_model.rowCount() || refusedAsReadOnly())
         return;
-    if (!deleteRecord(m_records.at(list.at(row)).rowId))
-        return;
-    // Deleted while searching, the record leaves the found records only; the whole list
-    // keeps it until the next refresh.
-    list.removeAt(row);
+    // The rows beside it are read before anything changes, so the view's last look at them
+    // is of the list as it was.
+    (void)m_model.card(row - 1);
+    (void)m_model.card(row + 1);
+    const RecordCard card = m_model.card(row);
+    if (searching()) {
+        // Deleted while searching, the record leaves the found records only; the whole list
+        // keeps it where it stood until the next refresh.
+        auto position = app()->persistentContainer().position(wholeRequest(), card.rowId);
+        if (!deleteRecord(card.rowId))
+            return;
+        if (position) {
+            for (KeptRow &kept : m_kept) {
+                if (kept.storePosition > *position)
+                    --kept.storePosition;
+            }
+            const auto at = std::upper_bound(m_kept.begin(), m_kept.end(), *position,
+                                             [](qint64 p, const KeptRow &kept) { return p < kept.storePosition; });
+            m_kept.insert(at, {*position, card});
+            if (m_foundRows != m_wholeRows)
+                m_wholeRows->removeRow(*position);
+        }
+        m_foundRows->removeRow(row);
+    } else {
+        qint64 storeRow = 0;
+        const int kept = keptAt(row, &storeRow);
+        if (!deleteRecord(card.rowId))
+            return;
+        if (kept >= 0) {
+            m_kept.removeAt(kept);
+        } else {
+            m_wholeRows->removeRow(storeRow);
+            for (KeptRow &other : m_kept) {
+                if (other.storePosition > storeRow)
+                    --other.storePosition;
+            }
+        }
+    }
     m_model.removeCard(row);
     emit listChanged();
 }
 
 void ListVinylTableViewController::rowPicked(int row)
 {
-    const QList<int> &list = shownList();
-    if (!app() || row < 0 || row >= list.size())
+    if (!app() || row < 0 || row >= m_model.rowCount())
         return;
-    openRecord(m_records.at(list.at(row)).rowId, OriginScreens::List);
+    openRecord(m_model.card(row).rowId, OriginScreens::List);
 }
 
 void ListVinylTableViewController::addButtonTapped()
@@ -155,21 +242,80 @@ void ListVinylTableViewController::addButtonTapped()
         app()->navigator()->show(BrowseTexts::kAddScreen);
 }
 
+qint64 ListVinylTableViewController::wholeCount() const
+{
+    return (m_wholeRows ? m_wholeRows->count() : 0) + m_kept.size();
+}
+
 QString ListVinylTableViewController::headerText() const
 {
-    return CollectionList::headerText(shownList().size(), m_vinylList.size());
+    const qint64 shown = searching() ? (m_foundRows ? m_foundRows->count() : 0) : wholeCount();
+    return CollectionList::headerText(shown, wholeCount());
+}
+
+int ListVinylTableViewController::keptAt(qint64 row, qint64 *storeRow) const
+{
+    qint64 before = 0;
+    for (int i = 0; i < m_kept.size(); ++i) {
+        const qint64 shownAt = m_kept.at(i).storePosition + i;
+        if (shownAt == row)
+            return i;
+        if (shownAt < row)
+            ++before;
+    }
+    if (storeRow)
+        *storeRow = row - before;
+    return -1;
+}
+
+QList<RecordCard> ListVinylTableViewController::cardsOf(const Result<QList<Vinyl>> &records)
+{
+    QList<RecordCard> cards;
+    if (!records) {
+        consoleLine(records.errorMessage());
+        return cards;
+    }
+    cards.reserve(records->size());
+    for (const Vinyl &vinyl : *records)
+        cards.append(CollectionList::makeCard(vinyl, m_sortName, m_texts));
+    return cards;
+}
+
+QList<RecordCard> ListVinylTableViewController::wholeCards(qint64 first, int n)
+{
+    if (!m_wholeRows)
+        return {};
+    if (m_kept.isEmpty())
+        return cardsOf(m_wholeRows->read(first, n));
+    // The store's rows of the window, with the kept rows put back where they stood.
+    qint64 storeFirst = first;
+    int keptInside = 0;
+    for (int i = 0; i < m_kept.size(); ++i) {
+        const qint64 shownAt = m_kept.at(i).storePosition + i;
+        if (shownAt < first)
+            --storeFirst;
+        else if (shownAt < first + n)
+            ++keptInside;
+    }
+    const QList<RecordCard> stored = cardsOf(m_wholeRows->read(storeFirst, n - keptInside));
+    QList<RecordCard> cards;
+    qsizetype next = 0;
+    for (qint64 row = first; row < first + n; ++row) {
+        if (const int kept = keptAt(row); kept >= 0)
+            cards.append(m_kept.at(kept).card);
+        else if (next < stored.size())
+            cards.append(stored.at(next++));
+    }
+    return cards;
 }
 
 void ListVinylTableViewController::showList()
 {
-    m_model.setCards(shownList(), [this](int record) -> const RecordCard & { return cardOf(record); });
+    if (searching() && m_foundRows) {
+        std::shared_ptr<RecordRows> rows = m_foundRows;
+        m_model.setPages(rows->count(), [this, rows](qint64 first, int n) { return cardsOf(rows->read(first, n)); });
+    } else {
+        m_model.setPages(wholeCount(), [this](qint64 first, int n) { return wholeCards(first, n); });
+    }
     emit listChanged();
-}
-
-const RecordCard &ListVinylTableViewController::cardOf(int record)
-{
-    std::optional<RecordCard> &card = m_cards[record];
-    if (!card)
-        card = CollectionList::makeCard(m_records.at(record), m_sortName, m_texts);
-    return *card;
 }

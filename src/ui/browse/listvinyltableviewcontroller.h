@@ -3,9 +3,11 @@
 #include "browse/recordcardmodel.h"
 #include "browse/recordlistcontroller.h"
 #include "collection/collectionlist.h"
+#include "collection/recordrows.h"
 
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 
 // The whole collection as a list of record cards: four sort choices, a search whose
@@ -62,19 +64,35 @@ protected:
     void reloadRecords() override { refresh(); }
 
 private:
-    void showList();
-    [[nodiscard]] const QList<int> &shownList() const { return searching() ? m_filteredList : m_vinylList; }
+    // A record deleted while searching: the whole list keeps showing it until the next
+    // refresh, where it stood (after storePosition rows of the store).
+    struct KeptRow
+    {
+        qint64 storePosition = 0;
+        RecordCard card;
+    };
 
-    [[nodiscard]] const RecordCard &cardOf(int record);
+    void showList();
+    // The whole list in the store's order (no window), for the sort choice and direction.
+    [[nodiscard]] FetchRequest wholeRequest() const;
+    [[nodiscard]] QList<RecordCard> wholeCards(qint64 first, int n);
+    [[nodiscard]] QList<RecordCard> cardsOf(const Result<QList<Vinyl>> &records);
+    // The kept row shown at a row of the whole list, or -1; storeRow: the store's row there.
+    [[nodiscard]] int keptAt(qint64 row, qint64 *storeRow = nullptr) const;
+    [[nodiscard]] qint64 wholeCount() const;
+    // Release days whose medium date text holds text, in the list's direction.
+    [[nodiscard]] QList<DayCount> daysMatching(const QString &text);
 
     RecordCardModel m_model;
-    // The records of the last fetch; VinylList and FilteredVinylList index into them. A
-    // record's card is made the first time the view asks for it.
-    QList<Vinyl> m_records;
-    QList<std::optional<RecordCard>> m_cards;
+    std::shared_ptr<RecordRows> m_wholeRows;
+    // The records a search found; the whole list's own rows after a refresh.
+    std::shared_ptr<RecordRows> m_foundRows;
+    QList<KeptRow> m_kept; // by storePosition
+    // Every release day and its medium date text, read again once the store has changed.
+    QList<DayCount> m_days;
+    QStringList m_dayTexts;
+    std::optional<qint64> m_daysWriteCount;
     CollectionList::TextCache m_texts;
-    QList<int> m_vinylList;
-    QList<int> m_filteredList;
     std::optional<bool> m_sortAsc;
     QString m_sortName;
     QString m_placeholder;

@@ -9,6 +9,8 @@ RecordCardModel::RecordCardModel(QObject *parent) : QAbstractListModel(parent) {
 void RecordCardModel::setCards(QList<RecordCard> cards)
 {
     beginResetModel();
+    m_paged = false;
+    m_pages.reset(0, {});
     m_ownCards = std::move(cards);
     m_records.resize(m_ownCards.size());
     std::iota(m_records.begin(), m_records.end(), 0);
@@ -19,14 +21,35 @@ void RecordCardModel::setCards(QList<RecordCard> cards)
 void RecordCardModel::setCards(QList<int> records, CardLookup lookup)
 {
     beginResetModel();
+    m_paged = false;
+    m_pages.reset(0, {});
     m_ownCards.clear();
     m_records = std::move(records);
     m_lookup = std::move(lookup);
     endResetModel();
 }
 
+void RecordCardModel::setPages(qint64 rows, PageCache<RecordCard>::Reader reader)
+{
+    beginResetModel();
+    m_paged = true;
+    m_ownCards.clear();
+    m_records.clear();
+    m_lookup = {};
+    m_pages.reset(rows, std::move(reader));
+    endResetModel();
+}
+
 void RecordCardModel::removeCard(int row)
 {
+    if (m_paged) {
+        if (row < 0 || row >= m_pages.size())
+            return;
+        beginRemoveRows({}, row, row);
+        m_pages.remove(row);
+        endRemoveRows();
+        return;
+    }
     if (row < 0 || row >= m_records.size())
         return;
     beginRemoveRows({}, row, row);
@@ -36,6 +59,10 @@ void RecordCardModel::removeCard(int row)
 
 RecordCard RecordCardModel::card(int row) const
 {
+    if (m_paged) {
+        const RecordCard *card = m_pages.row(row);
+        return card ? *card : RecordCard();
+    }
     if (row < 0 || row >= m_records.size())
         return {};
     return m_lookup(m_records.at(row));
@@ -43,14 +70,16 @@ RecordCard RecordCardModel::card(int row) const
 
 int RecordCardModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_records.size());
+    if (parent.isValid())
+        return 0;
+    return m_paged ? int(m_pages.size()) : int(m_records.size());
 }
 
 QVariant RecordCardModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const RecordCard &card = m_lookup(m_records.at(index.row()));
+    const RecordCard card = this->card(index.row());
     switch (role) {
     case RowIdRole:
         return card.rowId;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "collection/pagecache.h"
 #include "collection/recordcard.h"
 
 #include <QAbstractListModel>
@@ -9,8 +10,9 @@
 
 #include <functional>
 
-// The record cards a list screen shows, in the order shown. Cards come either whole or
-// from a lookup by record index, so that a long list makes only the cards that get shown.
+// The record cards a list screen shows, in the order shown. Cards come whole, from a lookup
+// by record index, or a page at a time from the store (setPages), so that a long list reads
+// and makes only the cards that get shown.
 class RecordCardModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -36,9 +38,14 @@ public:
     void setCards(QList<RecordCard> cards);
     // Shows the records at these indices, in this order, with cards from lookup.
     void setCards(QList<int> records, CardLookup lookup);
+    // rows cards, read a page at a time by reader as the view asks for them.
+    void setPages(qint64 rows, PageCache<RecordCard>::Reader reader);
     void removeCard(int row);
     // The card of a shown row; an empty card outside the rows.
     [[nodiscard]] RecordCard card(int row) const;
+
+    // Cards read from the store since the model was made (paged lists only).
+    [[nodiscard]] qint64 cardsRead() const { return m_pages.rowsRead(); }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -48,4 +55,6 @@ private:
     QList<RecordCard> m_ownCards;
     QList<int> m_records;
     CardLookup m_lookup;
+    bool m_paged = false;
+    mutable PageCache<RecordCard> m_pages;
 };

@@ -57,6 +57,12 @@ QString lookName(ChartDefinition::Look look)
 
 } // namespace
 
+StatisticsViewController::Shown &StatisticsViewController::lastShown()
+{
+    static Shown shown;
+    return shown;
+}
+
 StatisticsViewController::StatisticsViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
 {
     connect(&m_job, &BackgroundJob::finished, this, [this](const Result<void> &result) {
@@ -68,6 +74,7 @@ StatisticsViewController::StatisticsViewController(AppDelegate *app, QObject *pa
         }
         m_statistics = std::move(m_computed);
         m_computed = {};
+        lastShown() = {m_computedFor, m_statistics};
         emit statisticsChanged();
     });
     loadIfReady();
@@ -90,7 +97,17 @@ void StatisticsViewController::load()
 {
     if (!app())
         return;
-    const QString storeFile = app()->persistentContainer().filePath();
+    const Store &store = app()->persistentContainer();
+    const QString storeFile = store.filePath();
+    // The figures last shown stand while the store has not changed since: nothing written
+    // through this connection and nothing committed by another program.
+    const StoreState state{storeFile, store.writeCount(), store.othersChanges().valueOr(-1)};
+    if (state.othersChanges >= 0 && lastShown().state == state && !m_job.running()) {
+        m_statistics = lastShown().statistics;
+        emit statisticsChanged();
+        return;
+    }
+    m_computedFor = state;
     // The worker reads through a connection of its own; the app's connection stays with the UI.
     const bool started = m_job.start(
         [this, storeFile](const BackgroundJob::Progress &progress) -> Result<void> {

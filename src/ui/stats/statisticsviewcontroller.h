@@ -46,11 +46,28 @@ protected:
     void viewDidLoad() override;
 
 private:
+    // What the store had seen when figures were read: the same again means nothing changed.
+    struct StoreState
+    {
+        QString file;
+        qint64 writes = -1;
+        qint64 othersChanges = -1;
+        bool operator==(const StoreState &) const = default;
+    };
+    struct Shown
+    {
+        StoreState state;
+        Statistics statistics;
+    };
+    // The figures last read, with the state they were read in; one for the app.
+    static Shown &lastShown();
+
     void load();
     void open(const QString &screen);
 
     Statistics m_statistics;
     Statistics m_computed; // written by the worker, taken when it has finished
+    StoreState m_computedFor;
     QString m_decade;      // the decade whose years are shown, "" for every decade
     bool m_appeared = false;
     // Last, so that it is destroyed first: its destructor waits for the worker writing m_computed.

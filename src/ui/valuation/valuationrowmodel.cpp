@@ -4,40 +4,47 @@
 
 ValuationRowModel::ValuationRowModel(QObject *parent) : QAbstractListModel(parent) {}
 
-void ValuationRowModel::setRecords(QList<Vinyl> records)
+void ValuationRowModel::setRecords(qint64 rows, RecordReader reader)
 {
     beginResetModel();
-    m_records = std::move(records);
-    m_texts.clear();
-    m_texts.resize(m_records.size());
+    m_pages.reset(rows, [reader = std::move(reader)](qint64 first, int n) {
+        QList<Row> rows;
+        const QList<Vinyl> records = reader(first, n);
+        rows.reserve(records.size());
+        for (const Vinyl &vinyl : records)
+            rows.append({vinyl, Valuation::rowTexts(vinyl)});
+        return rows;
+    });
     endResetModel();
+}
+
+std::optional<Vinyl> ValuationRowModel::record(int row) const
+{
+    const Row *found = m_pages.row(row);
+    return found ? std::optional<Vinyl>(found->record) : std::nullopt;
 }
 
 int ValuationRowModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_records.size());
+    return parent.isValid() ? 0 : int(m_pages.size());
 }
 
 QVariant ValuationRowModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const Vinyl &vinyl = m_records.at(index.row());
-    if (role == RowIdRole)
-        return vinyl.rowId;
-    if (role == CoverSourceRole)
-        return CoverImageProvider::source(vinyl.rowId);
-
-    std::optional<Valuation::RowTexts> &texts = m_texts[index.row()];
-    if (!texts)
-        texts = Valuation::rowTexts(vinyl);
+    const Row *row = m_pages.row(index.row());
+    if (!row)
+        return {};
     switch (role) {
+    case RowIdRole: return row->record.rowId;
+    case CoverSourceRole: return CoverImageProvider::source(row->record.rowId);
     case Qt::DisplayRole:
-    case Label1Role: return texts->name;
-    case Label2Role: return texts->artist;
-    case Label3Role: return texts->recordLabel;
-    case Label4Role: return texts->released;
-    case Label5Role: return texts->value;
+    case Label1Role: return row->texts.name;
+    case Label2Role: return row->texts.artist;
+    case Label3Role: return row->texts.recordLabel;
+    case Label4Role: return row->texts.released;
+    case Label5Role: return row->texts.value;
     default: return {};
     }
 }

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "collection/pagecache.h"
 #include "collection/valuation.h"
 #include "store/entities.h"
 
 #include <QAbstractListModel>
 #include <QList>
+#include <optional>
 #include <QtQml/qqmlregistration.h>
 
-#include <optional>
-
-// The valuation table: one row per record, in the order fetched. A row's texts are made the
-// first time the view asks for them, so a long collection opens at the cost of its fetch.
+// The valuation table: one row per record, in the list's order, read from the store a page at
+// a time as the view asks for rows; a page's texts are made when it is read.
 class ValuationRowModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -28,16 +28,27 @@ public:
         CoverSourceRole,
     };
 
+    // A row's record (card attributes only) and its texts.
+    struct Row
+    {
+        Vinyl record;
+        Valuation::RowTexts texts;
+    };
+    // Records first .. first + n - 1 of the list.
+    using RecordReader = std::function<QList<Vinyl>(qint64 first, int n)>;
+
     explicit ValuationRowModel(QObject *parent = nullptr);
 
-    void setRecords(QList<Vinyl> records);
-    [[nodiscard]] const QList<Vinyl> &records() const { return m_records; }
+    void setRecords(qint64 rows, RecordReader reader);
+    // The record of a row; nullopt outside the rows.
+    [[nodiscard]] std::optional<Vinyl> record(int row) const;
+    // Rows read from the store since the model was made.
+    [[nodiscard]] qint64 rowsRead() const { return m_pages.rowsRead(); }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 private:
-    QList<Vinyl> m_records;
-    mutable QList<std::optional<Valuation::RowTexts>> m_texts;
+    mutable PageCache<Row> m_pages;
 };

@@ -2,7 +2,9 @@
 
 #include "shell/appdelegate.h"
 #include "shell/platformservices.h"
+#include "collection/recordrows.h"
 #include "store/appconfig.h"
+#include "store/collectiontotals.h"
 #include "store/formatters.h"
 #include "store/logging.h"
 #include "store/store.h"
@@ -31,16 +33,22 @@ void ValuationViewController::loadTotals()
 {
     if (!app())
         return;
-    // A row shows only what a list card reads, so the fetch stays on the name index.
-    auto fetched = app()->persistentContainer().fetchVinyl(
-        FetchRequest(Entity::Vinyl).onlyCardAttributes().sortedBy(u"name"_s));
-    QList<Vinyl> records;
-    if (fetched)
-        records = std::move(fetched).value();
-    else
-        consoleLine(fetched.errorMessage());
-    m_totals = Valuation::totals(records);
-    m_model.setRecords(std::move(records));
+    // The totals come from the store in one pass; the rows are read as they are shown, by name.
+    const Store &store = app()->persistentContainer();
+    auto totals = collectionTotals(store);
+    if (!totals)
+        consoleLine(totals.errorMessage());
+    m_totals = {totals ? totals->copies : 0, totals ? totals->value : 0};
+    auto rows = FetchedRows::make(store, FetchRequest(Entity::Vinyl).onlyCardAttributes().sortedBy(u"name"_s));
+    if (!rows)
+        consoleLine(rows.errorMessage());
+    auto shared = rows ? std::make_shared<FetchedRows>(std::move(*rows)) : nullptr;
+    m_model.setRecords(shared ? shared->count() : 0, [this, shared](qint64 first, int n) {
+        auto read = shared->read(first, n);
+        if (!read)
+            consoleLine(read.errorMessage());
+        return read.valueOr({});
+    });
     emit totalsChanged();
 }
 
@@ -62,9 +70,10 @@ void ValuationViewController::setNewValueText(const QString &text)
 
 void ValuationViewController::rowSelected(int row)
 {
-    if (row < 0 || row >= m_model.records().size())
+    const std::optional<Vinyl> picked = m_model.record(row);
+    if (!picked)
         return;
-    const Vinyl &vinyl = m_model.records().at(row);
+    const Vinyl &vinyl = *picked;
     setNameText(text(vinyl.name));
     if (vinyl.name && vinyl.recordLabel && vinyl.artist) {
         m_recordName = *vinyl.name;

@@ -48,7 +48,7 @@ public:
     // Shares the count and total value as text, where the device can send text messages.
     Q_INVOKABLE void shareButtonClicked();
 
-    // Fetches every record by name and sums the copies and their value.
+    // Totals the copies and their value, and lists the records by name.
     void loadTotals();
 
 signals:

@@ -30,6 +30,9 @@ private slots:
     void pickingARowFillsCurrentRecordAndOpensTheEditor();
     void pickingARecordDeletedElsewhereAlertsAndRefreshes();
     void emptyCollection();
+    void searchFindsEveryCaseOfALetter_data();
+    void searchFindsEveryCaseOfALetter();
+    void readsOnlyThePagesShownAndFollowsEdits();
 
 private:
     std::unique_ptr<TestApp> m_app;
@@ -251,6 +254,81 @@ void TestCollectionList::emptyCollection()
     list.rowPicked(0);
     list.deleteRow(0);
     QCOMPARE(list.headerText(), u"# Vinyl Records = 0 of 0"_s);
+}
+
+void TestCollectionList::searchFindsEveryCaseOfALetter_data()
+{
+    QTest::addColumn<int>("option");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("producers"); // identifies the records found, in list order
+
+    QTest::addRow("name, lower-case of a capital") << 1 << u"å"_s << QStringList{u"Anders"_s};
+    QTest::addRow("name, capital of a lower-case") << 1 << u"ÉTÉ"_s << QStringList{u"Benoît"_s};
+    QTest::addRow("name, several") << 1 << u"A"_s << QStringList{u"Anders"_s, u"Benny"_s};
+    QTest::addRow("artist") << 4 << u"åSA"_s << QStringList{u"Anders"_s};
+    QTest::addRow("record label") << 3 << u"öL"_s << QStringList{u"Anders"_s};
+    QTest::addRow("year, as the date reads") << 2 << u"Jun"_s << QStringList{u"Benoît"_s, u"Anders"_s};
+    QTest::addRow("year, case kept") << 2 << u"jun"_s << QStringList{};
+    QTest::addRow("nothing") << 1 << u"zz"_s << QStringList{};
+}
+
+void TestCollectionList::searchFindsEveryCaseOfALetter()
+{
+    QFETCH(int, option);
+    QFETCH(QString, text);
+    QFETCH(QStringList, producers);
+
+    TestApp app;
+    RecordBuilder(u"Fråga"_s).artist(u"Åsa"_s).label(u"Öland"_s).producer(u"Anders"_s).date(localDate(1980, 6, 2))
+        .store(app.store());
+    RecordBuilder(u"ÉTÉ"_s).artist(u"Zaz"_s).label(u"Ébène"_s).producer(u"Benoît"_s).date(localDate(1979, 6, 1))
+        .store(app.store());
+    RecordBuilder(u"abba"_s).artist(u"ABBA"_s).label(u"Polar"_s).producer(u"Benny"_s).date(localDate(1975, 3, 1))
+        .store(app.store());
+    ListVinylTableViewController list(&app.app());
+    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    list.sortOptionSelected(option); // ascending
+    list.updateSearchResults(text);
+
+    QStringList shown;
+    for (const QString &line : column(*list.model(), "producerLabel"))
+        shown.append(line.section(u": "_s, 1).section(u"  "_s, 0, 0));
+    if (option == 3) // sorted by label, the card names the label instead
+        shown.replaceInStrings(u"Öland"_s, u"Anders"_s);
+    QCOMPARE(shown, producers);
+    QCOMPARE(list.headerText(), u"# Vinyl Records = %1 of 3"_s.arg(producers.size()));
+}
+
+void TestCollectionList::readsOnlyThePagesShownAndFollowsEdits()
+{
+    TestApp app;
+    SampleOptions options;
+    options.records = 300;
+    QVERIFY(addSampleCollection(app.store(), options).ok());
+    const auto byName = app.store().fetchVinyl(FetchRequest().sortedBy(u"name"_s));
+    QVERIFY(byName && byName->size() == 300);
+
+    ListVinylTableViewController list(&app.app());
+    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    list.sortOptionSelected(1); // ascending by name
+    QCOMPARE(list.model()->rowCount(), 300);
+    const qint64 pageRows = PageCache<RecordCard>::kPageRows;
+
+    // The last row is read with the rows around it, not with those before.
+    qint64 read = list.model()->cardsRead();
+    QCOMPARE(list.model()->card(299).rowId, byName->last().rowId);
+    QCOMPARE(list.model()->card(150).rowId, byName->at(150).rowId);
+    QVERIFY(list.model()->cardsRead() - read <= 2 * pageRows);
+
+    // A record saved elsewhere shows when the list comes back, reading the rows shown only.
+    Vinyl edited = byName->at(0);
+    edited.producer = u"Edited Producer"_s;
+    QVERIFY(app.store().update(edited));
+    read = list.model()->cardsRead();
+    list.unwindToList();
+    list.unwindToList(); // every refresh reverses: back to ascending
+    QVERIFY(list.model()->card(0).producerLabel.startsWith(u"Producer: Edited Producer"_s));
+    QVERIFY(list.model()->cardsRead() - read <= 2 * pageRows);
 }
 
 QTEST_MAIN(TestCollectionList)

@@ -105,8 +105,9 @@ void TestGroupLists::headerWording()
 void TestGroupLists::searchNarrowsNamesIgnoringCase()
 {
     TestApp app;
-    for (const QString &artist : {u"ABBA"_s, u"abba"_s, u"Blondie"_s, u"Cabaret Voltaire"_s})
+    for (const QString &artist : {u"ABBA"_s, u"abba"_s, u"Blondie"_s, u"Cabaret Voltaire"_s, u"Åsa"_s, u"åsa"_s})
         app.addVinyl(u"Album"_s, artist);
+    app.addVinyl(u"Another"_s, u"åsa"_s);
     ArtistGroupTableViewController screen(&app.app());
     QAbstractItemModelTester tester(screen.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
 
@@ -114,10 +115,13 @@ void TestGroupLists::searchNarrowsNamesIgnoringCase()
     QCOMPARE(column(*screen.model(), "nameLabel"), QStringList({u"ABBA"_s, u"Cabaret Voltaire"_s, u"abba"_s}));
     QCOMPARE(column(*screen.model(), "countLabel"), QStringList({u"1"_s, u"1"_s, u"1"_s}));
     QCOMPARE(screen.headerText(), u"3 Artist's"_s);
+    screen.updateSearchResults(u"ÅS"_s);
+    QCOMPARE(column(*screen.model(), "nameLabel"), QStringList({u"Åsa"_s, u"åsa"_s}));
+    QCOMPARE(column(*screen.model(), "countLabel"), QStringList({u"1"_s, u"2"_s}));
     screen.updateSearchResults(u"blond"_s);
     QCOMPARE(screen.headerText(), u"1 Artist"_s);
     screen.updateSearchResults(QString());
-    QCOMPARE(screen.headerText(), u"4 Artist's"_s);
+    QCOMPARE(screen.headerText(), u"6 Artist's"_s);
 }
 
 void TestGroupLists::sortToggleReversesAndIsShared()

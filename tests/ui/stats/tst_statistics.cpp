@@ -239,6 +239,42 @@ private slots:
             QCOMPARE(current.releaseDate, std::optional(QDateTime(QDate(picked.toInt(), 1, 1), QTime(0, 0))));
     }
 
+    // Shown again with the store unchanged, the figures read last stand without a new read; a
+    // change made here or by another program reads them again.
+    void figuresAreReadAgainOnlyAfterAChange()
+    {
+        TestApp t;
+        fillCollection(t.store());
+        const auto records = [](const StatisticsViewController &screen) { return screen.statistics().figures.records; };
+        {
+            StatisticsViewController first(&t.app());
+            QVERIFY(first.loading());
+            first.job().waitForFinished();
+            QCOMPARE(records(first), 5);
+        }
+        StatisticsViewController again(&t.app());
+        QVERIFY(!again.loading());
+        QCOMPARE(records(again), 5);
+
+        Vinyl added;
+        added.name = u"Added"_s;
+        added.imagesLoaded = true;
+        QVERIFY(t.store().insert(added));
+        again.viewWillAppear();
+        again.viewWillAppear();
+        QVERIFY(again.loading());
+        again.job().waitForFinished();
+        QCOMPARE(records(again), 6);
+
+        auto other = Store::open(t.store().filePath());
+        QVERIFY(other);
+        QVERIFY((*other)->remove(Entity::Vinyl, added.rowId));
+        StatisticsViewController afterOther(&t.app());
+        QVERIFY(afterOther.loading());
+        afterOther.job().waitForFinished();
+        QCOMPARE(records(afterOther), 5);
+    }
+
     // The screen as the window shows it: a card per chart, each drawn without a QML warning.
     void screenDrawsEveryChart()
     {
