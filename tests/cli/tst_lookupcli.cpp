@@ -12,12 +12,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString kSaltRoads = u"5a1d3c2e-7b4f-4e8a-9c61-0f2b3d4e5a60"_s;
-
-QByteArray fixture(const QString &name)
-{
-    return TextFile::readUtf8(QStringLiteral(PB_TEST_DATA "/") + name).valueOr(QByteArray());
-}
+const QString &kSaltRoads = kSaltRoadsId;
 
 
 } // namespace
@@ -49,9 +44,7 @@ private:
     }
     void serveSaltRoads()
     {
-        m_service->answer(u"/ws/2/release/"_s, {{200, fixture(u"search-salt-roads.json"_s)}});
-        m_service->answer(u"/ws/2/release/"_s + kSaltRoads, {{200, fixture(u"release-salt-roads.json"_s)}});
-        m_service->answer(u"/release/"_s + kSaltRoads + u"/front-500"_s, {{200, encodedPicture(solidPicture(QSize(600, 600), Qt::darkRed), "JPEG")}});
+        ::serveSaltRoads(*m_service, encodedPicture(solidPicture(QSize(600, 600), Qt::darkRed), "JPEG"));
     }
 
     std::unique_ptr<QTemporaryDir> m_dir;
@@ -137,7 +130,7 @@ private slots:
         QTest::newRow("unreachable") << QStringList{u"lookup"_s, u"4006381333931"_s, u"--add"_s} << QByteArray() << 1
                                      << u"platterbox: "_s;
         QTest::newRow("pick past the list") << QStringList{u"lookup"_s, u"4006381333931"_s, u"--add"_s, u"--pick"_s, u"3"_s}
-                                            << fixture(u"search-salt-roads.json"_s) << 1
+                                            << catalogueAnswer(u"search-salt-roads.json"_s) << 1
                                             << u"platterbox: there are only 2 candidates\n"_s;
         QTest::newRow("nothing to look up") << QStringList{u"lookup"_s} << none << 2 << u"usage: "_s;
         QTest::newRow("two things") << QStringList{u"lookup"_s, u"4006381333931"_s, u"--search"_s, u"A - B"_s} << none << 2

@@ -2,6 +2,8 @@
 
 // A small HTTP/1.1 server on 127.0.0.1 standing in for MusicBrainz and the Cover Art Archive, for
 // the look-up's tests: it serves answers the tests write themselves.
+#include "store/textfile.h"
+
 #include <QElapsedTimer>
 #include <QHash>
 #include <QHostAddress>
@@ -114,6 +116,26 @@ inline void pointClientsAt(const QString &base)
 {
     qputenv("PLATTERBOX_MUSICBRAINZ_URL", (base + QStringLiteral("ws/2")).toUtf8()); // without its slash: the client adds it
     qputenv("PLATTERBOX_COVERART_URL", base.toUtf8());
+}
+
+// The answers of invented releases, in the services' own JSON shapes (tests/core/lookup/data).
+inline QByteArray catalogueAnswer(const QString &name)
+{
+    return TextFile::readUtf8(QStringLiteral(PB_LOOKUP_DATA "/") + name).valueOr(QByteArray());
+}
+
+inline const QString kSaltRoadsId = QStringLiteral("5a1d3c2e-7b4f-4e8a-9c61-0f2b3d4e5a60");
+inline const QString kSecondPressingId = QStringLiteral("8e7d6c5b-4a39-4281-9f0e-d1c2b3a49586");
+
+// "Salt Roads": the two pressings a search finds (whatever it asks), the first one's release,
+// and its front cover at both sizes the archive is asked for. Everything else answers 404.
+inline void serveSaltRoads(FakeService &service, const QByteArray &frontCover)
+{
+    service.answer(QStringLiteral("/ws/2/release/"), {{200, catalogueAnswer(QStringLiteral("search-salt-roads.json"))}});
+    service.answer(QStringLiteral("/ws/2/release/") + kSaltRoadsId,
+                   {{200, catalogueAnswer(QStringLiteral("release-salt-roads.json"))}});
+    for (const char *side : {"front-500", "front-250"})
+        service.answer(QStringLiteral("/release/%1/%2").arg(kSaltRoadsId, QLatin1String(side)), {{200, frontCover}});
 }
 
 Q_DECLARE_METATYPE(Canned)

@@ -6,7 +6,6 @@
 #include "shell/appdelegate.h"
 #include "store/fetchrequest.h"
 #include "store/store.h"
-#include "store/textfile.h"
 #include "tour.h"
 
 #include <QBuffer>
@@ -18,9 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString kSaltRoads = u"5a1d3c2e-7b4f-4e8a-9c61-0f2b3d4e5a60"_s;
-const QString kSecondPressing = u"8e7d6c5b-4a39-4281-9f0e-d1c2b3a49586"_s;
 
 QByteArray drawnCover(QColor from, QColor to, const QString &title)
 {
@@ -52,17 +48,10 @@ void startCatalogue()
     if (service)
         return;
     service = std::make_unique<FakeService>();
-    const auto fixture = [](const QString &name) {
-        return TextFile::readUtf8(QStringLiteral(PB_LOOKUP_DATA "/") + name).valueOr(QByteArray());
-    };
-    service->answer(u"/ws/2/release/"_s, {{200, fixture(u"search-salt-roads.json"_s)}});
-    service->answer(u"/ws/2/release/"_s + kSaltRoads, {{200, fixture(u"release-salt-roads.json"_s)}});
-    const QByteArray front = drawnCover(QColor(0x12, 0x4e, 0x66), QColor(0xd9, 0xa4, 0x41), u"SALT ROADS"_s);
-    for (const QString &side : {u"front-500"_s, u"front-250"_s})
-        service->answer(u"/release/%1/%2"_s.arg(kSaltRoads, side), {{200, front}});
-    service->answer(u"/release/%1/back-500"_s.arg(kSaltRoads),
+    serveSaltRoads(*service, drawnCover(QColor(0x12, 0x4e, 0x66), QColor(0xd9, 0xa4, 0x41), u"SALT ROADS"_s));
+    service->answer(u"/release/%1/back-500"_s.arg(kSaltRoadsId),
                     {{200, drawnCover(QColor(0x22, 0x22, 0x22), QColor(0x12, 0x4e, 0x66), u"SIDE A · SIDE B"_s)}});
-    service->answer(u"/release/%1/front-250"_s.arg(kSecondPressing),
+    service->answer(u"/release/%1/front-250"_s.arg(kSecondPressingId),
                     {{200, drawnCover(QColor(0x6b, 0x1d, 0x2f), QColor(0xe8, 0xc3, 0x9e), u"SALT ROADS"_s)}});
     pointClientsAt(service->base());
 }

@@ -1,3 +1,4 @@
+#include "fakecatalogue.h"
 #include "lookup/lookupanswers.h"
 #include "lookup/lookuptexts.h"
 #include "store/textfile.h"
@@ -7,11 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray fixture(const QString &name)
-{
-    return TextFile::readUtf8(QStringLiteral(PB_TEST_DATA "/") + name).valueOr(QByteArray());
-}
 
 // A release answer of the given media, written inline for the rules that hang on the formats.
 QByteArray withMedia(const QByteArray &media, const QByteArray &more = {})
@@ -63,8 +59,8 @@ private slots:
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("expected");
 
-        const QByteArray salt = fixture(u"release-salt-roads.json"_s);
-        const QByteArray ferries = fixture(u"release-night-ferries.json"_s);
+        const QByteArray salt = catalogueAnswer(u"release-salt-roads.json"_s);
+        const QByteArray ferries = catalogueAnswer(u"release-night-ferries.json"_s);
         QTest::newRow("credit joined") << salt << u"artist"_s << u"Ana Ström & The Quiet"_s;
         QTest::newRow("first label") << ferries << u"label"_s << u"Harbour Light Records / QT 2LP 7"_s;
         QTest::newRow("full date") << salt << u"releaseDate"_s << u"day 2019-04-12T00:00:00"_s;
@@ -108,7 +104,7 @@ private slots:
 
     void readsBothCandidatesOfASearch()
     {
-        const auto rows = LookupAnswers::candidatesFromSearch(fixture(u"search-salt-roads.json"_s));
+        const auto rows = LookupAnswers::candidatesFromSearch(catalogueAnswer(u"search-salt-roads.json"_s));
         QVERIFY2(rows.ok(), qPrintable(rows.errorMessage()));
         const QList<LookupCandidate> expected{
             {u"5a1d3c2e-7b4f-4e8a-9c61-0f2b3d4e5a60"_s, u"Salt Roads"_s, u"Ana Ström & The Quiet"_s, u"Harbour Light Records"_s,

@@ -19,13 +19,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString kSaltRoads = u"5a1d3c2e-7b4f-4e8a-9c61-0f2b3d4e5a60"_s;
+const QString &kSaltRoads = kSaltRoadsId;
 const QString kSearchPath = u"/ws/2/release/"_s;
-
-QByteArray fixture(const QString &name)
-{
-    return TextFile::readUtf8(QStringLiteral(PB_TEST_DATA "/") + name).valueOr(QByteArray());
-}
 
 QByteArray png(QSize size)
 {
@@ -76,7 +71,7 @@ private slots:
         QFETCH(bool, isBarcode);
         QFETCH(QString, input);
         QFETCH(QString, query);
-        m_service->answer(kSearchPath, {{200, fixture(u"search-salt-roads.json"_s)}});
+        m_service->answer(kSearchPath, {{200, catalogueAnswer(u"search-salt-roads.json"_s)}});
         LookupClient client;
         const auto rows = isBarcode ? searchBarcodeAndWait(client, input) : searchTextAndWait(client, input);
         QVERIFY2(rows.ok(), qPrintable(rows.errorMessage()));
@@ -115,7 +110,7 @@ private slots:
     void fetchesTheDoubleAlbum()
     {
         const QString id = u"c3f1e2d4-5a6b-4c7d-8e9f-a0b1c2d3e4f5"_s;
-        const QByteArray json = fixture(u"release-night-ferries.json"_s);
+        const QByteArray json = catalogueAnswer(u"release-night-ferries.json"_s);
         m_service->answer(u"/ws/2/release/"_s + id, {{200, json}});
         LookupClient client;
         const auto release = fetchReleaseAndWait(client, id);
@@ -176,7 +171,7 @@ private slots:
     // A "slow down" is waited out as long as the service asks, then the request goes again.
     void waitsOutABusyService()
     {
-        m_service->answer(kSearchPath, {{503, {}, "Retry-After: 2\r\n"}, {200, fixture(u"search-salt-roads.json"_s)}});
+        m_service->answer(kSearchPath, {{503, {}, "Retry-After: 2\r\n"}, {200, catalogueAnswer(u"search-salt-roads.json"_s)}});
         LookupClient client;
         QVERIFY(searchTextAndWait(client, u"Salt Roads"_s).ok());
         QCOMPARE(m_service->received.size(), 2);
@@ -187,7 +182,7 @@ private slots:
     // before they ask.
     void pacesRequestsOneASecond()
     {
-        m_service->answer(kSearchPath, {{200, fixture(u"search-salt-roads.json"_s)}});
+        m_service->answer(kSearchPath, {{200, catalogueAnswer(u"search-salt-roads.json"_s)}});
         LookupClient clients[3];
         QCoreApplication::processEvents();
         QVERIFY(m_service->received.isEmpty());
@@ -241,7 +236,7 @@ private slots:
     // A cancelled look-up says nothing more, not even when its timeout comes, and the next one works.
     void cancelStopsTheLookUp()
     {
-        m_service->answer(kSearchPath, {Canned::never(), {200, fixture(u"search-salt-roads.json"_s)}});
+        m_service->answer(kSearchPath, {Canned::never(), {200, catalogueAnswer(u"search-salt-roads.json"_s)}});
         LookupClient client;
         client.setTimeout(300ms);
         QSignalSpy finished(&client, &LookupClient::finished);

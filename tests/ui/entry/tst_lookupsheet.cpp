@@ -5,7 +5,6 @@
 #include "fakecatalogue.h"
 #include "lookup/lookuptexts.h"
 #include "store/fetchrequest.h"
-#include "store/textfile.h"
 #include "testsupport.h"
 
 #include <QAbstractItemModelTester>
@@ -16,13 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kSaltRoads = u"5a1d3c2e-7b4f-4e8a-9c61-0f2b3d4e5a60"_s;
-const QString kSecondPressing = u"8e7d6c5b-4a39-4281-9f0e-d1c2b3a49586"_s;
-
-QByteArray fixture(const QString &name)
-{
-    return TextFile::readUtf8(QStringLiteral(PB_TEST_DATA "/") + name).valueOr(QByteArray());
-}
+const QString &kSaltRoads = kSaltRoadsId;
 
 QList<Track> tracksOf(TestApp &t, qint16 vinylId)
 {
@@ -49,11 +42,7 @@ private:
 
     void serveSaltRoads()
     {
-        m_service->answer(u"/ws/2/release/"_s, {{200, fixture(u"search-salt-roads.json"_s)}});
-        m_service->answer(u"/ws/2/release/"_s + kSaltRoads, {{200, fixture(u"release-salt-roads.json"_s)}});
-        const QByteArray cover = encodedPicture(solidPicture(QSize(500, 500), Qt::darkRed), "JPEG");
-        m_service->answer(u"/release/"_s + kSaltRoads + u"/front-500"_s, {{200, cover}});
-        m_service->answer(u"/release/"_s + kSaltRoads + u"/front-250"_s, {{200, cover}});
+        ::serveSaltRoads(*m_service, encodedPicture(solidPicture(QSize(500, 500), Qt::darkRed), "JPEG"));
     }
 
     // Searches and waits for the releases found.
@@ -94,7 +83,7 @@ private slots:
         // The first has a cover; the second has none (404), and its row stays without one.
         QTRY_VERIFY(rows->data(rows->index(0), LookupCandidateModel::CoverSourceRole).toString().startsWith(u"data:image/"_s));
         QTRY_VERIFY(std::any_of(m_service->received.cbegin(), m_service->received.cend(),
-                                [](const auto &r) { return r.target.endsWith(kSecondPressing + u"/front-250"_s); }));
+                                [](const auto &r) { return r.target.endsWith(kSecondPressingId + u"/front-250"_s); }));
         QCOMPARE(rows->data(rows->index(1), LookupCandidateModel::CoverSourceRole).toString(), QString());
 
         QSignalSpy closed(&sheet, &LookupSheetController::closeRequested);
@@ -237,8 +226,8 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("albumName");
         QTest::addColumn<QString>("alert");
-        const QByteArray search = fixture(u"search-salt-roads.json"_s);
-        const QByteArray release = fixture(u"release-salt-roads.json"_s);
+        const QByteArray search = catalogueAnswer(u"search-salt-roads.json"_s);
+        const QByteArray release = catalogueAnswer(u"release-salt-roads.json"_s);
         const QByteArray none = R"({"created": "2024-05-02T10:11:12.000Z", "count": 0, "offset": 0, "releases": []})";
         QTest::newRow("unreachable") << u"7391234567893"_s << QByteArray() << QByteArray()
                                      << u"Could not reach MusicBrainz"_s << QString() << QString();
