@@ -96,6 +96,12 @@ bool isGroupColumn(const QString &name)
     return columns.contains(name);
 }
 
+// The groupings whose names and counts the store keeps in its tallies.
+bool isTallied(const QString &attribute)
+{
+    return attribute == u"artist" || attribute == u"recordLabel" || attribute == u"producer";
+}
+
 Error queryError(const QSqlQuery &query)
 {
     return Error{query.lastError().text()};
@@ -104,7 +110,7 @@ Error queryError(const QSqlQuery &query)
 
 Result<QList<std::optional<QString>>> groupWalk(const Store &store, const QString &attribute, const QString &orderBy)
 {
-    if (!isGroupColumn(attribute) || !isGroupColumn(orderBy))
+    if (!isTallied(attribute) || !isGroupColumn(orderBy))
         return Error{u"Unknown attribute "_s + attribute};
     QList<std::optional<QString>> walk;
     QSqlQuery query(store.database());
@@ -115,8 +121,11 @@ Result<QList<std::optional<QString>>> groupWalk(const Store &store, const QStrin
     if (query.next())
         walk.append(query.value(0).toString());
     query.finish();
-    if (!query.exec(u"SELECT DISTINCT "_s + attribute + u" FROM Vinyl WHERE "_s + attribute + u" > '' ORDER BY "_s
-                    + attribute))
+    // The names come from the store's tallies, one row a name, rather than from every record.
+    if (!query.prepare(u"SELECT name FROM Tallies WHERE kind = ? AND name > '' ORDER BY name"_s))
+        return queryError(query);
+    query.bindValue(0, attribute);
+    if (!query.exec())
         return queryError(query);
     while (query.next())
         walk.append(query.value(0).toString());
@@ -125,16 +134,17 @@ Result<QList<std::optional<QString>>> groupWalk(const Store &store, const QStrin
 
 Result<QList<qint64>> countsOf(const Store &store, const QString &attribute, const QStringList &values)
 {
-    if (!isGroupColumn(attribute))
+    if (!isTallied(attribute))
         return Error{u"Unknown attribute "_s + attribute};
     QSqlQuery query(store.database());
     query.setForwardOnly(true);
-    if (!query.prepare(u"SELECT COUNT(*) FROM Vinyl WHERE "_s + attribute + u" = ?"_s))
+    if (!query.prepare(u"SELECT records FROM Tallies WHERE kind = ? AND name = ?"_s))
         return queryError(query);
     QList<qint64> counts;
     counts.reserve(values.size());
     for (const QString &value : values) {
-        query.bindValue(0, value);
+        query.bindValue(0, attribute);
+        query.bindValue(1, value);
         if (!query.exec())
             return queryError(query);
         counts.append(query.next() ? query.value(0).toLongLong() : 0);

@@ -1,6 +1,7 @@
 #include "collection/statistics.h"
 
 #include "store/formatters.h"
+#include "store/keptfigures.h"
 #include "store/store.h"
 
 #include <QJsonArray>
@@ -20,8 +21,7 @@ constexpr int kTop = 10;
 QString conditionSql(const QString &attribute, const QString &list)
 {
     return uR"(SELECT grade, n FROM (
-                 WITH used AS MATERIALIZED (
-                     SELECT %1 AS grade, COUNT(*) AS n FROM Vinyl WHERE %1 <> '' GROUP BY %1),
+                 WITH used AS (SELECT name AS grade, records AS n FROM Tallies WHERE kind = '%1' AND name <> ''),
                  listed AS (
                      SELECT condition AS grade, MIN(rowid) AS position FROM %2 WHERE condition <> '' GROUP BY condition)
                  SELECT listed.grade AS grade, COALESCE(used.n, 0) AS n, listed.position AS position
@@ -31,24 +31,17 @@ QString conditionSql(const QString &attribute, const QString &list)
              ORDER BY position IS NULL, position, grade)"_s.arg(attribute, list);
 }
 
-QString topSql(const QString &attribute, const QString &measure)
+// The ten names of a grouping with most of `measure` (a column of the tallies).
+QString topSql(const QString &kind, const QString &measure)
 {
-    return u"SELECT %1, %2 AS measure FROM Vinyl WHERE %1 <> '' GROUP BY %1 HAVING measure > 0 "
-           "ORDER BY measure DESC, %1 LIMIT %3"_s.arg(attribute, measure).arg(kTop);
+    return u"SELECT name, %2 FROM Tallies WHERE kind = '%1' AND name <> '' AND %3 > 0 ORDER BY %3 DESC, name LIMIT %4"_s
+        .arg(kind, measure == u"records" ? measure : KeptFigures::amount(measure), measure)
+        .arg(kTop);
 }
 
-// The value held per artist or label. The amounts are read from the statistics' covering index
-// in one pass: walked in the attribute's own order instead, each record's row would be read.
-QString topByValueSql(const QString &attribute)
+QString countSql(const QString &kind)
 {
-    return u"WITH figures AS MATERIALIZED (SELECT %1 AS grouped, quantity * value AS worth FROM Vinyl WHERE +%1 <> '') "
-           "SELECT grouped, TOTAL(worth) AS measure FROM figures GROUP BY grouped HAVING measure > 0 "
-           "ORDER BY measure DESC, grouped LIMIT %2"_s.arg(attribute).arg(kTop);
-}
-
-QString countSql(const QString &attribute)
-{
-    return u"SELECT %1, COUNT(*) AS n FROM Vinyl WHERE %1 <> '' GROUP BY %1 ORDER BY n DESC, %1"_s.arg(attribute);
+    return u"SELECT name, records FROM Tallies WHERE kind = '%1' AND name <> '' ORDER BY records DESC, name"_s.arg(kind);
 }
 
 using Reader = std::function<void(QSqlQuery &, Statistics &)>;
@@ -71,7 +64,8 @@ Reader intoSeries(ChartSeries Statistics::*series)
 const QList<Aggregate> &aggregates()
 {
     static const QList<Aggregate> list = {
-        {u"SELECT COUNT(*), TOTAL(quantity), TOTAL(quantity * cost), TOTAL(quantity * value) FROM Vinyl"_s,
+        {u"SELECT records, copies, %1, %2 FROM Tallies WHERE kind = '%3'"_s.arg(
+             KeptFigures::amount(u"cost"_s), KeptFigures::amount(u"worth"_s), KeptFigures::kCollection),
          [](QSqlQuery &q, Statistics &s) {
              if (q.next())
                  s.figures = {q.value(0).toLongLong(), qint64(q.value(1).toDouble()), q.value(2).toDouble(),
@@ -93,29 +87,21 @@ const QList<Aggregate> &aggregates()
                  s.recordsPerDecade.last().value += records;
              }
          }},
-        {topSql(u"artist"_s, u"COUNT(*)"_s), intoSeries(&Statistics::topArtistsByRecords)},
-        {topByValueSql(u"artist"_s), intoSeries(&Statistics::topArtistsByValue)},
-        {topSql(u"recordLabel"_s, u"COUNT(*)"_s), intoSeries(&Statistics::topLabelsByRecords)},
-        {topByValueSql(u"recordLabel"_s), intoSeries(&Statistics::topLabelsByValue)},
+        {topSql(u"artist"_s, u"records"_s), intoSeries(&Statistics::topArtistsByRecords)},
+        {topSql(u"artist"_s, u"worth"_s), intoSeries(&Statistics::topArtistsByValue)},
+        {topSql(u"recordLabel"_s, u"records"_s), intoSeries(&Statistics::topLabelsByRecords)},
+        {topSql(u"recordLabel"_s, u"worth"_s), intoSeries(&Statistics::topLabelsByValue)},
         {conditionSql(u"vinylCondition"_s, u"VinylCondition"_s), intoSeries(&Statistics::recordConditions)},
         {conditionSql(u"coverCondition"_s, u"CoverCondition"_s), intoSeries(&Statistics::coverConditions)},
         {countSql(u"recordSpeed"_s), intoSeries(&Statistics::speeds)},
         {countSql(u"doubleAlbum"_s), intoSeries(&Statistics::albumTypes)},
-        // Each record's last quote of a day replaces what it added before; the running sum of
-        // those changes is the collection's value on each day. The quantities are read once
-        // from a covering index: looking each record up in its wide row costs far more.
-        {uR"(WITH daily AS (
-                 SELECT vinylRowId, date(quoted / 1000, 'unixepoch', 'localtime') AS day, value, MAX(quoted)
-                 FROM Quotes GROUP BY vinylRowId, day),
-             held AS MATERIALIZED (SELECT rowid AS vinylRowId, quantity FROM Vinyl),
-             changes AS (
-                 SELECT day, (daily.value - COALESCE(LAG(daily.value) OVER (PARTITION BY daily.vinylRowId ORDER BY day), 0))
-                             * COALESCE(held.quantity, 0) AS change
-                 FROM daily JOIN held ON held.vinylRowId = daily.vinylRowId)
-             SELECT day, SUM(SUM(change)) OVER (ORDER BY day) FROM changes GROUP BY day ORDER BY day)"_s,
+        // The value's steps summed per day of the time zone the collector is in now, and run up.
+        {u"SELECT day, SUM(SUM(change)) OVER (ORDER BY day) / 100.0 FROM (SELECT date(quarterHour * 900, "
+         "'unixepoch', 'localtime') AS day, change FROM ValueSteps) GROUP BY day ORDER BY day"_s,
          intoSeries(&Statistics::valueOverTime)},
-        {u"SELECT name, artist, (value - cost) * quantity AS gain FROM Vinyl WHERE cost > 0 AND gain > 0 "
-         "ORDER BY gain DESC, name, artist LIMIT %1"_s.arg(kTop),
+        // Read from the gains' own index, largest first.
+        {u"SELECT name, artist, (value - cost) * quantity FROM Vinyl WHERE cost > 0 AND (value - cost) * quantity > 0 "
+         "ORDER BY (value - cost) * quantity DESC, name, artist LIMIT %1"_s.arg(kTop),
          [](QSqlQuery &q, Statistics &s) {
              while (q.next())
                  s.topGains.append({q.value(0).toString() + u" \u2013 "_s + q.value(1).toString(), q.value(2).toDouble()});

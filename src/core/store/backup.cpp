@@ -1,5 +1,6 @@
 #include "store/backup.h"
 
+#include "store/keptfigures.h"
 #include "store/store.h"
 
 #include <QCryptographicHash>
@@ -390,6 +391,12 @@ Result<void> checkColumns(const Connection &db, const QString &backupName)
 // slices so that progress is reported and a cancel is heard.
 Result<void> copyTables(const Connection &db, const Progress &progress)
 {
+    // The kept figures are worked out afresh from the rows copied: with their triggers in place,
+    // every row emptied and copied would be counted one at a time.
+    for (const QString &sql : KeptFigures::dropped()) {
+        if (auto r = db.exec(sql); !r)
+            return r;
+    }
     const QStringList tables = tablesOf(db, u"main"_s);
     const QStringList backupTables = tablesOf(db, u"backup"_s);
     qint64 total = 0;
@@ -429,6 +436,10 @@ Result<void> copyTables(const Connection &db, const Progress &progress)
             if (!keepGoing(progress, done, total))
                 return cancelled();
         }
+    }
+    for (const QString &sql : KeptFigures::schema()) {
+        if (auto r = db.exec(sql); !r)
+            return r;
     }
     return {};
 }

@@ -12,6 +12,7 @@ list(APPEND PB_CORE_SOURCES
     store/fetchrequest.h
     store/firstlaunch.h store/firstlaunch.cpp
     store/formatters.h store/formatters.cpp
+    store/keptfigures.h store/keptfigures.cpp
     store/logging.h store/logging.cpp
     store/recordnumbers.h store/recordnumbers.cpp
     store/result.h

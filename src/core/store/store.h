@@ -38,7 +38,7 @@ struct ExchangeEncoding
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 6;
+    static constexpr int kSchemaVersion = 7;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows.
     static inline const QStringList kCardAttributes = {

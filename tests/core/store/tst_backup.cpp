@@ -1,3 +1,4 @@
+#include "collection/statistics.h"
 #include "entry/editvinylviewcontroller.h"
 #include "exchange/exchangereader.h"
 #include "exchange/exchangewriter.h"
@@ -199,6 +200,9 @@ private slots:
         QVERIFY2(restored.ok(), qPrintable(restored.errorMessage()));
         QCOMPARE(collectionOf(target.store()), collectionOf(source.store()));
         QCOMPARE(valueHistory(target.store()), valueHistory(source.store()));
+        // The figures the store keeps are the restored collection's, not the replaced one's.
+        QCOMPARE(statisticsJson(*StatisticsQueries::compute(target.store())),
+                 statisticsJson(*StatisticsQueries::compute(source.store())));
         for (const Vinyl &v : target.store().fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr({})) {
             const QString path = text(v.frontImagePath);
             QVERIFY2(path.startsWith(target.app().documentsDir() + u'/'), qPrintable(path));
