@@ -32,6 +32,9 @@ const QStringList kAlbumTypes = {u"Single Album"_s, u"Double Album"_s, u"Triple 
 // "Prince (2)" -> "Prince": the number the site gives namesakes, wherever a name ends.
 QString withoutNumberSuffix(QString name)
 {
+    // Most names have no parenthesis, and need no look for one.
+    if (!name.contains(u'('))
+        return name.trimmed();
     static const QRegularExpression suffix(u"\\s\\(\\d+\\)(?=$|\\s|,)"_s);
     return name.remove(suffix).trimmed();
 }
@@ -44,6 +47,8 @@ QString firstLabel(const QString &labels)
 // "2xLP, Album" -> "Double Album"; one disc, or more than four, is a single album.
 QString albumType(const QString &format)
 {
+    if (!format.contains(u'x'))
+        return kAlbumTypes.first();
     static const QRegularExpression discs(u"(?:^|[\\s,+])(\\d+)x(?:LP|Vinyl|\\d+\")"_s);
     const int count = discs.match(format).captured(1).toInt();
     return count >= 2 && count <= 4 ? kAlbumTypes.at(count - 1) : kAlbumTypes.first();
@@ -53,16 +58,17 @@ QString albumType(const QString &format)
 QString recordSpeed(const QString &format)
 {
     static const QRegularExpression named(u"(\\d+)(?:\\s*(?:\u2153|1/3))?\\s*RPM"_s);
-    for (auto it = named.globalMatch(format); it.hasNext();) {
+    // Each pattern needs a text the format often lacks; a look for that is far cheaper.
+    for (auto it = format.contains(u"RPM"_s) ? named.globalMatch(format) : QRegularExpressionMatchIterator(); it.hasNext();) {
         const QString rpm = it.next().captured(1);
         if (rpm == u"33" || rpm == u"45" || rpm == u"78")
             return rpm + u" RPM"_s;
     }
     static const QRegularExpression lp(u"(?:^|[\\s,+])(?:\\d+x)?LP(?=$|[\\s,+])"_s);
     static const QRegularExpression seven(u"(?:^|[\\s,+])(?:\\d+x)?7\""_s);
-    if (lp.match(format).hasMatch())
+    if (format.contains(u"LP"_s) && lp.match(format).hasMatch())
         return u"33 RPM"_s;
-    if (seven.match(format).hasMatch())
+    if (format.contains(u"7\""_s) && seven.match(format).hasMatch())
         return u"45 RPM"_s;
     return {};
 }
@@ -92,6 +98,9 @@ private:
     const QList<qsizetype> &m_positions;
 };
 
+const QString kNoTitle = u"no name (the Title is empty)"_s;
+const QString kNotADate = u"Released \"%1\" is not a date"_s;
+
 // Sets the grade of a condition text, or keeps the text in the notes when it is no grade.
 void takeCondition(const QString &condition, const QString &noteTitle, std::optional<QString> &grade, QStringList &notes)
 {
@@ -104,6 +113,17 @@ void takeCondition(const QString &condition, const QString &noteTitle, std::opti
         notes.append(noteTitle + condition);
 }
 
+// Why a row cannot be imported ("" when it can): what recordLine() finds, without the rest.
+QString problemOf(const RowFields &f)
+{
+    if (f.at(Title).isEmpty())
+        return kNoTitle;
+    if (const QString released = f.at(Released); !released.isEmpty() && released != u"0"
+                                                  && !FileAttributes::parseIsoDate(released))
+        return kNotADate.arg(FileAttributes::excerpt(released));
+    return {};
+}
+
 RecordLine recordLine(const RowFields &f, qint64 line)
 {
     RecordLine r;
@@ -112,7 +132,7 @@ RecordLine recordLine(const RowFields &f, qint64 line)
     if (const QString title = f.at(Title); !title.isEmpty())
         v.name = title;
     else
-        r.problem = u"no name (the Title is empty)"_s;
+        r.problem = kNoTitle;
     if (const QString artist = withoutNumberSuffix(f.at(Artist)); !artist.isEmpty())
         v.artist = artist;
     if (const QString label = withoutNumberSuffix(firstLabel(f.at(Label))); !label.isEmpty())
@@ -120,7 +140,7 @@ RecordLine recordLine(const RowFields &f, qint64 line)
     if (const QString released = f.at(Released); !released.isEmpty() && released != u"0") {
         v.releaseDate = FileAttributes::parseIsoDate(released);
         if (!v.releaseDate && r.problem.isEmpty())
-            r.problem = u"Released \"%1\" is not a date"_s.arg(FileAttributes::excerpt(released));
+            r.problem = kNotADate.arg(FileAttributes::excerpt(released));
     }
     const QString format = f.at(Format);
     v.doubleAlbum = albumType(format);
@@ -284,7 +304,7 @@ void read(QList<Csv::RowStart> rows, ImportFile &file)
         const QString release = f.at(ReleaseId);
         const auto last = release.isEmpty() ? lastCopy.end() : lastCopy.find(release);
         // A row with a problem is listed on its own: the release's record is its first good row.
-        const bool good = recordLine(f, row.line).problem.isEmpty();
+        const bool good = problemOf(f).isEmpty();
         if (last == lastCopy.end() || !good) {
             if (!release.isEmpty() && good)
                 lastCopy.insert(release, i);

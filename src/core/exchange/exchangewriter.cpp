@@ -141,18 +141,24 @@ Result<QList<ExchangeWriter::Encodings>> ExchangeWriter::encodingsOf(int from, i
         QByteArray cover;
     };
     QList<Missing> missing;
-    for (int i = from; i < to; ++i) {
-        auto stored = m_store.exchangeEncodings(m_records.at(i).rowId);
-        if (!stored)
-            return stored.error();
-        for (int side = 0; side < 2; ++side) {
-            ExchangeEncoding &encoding = (*stored)[side];
-            if (encoding.kept)
-                encodings[i - from][side] = std::move(*encoding.kept);
-            else if (!encoding.cover.isEmpty())
-                missing.append({i, side, std::move(encoding.cover)});
+    // One read transaction for the lot: SQLite would otherwise lock and unlock per record.
+    const auto read = m_store.reading([&]() -> Result<void> {
+        for (int i = from; i < to; ++i) {
+            auto stored = m_store.exchangeEncodings(m_records.at(i).rowId);
+            if (!stored)
+                return stored.error();
+            for (int side = 0; side < 2; ++side) {
+                ExchangeEncoding &encoding = (*stored)[side];
+                if (encoding.kept)
+                    encodings[i - from][side] = std::move(*encoding.kept);
+                else if (!encoding.cover.isEmpty())
+                    missing.append({i, side, std::move(encoding.cover)});
+            }
         }
-    }
+        return {};
+    });
+    if (!read)
+        return read.error();
     if (missing.isEmpty())
         return encodings;
     // Encoding covers is the costly part of a first export: spread it over the cores.
@@ -258,7 +264,8 @@ Result<void> ExchangeWriter::writeTracks(int maxLines, int *written)
                 return {};
             }
         }
-        m_data.append(trackLine(m_trackBlock.at(m_nextTrack++)).toUtf8()).append('\n');
+        appendTrackLine(m_data, m_trackBlock.at(m_nextTrack++));
+        m_data.append('\n');
         ++m_linesWritten;
         ++*written;
     }
@@ -301,14 +308,20 @@ QString ExchangeWriter::recordLine(const Vinyl &v)
 
 QString ExchangeWriter::trackLine(const Track &t)
 {
-    const QStringList fields = {
-        numberField(t.duration, Msg::kDuration),
-        textField(t.song, u"song"_s, Msg::kSong, false),
-        numberField(t.trackNumber, Msg::kTrackNumber),
-        numberField(t.vinylID, Msg::kVinylID),
-        textField(t.writtenBy, u"writtenBy"_s, Msg::kWrittenBy, false),
-    };
-    return fields.join(Exchange::kSeparator);
+    QByteArray line;
+    appendTrackLine(line, t);
+    return QString::fromUtf8(line);
+}
+
+void ExchangeWriter::appendTrackLine(QByteArray &out, const Track &t)
+{
+    // Straight into the file's bytes: an export writes hundreds of thousands of these.
+    constexpr char separator = char(Exchange::kSeparator.unicode());
+    out.append(numberField(t.duration, Msg::kDuration).toLatin1()).append(separator);
+    out.append(textField(t.song, u"song"_s, Msg::kSong, false).toUtf8()).append(separator);
+    out.append(numberField(t.trackNumber, Msg::kTrackNumber).toLatin1()).append(separator);
+    out.append(numberField(t.vinylID, Msg::kVinylID).toLatin1()).append(separator);
+    out.append(textField(t.writtenBy, u"writtenBy"_s, Msg::kWrittenBy, false).toUtf8());
 }
 
 Result<QByteArray> ExchangeWriter::build(Store &store, bool exportImages, int *unreadableImages,

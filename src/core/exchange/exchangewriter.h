@@ -64,6 +64,8 @@ public:
     // One line each, without the final line feed (exposed for tests of single fields).
     [[nodiscard]] QString recordLine(const Vinyl &vinyl);
     [[nodiscard]] static QString trackLine(const Track &track);
+    // Appends a track line, without its line feed, to the file's bytes.
+    static void appendTrackLine(QByteArray &out, const Track &track);
 
 private:
     // Fetches the record list and counts the tracks; writes the first marker line.

@@ -103,18 +103,23 @@ Result<ImportCounts> ImportMerge::applyAfterSnapshot(Store &store, const ImportF
 
 Result<void> ImportMerge::run(const Progress &progress)
 {
-    if (auto r = buildLookups(); !r)
-        return r;
     const qint64 total = m_file.lineCount();
     if (m_mode == Mode::Preview) {
         m_outcomes.reserve(total);
-        auto merged = mergeLines(0, total, progress);
-        if (!merged)
-            return merged.error();
-        if (!*merged)
-            return Error{ImportMessages::kCancelled};
-        return {};
+        // One read transaction: every line's look-up reads the same store, and cheaply.
+        return m_store.reading([&]() -> Result<void> {
+            if (auto r = buildLookups(); !r)
+                return r;
+            auto merged = mergeLines(0, total, progress);
+            if (!merged)
+                return merged.error();
+            if (!*merged)
+                return Error{ImportMessages::kCancelled};
+            return {};
+        });
     }
+    if (auto r = buildLookups(); !r)
+        return r;
     for (qint64 from = 0; from < total; from += kLinesPerBatch) {
         const qint64 to = std::min(total, from + kLinesPerBatch);
         const ImportCounts before = m_counts;
@@ -333,25 +338,28 @@ Result<void> ImportMerge::mergeRecord(int index)
 
     const bool withTexts = m_mode == Mode::Preview;
     QList<FieldChange> changed = changes(FileAttributes::records(), before, v, withTexts);
-    std::optional<Result<std::array<ExchangeEncoding, 2>>> exported; // read when a cover differs
+    std::optional<Result<std::array<ExchangeEncoding, 2>>> exported; // read when the line has a cover
     for (const auto &[side, cover, title] : {std::tuple{CoverSide::Front, &v.frontImage, u"Front Cover"_s},
                                              std::tuple{CoverSide::Back, &v.backImage, u"Back Cover"_s}}) {
         if (!*cover)
             continue;
-        auto stored = m_store.coverImage(v.rowId, side);
+        // An exported file carries the JPEG made of the stored picture rather than the picture
+        // itself: that JPEG is the same cover, and the stored picture stays. It is looked at
+        // first, as a file exported here and imported again holds nothing else.
+        if (!exported)
+            exported = m_store.exchangeEncodings(v.rowId);
+        if (!*exported)
+            return exported->error();
+        const ExchangeEncoding &encoding = (**exported)[side == CoverSide::Front ? 0 : 1];
+        if (encoding.kept == **cover) {
+            cover->reset();
+            continue;
+        }
+        // Without a kept encoding the stored picture came with it.
+        auto stored = encoding.kept ? m_store.coverImage(v.rowId, side) : Result<QByteArray>(encoding.cover);
         if (!stored)
             return stored.error();
-        bool same = *stored == **cover;
-        if (!same) {
-            // An exported file carries the JPEG made of the stored picture rather than the
-            // picture itself: that JPEG is the same cover, and the stored picture stays.
-            if (!exported)
-                exported = m_store.exchangeEncodings(v.rowId);
-            if (!*exported)
-                return exported->error();
-            same = (**exported)[side == CoverSide::Front ? 0 : 1].kept == **cover;
-        }
-        if (same) {
+        if (*stored == **cover) {
             cover->reset();
             continue;
         }

@@ -7,6 +7,7 @@
 #include <QImageReader>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QtConcurrent/QtConcurrentRun>
 
 #include <cmath>
 
@@ -25,10 +26,59 @@ QByteArray formatOf(const QByteArray &bytes)
     return {};
 }
 
+quint32 bigEndian(const QByteArray &bytes, qsizetype at, int length)
+{
+    quint32 value = 0;
+    for (int i = 0; i < length; ++i)
+        value = value << 8 | quint8(bytes.at(at + i));
+    return value;
+}
+
+// The size a JPEG or PNG file's header gives, read straight from its bytes: laying out a long
+// report reads every cover's, and an image reader costs more to make than the read itself.
+// Invalid when the header is not where these formats have it.
+QSize sizeFromHeader(const QByteArray &bytes)
+{
+    if (bytes.startsWith("\x89PNG\r\n\x1A\n")) {
+        if (bytes.size() < 24 || bytes.mid(12, 4) != "IHDR")
+            return {};
+        return {int(bigEndian(bytes, 16, 4)), int(bigEndian(bytes, 20, 4))};
+    }
+    // Markers follow the start of image; each but a few carries its length. The frame header
+    // (SOF0 to SOF15, but DHT, JPG and DAC) holds precision, height and width.
+    for (qsizetype at = 2; at + 4 <= bytes.size();) {
+        if (quint8(bytes.at(at)) != 0xFF)
+            return {};
+        const quint8 marker = quint8(bytes.at(at + 1));
+        if (marker == 0xFF) {
+            ++at;
+            continue;
+        }
+        if (marker == 0xD8 || marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7)) {
+            at += 2;
+            continue;
+        }
+        const qsizetype length = bigEndian(bytes, at + 2, 2);
+        if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
+            if (at + 9 > bytes.size())
+                return {};
+            return {int(bigEndian(bytes, at + 7, 2)), int(bigEndian(bytes, at + 5, 2))};
+        }
+        if (marker == 0xD9 || marker == 0xDA || length < 2)
+            return {};
+        at += 2 + length;
+    }
+    return {};
+}
+
 QSize headerSize(const QByteArray &bytes)
 {
     if (bytes.isEmpty())
         return {};
+    if (const QByteArray format = formatOf(bytes); !format.isEmpty()) {
+        if (const QSize size = sizeFromHeader(bytes); size.isValid() && !size.isEmpty())
+            return size;
+    }
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
@@ -43,6 +93,9 @@ CoverReader::CoverReader(const QString &storeFilePath)
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
     Store::configureReader(db, storeFilePath);
     if (db.open()) {
+        // One read transaction while the reader lives: a report reads the covers of thousands
+        // of records, and SQLite would otherwise take and drop its read lock for each.
+        db.transaction();
         m_query = std::make_unique<QSqlQuery>(db);
         if (!m_query->prepare(u"SELECT frontImage, backImage FROM Vinyl WHERE rowid = ?"_s))
             m_query.reset();
@@ -54,6 +107,7 @@ CoverReader::~CoverReader()
     m_query.reset();
     {
         QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
+        db.commit();
         db.close();
     }
     QSqlDatabase::removeDatabase(m_connectionName);
@@ -109,9 +163,12 @@ QImage CoverPictures::decodeScaled(const QByteArray &bytes, int pixelWidth)
     QImage image = reader.read();
     if (image.isNull())
         return {};
-    const QSize size = target.isValid() ? target : scaledSize(image.size(), pixelWidth);
-    if (image.size() != size)
-        image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // A narrower picture stays as it is: the page scales it to its printed width.
+    if (image.width() > pixelWidth) {
+        const QSize size = scaledSize(image.size(), pixelWidth);
+        if (image.size() != size)
+            image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
     return image.convertToFormat(QImage::Format_RGB32);
 }
 
@@ -133,17 +190,60 @@ CoverPicture CoverPictures::cover(const Vinyl &vinyl, CoverSide side, bool decod
     if (const std::optional<CoverPicture> &known = m_last[index];
         vinyl.rowId != 0 && known && (!decode || !known->exists() || !known->image.isNull()))
         return *known;
-    const QByteArray bytes = bytesOf(vinyl, side);
+    std::optional<CoverPicture> picture = decode && vinyl.rowId != 0 ? decodedAhead(vinyl.rowId, index) : std::nullopt;
+    if (!picture)
+        picture = pictureOf(bytesOf(vinyl, side), pixelWidth(), decode);
+    m_last[index] = picture;
+    return *picture;
+}
+
+CoverPicture CoverPictures::pictureOf(const QByteArray &bytes, int pixelWidth, bool decode)
+{
     CoverPicture picture;
     if (decode)
-        picture.image = decodeScaled(bytes, pixelWidth());
-    picture.size = picture.image.isNull() ? scaledSize(headerSize(bytes), pixelWidth()) : picture.image.size();
+        picture.image = decodeScaled(bytes, pixelWidth);
+    picture.size = scaledSize(picture.image.isNull() ? headerSize(bytes) : picture.image.size(), pixelWidth);
     if (decode && picture.image.isNull() && picture.exists()) {
         // A picture whose data breaks off after its header: its place stays blank, so the page
         // keeps the layout it was given when only sizes were read.
         picture.image = QImage(picture.size, QImage::Format_RGB32);
         picture.image.fill(Qt::white);
     }
-    m_last[index] = picture;
     return picture;
+}
+
+void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
+{
+    Batch batch;
+    QList<QByteArray> bytes;
+    for (const Vinyl *vinyl : records) {
+        if (vinyl->rowId == 0)
+            continue;
+        batch.rowIds.append(vinyl->rowId);
+        bytes << bytesOf(*vinyl, CoverSide::Front) << bytesOf(*vinyl, CoverSide::Back);
+    }
+    if (batch.rowIds.isEmpty())
+        return;
+    batch.pictures = QtConcurrent::run([bytes = std::move(bytes), width = pixelWidth()] {
+        QList<CoverPicture> pictures;
+        pictures.reserve(bytes.size());
+        for (const QByteArray &cover : bytes)
+            pictures.append(pictureOf(cover, width, true));
+        return pictures;
+    });
+    m_ahead.push_back(std::move(batch));
+}
+
+std::optional<CoverPicture> CoverPictures::decodedAhead(qint64 rowId, int side)
+{
+    for (std::size_t b = 0; b < m_ahead.size(); ++b) {
+        const qsizetype at = m_ahead[b].rowIds.indexOf(rowId);
+        if (at < 0)
+            continue;
+        // Records come in order: the batches before this one are done with.
+        m_ahead.erase(m_ahead.begin(), m_ahead.begin() + qsizetype(b));
+        // Waits for the other thread, or decodes here when it has not started yet.
+        return m_ahead.front().pictures.result().at(2 * at + side);
+    }
+    return std::nullopt;
 }

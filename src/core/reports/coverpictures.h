@@ -3,10 +3,13 @@
 #include "store/entities.h"
 
 #include <QByteArray>
+#include <QFuture>
 #include <QImage>
+#include <QList>
 #include <QSize>
 #include <QString>
 
+#include <deque>
 #include <memory>
 #include <optional>
 
@@ -34,7 +37,8 @@ private:
 };
 
 // A cover as a report shows it: its size in pixels at the printed width and, when it was
-// decoded, the picture at that size.
+// decoded, the picture: at that size, or smaller when the stored picture is narrower (an
+// enlarged copy adds no detail, only pixels to draw; it prints at the same size).
 struct CoverPicture
 {
     QSize size;
@@ -58,19 +62,33 @@ public:
     // The record's cover; with decode false only its size is known (enough to lay a page out).
     // No size when the record has none or its picture cannot be read.
     [[nodiscard]] CoverPicture cover(const Vinyl &vinyl, CoverSide side, bool decode = true);
+    // Reads the covers of these stored records now and decodes them on another thread, so the
+    // pictures are ready when cover() asks for them while this thread draws. Batches are kept
+    // until a record of a later one is asked for.
+    void decodeAhead(const QList<const Vinyl *> &records);
 
     // The size a picture of `original` pixels has at the given pixel width.
     [[nodiscard]] static QSize scaledSize(const QSize &original, int pixelWidth);
-    // Decodes encoded cover bytes to the given pixel width (height keeps the aspect); null
-    // when they are not a picture.
+    // Decodes encoded cover bytes to at most the given pixel width (height keeps the aspect);
+    // null when they are not a picture.
     [[nodiscard]] static QImage decodeScaled(const QByteArray &bytes, int pixelWidth);
 
 private:
+    struct Batch
+    {
+        QList<qint64> rowIds;
+        QFuture<QList<CoverPicture>> pictures; // front and back of each record
+    };
+
     [[nodiscard]] QByteArray bytesOf(const Vinyl &vinyl, CoverSide side);
+    [[nodiscard]] static CoverPicture pictureOf(const QByteArray &bytes, int pixelWidth, bool decode);
+    // The picture decoded ahead, if the record is in a batch.
+    [[nodiscard]] std::optional<CoverPicture> decodedAhead(qint64 rowId, int side);
 
     CoverReader *m_reader;
     double m_width;
     // The covers of the last record asked for: a page laid out again starts with them.
     qint64 m_lastRowId = 0;
     std::optional<CoverPicture> m_last[2]; // front, back; none until read
+    std::deque<Batch> m_ahead;
 };

@@ -208,6 +208,8 @@ Result<void> ReportPages::write(Piece &piece, const Position &at)
     if (at.block < lines) {
         cursor.insertText(m_lines.at(at.block), body);
     } else if (at.block == lines) {
+        if (m_decodePictures && m_decodeAhead)
+            decodeAheadOf(at.record);
         const Vinyl &vinyl = m_content.record(at.record);
         for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
             const CoverPicture picture = m_covers.cover(vinyl, side, m_decodePictures);
@@ -226,6 +228,22 @@ Result<void> ReportPages::write(Piece &piece, const Position &at)
         }
     }
     return {};
+}
+
+void ReportPages::decodeAheadOf(int record)
+{
+    // Two batches ahead: one decoding while the other is drawn.
+    constexpr int kBatch = 24;
+    const int until = std::min(m_content.recordCount(), record + 2 * kBatch);
+    m_decodedUntil = std::max(m_decodedUntil, record);
+    while (m_decodedUntil < until) {
+        const int end = std::min(m_decodedUntil + kBatch, m_content.recordCount());
+        QList<const Vinyl *> batch;
+        for (int i = m_decodedUntil; i < end; ++i)
+            batch.append(&m_content.record(i));
+        m_covers.decodeAhead(batch);
+        m_decodedUntil = end;
+    }
 }
 
 Result<bool> ReportPages::writeRestOfRecord(Piece &piece, Position &at)

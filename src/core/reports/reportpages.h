@@ -47,6 +47,10 @@ public:
     // counts the records written; a cancel stops it between two records without an error.
     Result<void> layOut(const PageSink &sink, const PageStart &from = {}, const BackgroundJob::Progress &progress = {});
 
+    // Decodes the covers of the next records on another thread while this one lays pages out
+    // and draws them: for a whole document, not for a page drawn on its own.
+    void setDecodeAhead(bool ahead) { m_decodeAhead = ahead; }
+
     // Draws a page of a piece with the page's top-left corner at the painter's origin, in points.
     static void draw(QTextDocument &piece, int pageInPiece, QPainter &painter);
     // The text on a page: one line per block (U+FFFC for a cover), as a test reads it.
@@ -67,10 +71,14 @@ private:
     Result<void> write(Piece &piece, const Position &at);
     // Writes the blocks after `at` to the end of their record; false at the end of the report.
     Result<bool> writeRestOfRecord(Piece &piece, Position &at);
+    // Keeps the covers of the records after `record` decoding ahead.
+    void decodeAheadOf(int record);
 
     const ReportContent &m_content;
     CoverPictures &m_covers;
     bool m_decodePictures;
+    bool m_decodeAhead = false;
+    int m_decodedUntil = 0; // the records before it are decoding or decoded ahead
     std::unique_ptr<LayoutDevice> m_device;
     // The lines of the record being written.
     int m_linesOf = -2;

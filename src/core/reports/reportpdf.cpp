@@ -96,6 +96,7 @@ DrawnPages drawPages(const ReportContent &content, QPagedPaintDevice &device, QP
     CancelWatch watch(progress);
     CoverPictures pictures(covers, ReportBuilder::kViewWidth / 6);
     ReportPages layout(content, pictures, true);
+    layout.setDecodeAhead(true);
     drawn.laidOut = layout.layOut(
         [&](QTextDocument &piece, int page, const PageStart &) {
             drawn.pageRefused = drawn.pages == 0 ? !painter.begin(&device) : !device.newPage();

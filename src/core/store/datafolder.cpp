@@ -6,10 +6,6 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,15 +17,6 @@ void pinLocalTimeZone()
         qputenv("TZ", ":/etc/localtime");
 }
 
-// A report makes and drops a document and its pictures per page. By default the C library
-// hands freed memory back to the system at once and asks for it again on the next page, which
-// costs as much as the report's own work; keeping a little spare at the top of the heap stops that.
-void keepFreedMemoryForReuse()
-{
-#ifdef __GLIBC__
-    mallopt(M_TOP_PAD, 32 * 1024 * 1024);
-#endif
-}
 } // namespace
 
 DataFolder::DataFolder(QString dir, const QString &settingsFile, std::unique_ptr<Store> store)
@@ -42,7 +29,6 @@ DataFolder::~DataFolder() = default;
 Result<std::unique_ptr<DataFolder>> DataFolder::open(const QString &dir, bool chosen)
 {
     pinLocalTimeZone();
-    keepFreedMemoryForReuse();
     if (!QDir().mkpath(dir))
         return Error{u"Cannot create the data folder "_s + dir};
     auto store = Store::open(QDir(dir).filePath(Store::kFileName));

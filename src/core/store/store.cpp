@@ -758,6 +758,19 @@ Result<void> Store::transaction(const std::function<Result<void>()> &work)
     return {};
 }
 
+Result<void> Store::reading(const std::function<Result<void>()> &work)
+{
+    if (m_transactionDepth > 0 || m_reading)
+        return work();
+    if (auto begun = control("BEGIN"); !begun)
+        return begun;
+    m_reading = true;
+    Result<void> result = work();
+    m_reading = false;
+    (void)control("COMMIT"); // ends the read; nothing was written
+    return result;
+}
+
 Result<void> Store::control(const char *sql)
 {
     sqlite3 *handle = connectionOf(database());

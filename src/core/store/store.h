@@ -159,6 +159,10 @@ public:
     // out gives kBusyMessage. A read-only store refuses with readOnlyError().
     Result<void> transaction(const std::function<Result<void>()> &work);
     [[nodiscard]] bool inTransaction() const { return m_transactionDepth > 0; }
+    // Runs work, which only reads, in one read transaction: its reads see one state of the
+    // store, and SQLite takes and drops its read lock once instead of for every statement.
+    // Inside a transaction it just runs work.
+    Result<void> reading(const std::function<Result<void>()> &work);
 
     // Changes other connections (other programs) committed: a number that differs from the one
     // read before whenever they changed the store in between.
@@ -191,5 +195,6 @@ private:
     QString m_filePath;
     QString m_readOnlyReason;
     int m_transactionDepth = 0;
+    bool m_reading = false;
     qint64 m_writeCount = 0;
 };

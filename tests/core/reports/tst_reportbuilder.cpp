@@ -12,6 +12,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QPageLayout>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QTest>
 #include <QTextBlock>
@@ -357,30 +358,40 @@ private slots:
         QCOMPARE(ReportContent::filteredList(BreakdownKinds::Label, {}).errorMessage(), u"No Vinyl's to Print!"_s);
     }
 
+    // A cover takes its printed width on the page; its picture is decoded at that width, or
+    // kept as it is when narrower (the page scales it), never enlarged in memory.
     void coversAreScaledToTheirPrintedWidth_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("large square") << pngBytes(600, 600) << QSize(130, 130);
-        QTest::newRow("wide") << pngBytes(400, 200) << QSize(130, 65);
-        QTest::newRow("small is enlarged") << pngBytes(20, 40) << QSize(130, 260);
-        QTest::newRow("odd height rounds") << pngBytes(300, 199) << QSize(130, 86);
-        QTest::newRow("not a picture") << QByteArray("garbage") << QSize();
-        QTest::newRow("none") << QByteArray() << QSize();
+        QTest::addColumn<QSize>("size");   // printed, in pixels
+        QTest::addColumn<QSize>("pixels"); // of the decoded picture
+        QTest::newRow("large square") << pngBytes(600, 600) << QSize(130, 130) << QSize(130, 130);
+        QTest::newRow("wide") << pngBytes(400, 200) << QSize(130, 65) << QSize(130, 65);
+        QTest::newRow("large JPEG decoded scaled") << encodedPicture(solidPicture(QSize(520, 390), Qt::blue), "JPEG")
+                                                   << QSize(130, 98) << QSize(130, 98);
+        QTest::newRow("small is printed as large, not enlarged") << pngBytes(20, 40) << QSize(130, 260) << QSize(20, 40);
+        QTest::newRow("small JPEG") << encodedPicture(solidPicture(QSize(100, 100), Qt::blue), "JPEG")
+                                    << QSize(130, 130) << QSize(100, 100);
+        QTest::newRow("odd height rounds") << pngBytes(300, 199) << QSize(130, 86) << QSize(130, 86);
+        QTest::newRow("not a picture") << QByteArray("garbage") << QSize() << QSize();
+        QTest::newRow("JPEG start, no frame") << QByteArray("\xFF\xD8\xFF\xE0\x00\x04" "ab", 8) << QSize() << QSize();
+        QTest::newRow("none") << QByteArray() << QSize() << QSize();
     }
 
     void coversAreScaledToTheirPrintedWidth()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QSize, size);
+        QFETCH(QSize, pixels);
         CoverPictures covers(nullptr, kCoverWidth);
         Vinyl v;
         v.imagesLoaded = true;
         v.frontImage = bytes;
         const CoverPicture decoded = covers.cover(v, CoverSide::Front);
-        QCOMPARE(decoded.image.isNull() ? QSize() : decoded.image.size(), size);
+        QCOMPARE(decoded.size, size);
+        QCOMPARE(decoded.image.isNull() ? QSize() : decoded.image.size(), pixels);
         // Reading only the header gives the same size, so pages break where they will print.
-        QCOMPARE(covers.cover(v, CoverSide::Front, false).size, size.isValid() ? size : QSize());
+        QCOMPARE(covers.cover(v, CoverSide::Front, false).size, size);
     }
 
     // Pieces restart at page tops; together they must be the long document, page for page,
@@ -432,9 +443,19 @@ private slots:
         CoverReader reader(t.store().filePath());
         CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
         ReportPages pages(*content, covers, true);
+        // As a whole document is drawn: covers decoded ahead on another thread.
+        pages.setDecodeAhead(true);
         QStringList texts;
+        QList<QImage> drawn;
         QVERIFY(pages.layOut([&](QTextDocument &piece, int page, const PageStart &) {
             texts.append(ReportPages::text(piece, page));
+            QImage image(300, 424, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+            painter.scale(300 / ReportBuilder::kPageWidth, 300 / ReportBuilder::kPageWidth);
+            ReportPages::draw(piece, page, painter);
+            drawn.append(image);
             return true;
         }));
 
@@ -447,8 +468,10 @@ private slots:
         QCOMPARE(counted.constLast(), 45);
         QVERIFY(std::is_sorted(counted.cbegin(), counted.cend()));
         QCOMPARE(report.pageCount(), texts.size());
-        for (int page = texts.size() - 1; page >= 0; --page)
+        for (int page = texts.size() - 1; page >= 0; --page) {
             QCOMPARE(report.text(page), texts.at(page));
+            QCOMPARE(report.render(page, 300), drawn.at(page));
+        }
         QVERIFY(report.text(0).startsWith(u"Complete List of Vinyl\n"_s));
         QVERIFY(report.text(0).contains(u'\n' + kPicture + u"   "_s + kPicture + u'\n'));
         QCOMPARE(report.render(1, 300).size(), QSize(300, 424));
