@@ -64,6 +64,8 @@ void ListVinylTableViewController::viewDidLoad()
     m_sortName = BrowseTexts::kSortName;
     app()->state()->editCurrentRecord().images.clear();
     emit placeholderChanged();
+    // Read from the settings now that the app is known.
+    emit tableChosenChanged();
     refresh();
 }
 
