@@ -4,9 +4,11 @@
 #include "shell/appstate.h"
 #include "shell/mainmenuviewcontroller.h"
 #include "store/samplecollection.h"
+#include "store/settings.h"
 #include "testsupport.h"
 
 #include <QGuiApplication>
+#include <QJSValue>
 #include <QPointingDevice>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -68,6 +70,7 @@ private slots:
 
     void cleanup()
     {
+        m_app->app().settings().setValue(SettingsKeys::ListShowsTable, false);
         m_app->app().navigator()->unwind(u"unwindToMenu"_s);
         QTRY_COMPARE(topName(), u"MainMenuView"_s);
         QVERIFY(m_view->waitForTransition());
@@ -266,6 +269,50 @@ private slots:
         QVERIFY2(name.startsWith(u"Album: "_s + m_app->app().state()->currentRecordName() + u"  "_s), qPrintable(name));
     }
 
+    // The table chosen on a desktop-wide window: the arrow keys move its current row, Enter opens
+    // it; a header click sorts by its column. Narrower, the cards show.
+    void tableRowsMoveByKeysAndOpen()
+    {
+        m_app->app().settings().setValue(SettingsKeys::ListShowsTable, true);
+        open(u"ListVinylTableView"_s, kDesktop);
+        QQuickItem *table = item(u"VinylTable"_s);
+        QVERIFY(table && table->isVisible());
+        QTRY_VERIFY(table->property("count").toInt() > 2);
+        QVERIFY(!item(u"VinylList"_s)->isVisible());
+        QQuickItem *header = item(u"TableHeader"_s);
+        QVERIFY(header);
+        // The Value header (the seventh), then the list's keys.
+        QQuickItem *value = nullptr;
+        for (QQuickItem *cell : header->childItems().constFirst()->childItems()) {
+            if (cell->property("modelData").toString() == u"Value"_s)
+                value = cell;
+        }
+        QVERIFY(value);
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, value->mapToScene(QPointF(value->width() / 3, value->height() / 2)).toPoint());
+        QTRY_COMPARE(value->property("sorted").toBool(), true);
+        key(Qt::Key_F, Qt::ControlModifier);
+        QTRY_COMPARE(m_window->activeFocusItem(), item(u"SearchField"_s));
+        key(Qt::Key_Down);
+        QTRY_VERIFY(table->hasActiveFocus());
+        QCOMPARE(table->property("currentIndex").toInt(), 0);
+        key(Qt::Key_Down);
+        key(Qt::Key_Down);
+        QCOMPARE(table->property("currentIndex").toInt(), 2);
+        QVariant cells = table->property("currentItem").value<QQuickItem *>()->property("cells");
+        if (cells.metaType() == QMetaType::fromType<QJSValue>())
+            cells = cells.value<QJSValue>().toVariant();
+        key(Qt::Key_Return);
+        QTRY_COMPARE(topName(), u"EditVinylView"_s);
+        QCOMPARE(cells.toStringList().value(0), m_app->app().state()->currentRecordName());
+
+        m_app->app().navigator()->unwind(u"unwindToMenu"_s);
+        QTRY_COMPARE(topName(), u"MainMenuView"_s);
+        QVERIFY(m_view->waitForTransition());
+        open(u"ListVinylTableView"_s, QSize(1037, 900));
+        QVERIFY(item(u"VinylList"_s)->isVisible());
+        QVERIFY(!item(u"VinylTable"_s)->isVisible());
+    }
+
     void aRowOffersItsDeleteAsASwipeDoes_data()
     {
         QTest::addColumn<QString>("screen");
@@ -273,6 +320,8 @@ private slots:
         QTest::addColumn<bool>("byKey");
         QTest::newRow("record card, Delete key") << u"ListVinylTableView"_s << u"VinylList"_s << true;
         QTest::newRow("record card, right-click") << u"ListVinylTableView"_s << u"VinylList"_s << false;
+        QTest::newRow("table row, Delete key") << u"ListVinylTableView"_s << u"VinylTable"_s << true;
+        QTest::newRow("table row, right-click") << u"ListVinylTableView"_s << u"VinylTable"_s << false;
         QTest::newRow("grade, Delete key") << u"VinylConditionTableView"_s << u"ConditionList"_s << true;
         QTest::newRow("grade, right-click") << u"VinylConditionTableView"_s << u"ConditionList"_s << false;
     }
@@ -282,6 +331,7 @@ private slots:
         QFETCH(QString, screen);
         QFETCH(QString, list);
         QFETCH(bool, byKey);
+        m_app->app().settings().setValue(SettingsKeys::ListShowsTable, list == u"VinylTable"_s);
         open(screen, kDesktop);
         QQuickItem *grid = item(list);
         QVERIFY(grid);

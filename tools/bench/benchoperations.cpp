@@ -131,6 +131,13 @@ void measureCollectionList(BenchReport &report, BenchCollection &c)
         addFrame(report, c, u"list Refresh by "_s + column, ms, Floors::select(file, screenful(column + folded), kRuns));
     }
 
+    // A click on the table's Value header: by value, each click the other way.
+    const double byValue = medianMs(kRuns, [&] {
+        list.columnHeaderClicked(6);
+        readFirstScreenful(*list.model());
+    });
+    addFrame(report, c, u"change the sort (table, by value)"_s, byValue, Floors::select(file, screenful(u"value"_s), kRuns));
+
     // Jumping to the end of a list just opened: its last screenful.
     const double last = medianMs(
         kRuns,

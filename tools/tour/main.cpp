@@ -140,6 +140,14 @@ int main(int argc, char *argv[])
     QList<TourStep> lastSteps;
     addExchangeProgressSteps(lastSteps);
     addReportProgressSteps(lastSteps);
+    QList<TourStep> wideSteps;
+    addWideSteps(wideSteps);
+    // PLATTERBOX_TOUR_ONLY=text takes only the pictures whose file names hold text.
+    const QString only = qEnvironmentVariable("PLATTERBOX_TOUR_ONLY");
+    for (QList<TourStep> *list : {&steps, &lastSteps, &wideSteps}) {
+        if (!only.isEmpty())
+            list->removeIf([&only](const TourStep &step) { return !step.fileName.contains(only); });
+    }
 
     // Every screen at the three widths the screens adapt to: phone (the window's own size, in
     // the folder itself), tablet and desktop (in sub-folders).
@@ -192,6 +200,12 @@ int main(int argc, char *argv[])
         for (const TourStep &step : steps)
             picture(dir, step);
     }
+    const QDir wide(QDir(outDir).filePath(u"desktop-1600"_s));
+    QDir().mkpath(wide.path());
+    window->resize(QSize(1600, 1000));
+    context.settle(600);
+    for (const TourStep &step : wideSteps)
+        picture(wide, step);
     window->resize(sizes.first().size);
     context.settle(600);
     for (const TourStep &step : lastSteps)
@@ -199,5 +213,5 @@ int main(int argc, char *argv[])
     printf("%d screens written to %s\n", written, qPrintable(outDir));
     if (cut > 0)
         fprintf(stderr, "tour: %d texts or cards cut short\n", cut);
-    return written == steps.size() * sizes.size() + lastSteps.size() && cut == 0 ? 0 : 1;
+    return written == steps.size() * sizes.size() + wideSteps.size() + lastSteps.size() && cut == 0 ? 0 : 1;
 }

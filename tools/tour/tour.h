@@ -61,6 +61,8 @@ void addValuationSteps(QList<TourStep> &steps);
 void addExchangeSteps(QList<TourStep> &steps);
 void addFeedbackSteps(QList<TourStep> &steps);
 void addStatsSteps(QList<TourStep> &steps);
+// Once more at a wide desktop window (1,600 px): the screens that use the room.
+void addWideSteps(QList<TourStep> &steps);
 // Last, once, at phone size: these grow the collection.
 void addExchangeProgressSteps(QList<TourStep> &steps);
 void addReportProgressSteps(QList<TourStep> &steps);

@@ -11,11 +11,24 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-ListVinylTableViewController *openCollectionList(TourContext &c)
+ListVinylTableViewController *openCollectionList(TourContext &c, bool table = false)
 {
     c.home();
     c.show(u"ListVinylTableView"_s);
-    return qobject_cast<ListVinylTableViewController *>(c.topController());
+    auto *list = qobject_cast<ListVinylTableViewController *>(c.topController());
+    if (list)
+        list->setTableChosen(table);
+    return list;
+}
+
+// The table, sorted by value, highest first (under the desktop width: the cards).
+void openCollectionTable(TourContext &c)
+{
+    if (auto *list = openCollectionList(c, true)) {
+        list->columnHeaderClicked(6);
+        list->columnHeaderClicked(6);
+    }
+    c.settle(700);
 }
 
 void search(TourContext &c, const QString &text)
@@ -64,6 +77,12 @@ void addBrowseSteps(QList<TourStep> &steps)
                           c.settle(700);
                       }});
     }
+    steps.append({u"list-table.png"_s, openCollectionTable});
+    steps.append({u"list-table-searching.png"_s, [](TourContext &c) {
+                      openCollectionTable(c);
+                      search(c, u"th"_s);
+                      c.settle(700);
+                  }});
     steps.append({u"collection-list-searching.png"_s, [](TourContext &c) {
                       openCollectionList(c);
                       search(c, u"th"_s);
@@ -101,4 +120,9 @@ void addBrowseSteps(QList<TourStep> &steps)
                       openBreakdown<ArtistGroupTableViewController>(c, 0, 1);
                       search(c, u"a"_s);
                   }});
+}
+
+void addWideSteps(QList<TourStep> &steps)
+{
+    steps.append({u"list-table.png"_s, openCollectionTable});
 }

@@ -22,6 +22,12 @@ inline const QString kSortName = u"Name"_s;
 inline const QString kSortYear = u"Year"_s;
 inline const QString kSortRecordLabel = u"RecordLabel"_s;
 inline const QString kSortArtist = u"Artist"_s;
+// ... and the further ones of the table's headers.
+inline const QString kSortSpeed = u"Speed"_s;
+inline const QString kSortQuantity = u"Quantity"_s;
+inline const QString kSortValue = u"Value"_s;
+inline const QString kSortTotal = u"Total"_s;
+inline const QString kSearchByName = u"Search by Name"_s;
 
 inline const QString kRecordNotFoundTitle = u"Record Not Found"_s;
 inline const QString kRecordNotFoundMessage = u"This record is no longer in the collection; the list has been refreshed."_s;

@@ -3,6 +3,7 @@
 #include "collection/browsetexts.h"
 #include "collection/textorder.h"
 #include "store/formatters.h"
+#include "store/store.h"
 
 #include <algorithm>
 
@@ -20,7 +21,34 @@ QString sortAttribute(const QString &sortName)
         return u"recordLabel"_s;
     if (sortName == BrowseTexts::kSortArtist)
         return u"artist"_s;
+    if (sortName == BrowseTexts::kSortSpeed)
+        return u"recordSpeed"_s;
+    if (sortName == BrowseTexts::kSortQuantity)
+        return u"quantity"_s;
+    if (sortName == BrowseTexts::kSortValue)
+        return u"value"_s;
+    if (sortName == BrowseTexts::kSortTotal)
+        return Store::kTotalValue;
     return {};
+}
+
+QString searchAttribute(const QString &sortName)
+{
+    const QString sorted = sortAttribute(sortName);
+    if (sorted.isEmpty() || sortName == BrowseTexts::kSortYear)
+        return {};
+    return Store::kSearchedAttributes.contains(sorted) ? sorted : u"name"_s;
+}
+
+const QList<TableColumn> &tableColumns()
+{
+    static const QList<TableColumn> columns = {
+        {u"Album"_s, BrowseTexts::kSortName},      {u"Artist"_s, BrowseTexts::kSortArtist},
+        {u"Year"_s, BrowseTexts::kSortYear},       {u"Label"_s, BrowseTexts::kSortRecordLabel},
+        {u"Speed"_s, BrowseTexts::kSortSpeed},     {u"Quantity"_s, BrowseTexts::kSortQuantity},
+        {u"Value"_s, BrowseTexts::kSortValue},     {u"Total"_s, BrowseTexts::kSortTotal},
+    };
+    return columns;
 }
 
 QString TextCache::currency(double amount)
@@ -40,13 +68,24 @@ QString TextCache::mediumDate(const QDateTime &date)
     return *it;
 }
 
+QString TextCache::year(const QDateTime &date)
+{
+    const qint64 key = date.toMSecsSinceEpoch();
+    auto it = m_years.constFind(key);
+    if (it == m_years.constEnd())
+        it = m_years.insert(key, Formatters::year(date));
+    return *it;
+}
+
 RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts)
 {
     RecordCard card;
     card.rowId = vinyl.rowId;
     // Sorted by year or label the name line is left as laid out (empty): the card leads
-    // with what the list is sorted by instead.
-    if (sortName == BrowseTexts::kSortName)
+    // with what the list is sorted by instead. The table's further orders keep the name.
+    if (sortName == BrowseTexts::kSortName || sortName == BrowseTexts::kSortSpeed
+        || sortName == BrowseTexts::kSortQuantity || sortName == BrowseTexts::kSortValue
+        || sortName == BrowseTexts::kSortTotal)
         card.nameLabel = u"Album: "_s + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
     else if (sortName == BrowseTexts::kSortArtist)
         card.nameLabel = u"Artist: "_s + text(vinyl.artist) + u"  Album: "_s + text(vinyl.name);
@@ -61,6 +100,14 @@ RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &text
         + texts.currency(total);
     card.speedLabel = u"Length: "_s + Formatters::shortest(number(vinyl.albumDuration)) + u" min  Type: "_s
         + text(vinyl.doubleAlbum);
+    card.cells = {text(vinyl.name),
+                  text(vinyl.artist),
+                  vinyl.releaseDate ? texts.year(*vinyl.releaseDate) : QString(),
+                  text(vinyl.recordLabel),
+                  text(vinyl.recordSpeed),
+                  QString::number(number(vinyl.quantity)),
+                  texts.currency(double(number(vinyl.value))),
+                  texts.currency(total)};
     return card;
 }
 

@@ -13,9 +13,22 @@
 // by, what a search keeps, the card texts and the header.
 namespace CollectionList {
 
-// The store attribute a sort choice ("Name", "Year", "RecordLabel", "Artist") sorts by;
-// empty for any other choice (store order).
+// The store attribute a sort choice ("Name", "Year", "RecordLabel", "Artist", and the table's
+// "Speed", "Quantity", "Value", "Total") sorts by; empty for any other choice (store order).
 [[nodiscard]] QString sortAttribute(const QString &sortName);
+// The text attribute a search reads under a sort choice: the sorted text itself, and the name
+// under the orders of figures and speeds; empty under "Year" (searched by its date text) and
+// any other choice.
+[[nodiscard]] QString searchAttribute(const QString &sortName);
+
+// A column of the collection table: its header and the sort choice a click on it makes.
+struct TableColumn
+{
+    QString title;
+    QString sortName;
+};
+// Album, Artist, Year, Label, Speed, Quantity, Value, Total: the order of RecordCard::cells.
+[[nodiscard]] const QList<TableColumn> &tableColumns();
 
 // Remembers the texts of amounts and dates already formatted during one load: collections
 // repeat prices and release days a lot, and formatting is most of a card's cost.
@@ -24,13 +37,15 @@ class TextCache
 public:
     [[nodiscard]] QString currency(double amount);
     [[nodiscard]] QString mediumDate(const QDateTime &date);
+    [[nodiscard]] QString year(const QDateTime &date);
 
 private:
     QHash<double, QString> m_currency;
     QHash<qint64, QString> m_dates;
+    QHash<qint64, QString> m_years;
 };
 
-// The card of a record under a sort choice.
+// The card of a record under a sort choice, with its row's cells in the table.
 [[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts);
 
 // The records of list (indices into records, kept in list order) that a search for text keeps

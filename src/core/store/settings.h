@@ -15,6 +15,8 @@ inline const QString UseDateWheel = QStringLiteral("UseDateWheel");
 inline const QString UseDateCompact = QStringLiteral("UseDateCompact");
 inline const QString UseDateInline = QStringLiteral("UseDateInline");
 inline const QString ReviewServiceLastRequest = QStringLiteral("ReviewService.lastRequest");
+// The collection list shows a table rather than cards (on a desktop-wide window).
+inline const QString ListShowsTable = QStringLiteral("ListVinylTableView.showsTable");
 } // namespace SettingsKeys
 
 class Settings

@@ -200,6 +200,9 @@ QString columnList(Entity entity, bool includeImages)
     return names.join(u", "_s);
 }
 
+// Store::kTotalValue as SQL, written as its index holds it so the index yields the order.
+const QString kTotalValueExpression = u"ifnull(quantity, 0) * ifnull(value, 0)"_s;
+
 struct BuiltQuery
 {
     QString sql;
@@ -241,6 +244,10 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
         QStringList order;
         const auto direction = [&](bool ascending) { return ascending != request.reversed ? u" ASC"_s : u" DESC"_s; };
         for (const SortKey &key : request.sortKeys) {
+            if (request.entity == Entity::Vinyl && key.attribute == Store::kTotalValue) {
+                order << kTotalValueExpression + direction(key.ascending);
+                continue;
+            }
             const Column *column = findColumn(request.entity, key.attribute);
             if (!column)
                 return Error{u"Unknown sort attribute "_s + key.attribute + u" of "_s + entityName(request.entity)};
@@ -355,6 +362,14 @@ QString listOrderIndex(const QString &order)
 {
     return u"VinylBy"_s + order.at(0).toUpper() + order.mid(1);
 }
+
+// The table's further orders, by attribute or expression; an index per direction each.
+const QList<std::pair<QString, QString>> kTableOrders = {
+    {u"recordSpeed"_s, u"recordSpeed"_s},
+    {u"quantity"_s, u"quantity"_s},
+    {u"value"_s, u"value"_s},
+    {Store::kTotalValue, u'(' + kTotalValueExpression + u')'},
+};
 
 QAtomicInteger<quint64> s_connectionCounter;
 QAtomicInt s_busyTimeoutMs = Store::kBusyTimeoutMs;
@@ -668,6 +683,16 @@ Result<void> Store::migrate()
             statements << KeptFigures::schema()
                        << u"CREATE INDEX IF NOT EXISTS VinylByGain ON Vinyl((value - cost) * quantity DESC, name, artist) "
                           "WHERE cost > 0"_s;
+        }
+        if (version < 8) {
+            // The table sorts by speed, copies, value and total value as well: a screenful of
+            // each, either way, comes from an index without a sort, ties by row identity.
+            for (const auto &[order, indexed] : kTableOrders) {
+                const QString index = listOrderIndex(order);
+                statements << u"CREATE INDEX IF NOT EXISTS "_s + index + u" ON Vinyl("_s + indexed + u')'
+                           << u"CREATE INDEX IF NOT EXISTS "_s + index + u"Descending ON Vinyl("_s + indexed
+                                  + u" DESC)"_s;
+            }
         }
         statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         return execAll(statements);

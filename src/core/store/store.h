@@ -38,7 +38,7 @@ struct ExchangeEncoding
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 7;
+    static constexpr int kSchemaVersion = 8;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows.
     static inline const QStringList kCardAttributes = {
@@ -46,6 +46,10 @@ public:
         QStringLiteral("recordLabel"), QStringLiteral("producer"),      QStringLiteral("quantity"),
         QStringLiteral("albumDuration"), QStringLiteral("recordSpeed"), QStringLiteral("doubleAlbum"),
         QStringLiteral("cost"),        QStringLiteral("value")};
+
+    // A sort key that orders records by their total value, copies times value (an absent
+    // number as 0), read from an index of its own like any other list order.
+    static inline const QString kTotalValue = QStringLiteral("totalValue");
 
     // The attributes a list searches; each has a case-folded copy (foldedColumn()) written with
     // every save and held in its list-order indexes, which Predicate::contains() reads.

@@ -4,11 +4,15 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Platterbox
 
-// The whole collection as cards, with the sort menu, the search field and the count.
+// The whole collection as cards (or, desktop-wide, as a table), with the sort menu, the search
+// field and the count.
 ScreenPage {
     id: root
 
     title: controller.title
+
+    // The table where it was chosen and the window is desktop-wide; the cards elsewhere.
+    readonly property bool showsTable: controller.tableChosen && Adaptive.isDesktop(width)
 
     function unwound(segue) {
         controller.unwindToList()
@@ -48,6 +52,13 @@ ScreenPage {
             }
         },
         ToolbarButton {
+            objectName: "TableButton"
+            text: controller.tableChosen ? "Cards" : "Table"
+            toolTip: controller.tableChosen ? "Show the records as cards" : "Show the records as a table"
+            visible: Adaptive.isDesktop(root.width)
+            onClicked: controller.tableChosen = !controller.tableChosen
+        },
+        ToolbarButton {
             objectName: "ReportButton"
             text: "Report"
             toolTip: "Report of this list"
@@ -76,7 +87,7 @@ ScreenPage {
         SearchField {
             id: search
             placeholderText: controller.placeholder
-            results: list
+            results: root.showsTable ? table : list
             Layout.fillWidth: true
             Layout.leftMargin: 10
             Layout.rightMargin: 10
@@ -87,13 +98,30 @@ ScreenPage {
             text: controller.headerText
             Layout.fillWidth: true
         }
+        // One of the two shows the rows; the other holds no model, so it makes no rows.
         RecordCardGrid {
             id: list
             objectName: "VinylList"
-            model: controller.model
+            model: root.showsTable ? null : controller.model
+            visible: !root.showsTable
             searchField: search
             Layout.fillWidth: true
             Layout.fillHeight: true
+            onActivated: (index) => controller.rowPicked(index)
+            onDeleteRequested: (index) => controller.deleteRow(index)
+        }
+        RecordTable {
+            id: table
+            objectName: "VinylTableView"
+            model: root.showsTable ? controller.model : null
+            visible: root.showsTable
+            titles: controller.columnTitles
+            sortColumn: controller.sortColumn
+            sortAscending: controller.sortAsc
+            searchField: search
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            onHeaderClicked: (column) => controller.columnHeaderClicked(column)
             onActivated: (index) => controller.rowPicked(index)
             onDeleteRequested: (index) => controller.deleteRow(index)
         }

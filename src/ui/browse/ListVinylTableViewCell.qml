@@ -68,7 +68,8 @@ SwipeRow {
                 Layout.fillWidth: true
             }
 
-            CardLine { objectName: "NameLabel"; text: root.nameLabel; font.bold: true }
+            // Album and artist together may take a third line in a phone's narrowest card.
+            CardLine { objectName: "NameLabel"; text: root.nameLabel; font.bold: true; maximumLineCount: 3 }
             CardLine { objectName: "ReleaseDateLabel"; text: root.releaseDateLabel }
             CardLine { objectName: "ProducerLabel"; text: root.producerLabel }
             CardLine { objectName: "CostLabel"; text: root.costLabel }

@@ -3,6 +3,7 @@
 #include "collection/browsetexts.h"
 #include "shell/appdelegate.h"
 #include "store/logging.h"
+#include "store/settings.h"
 #include "store/store.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ struct SortOption
 const QList<SortOption> &sortOptionTable()
 {
     static const QList<SortOption> table = {
-        {u"By Name"_s, u"Option 1 selected"_s, BrowseTexts::kSortName, u"Search by Name"_s},
+        {u"By Name"_s, u"Option 1 selected"_s, BrowseTexts::kSortName, BrowseTexts::kSearchByName},
         {u"By Year"_s, u"Option 2 selected"_s, BrowseTexts::kSortYear, u"Search by Year"_s},
         {u"By Record Label"_s, u"Option 3 selected"_s, BrowseTexts::kSortRecordLabel, u"Search by Record Label"_s},
         {u"By Artist"_s, u"Option 4 selected"_s, BrowseTexts::kSortArtist, u"Search by Artist"_s},
@@ -63,6 +64,8 @@ void ListVinylTableViewController::viewDidLoad()
     m_sortName = BrowseTexts::kSortName;
     app()->state()->editCurrentRecord().images.clear();
     emit placeholderChanged();
+    // Read from the settings now that the app is known.
+    emit tableChosenChanged();
     refresh();
 }
 
@@ -78,16 +81,71 @@ void ListVinylTableViewController::sortOptionSelected(int option)
     refresh();
 }
 
+bool ListVinylTableViewController::tableChosen() const
+{
+    return app() && app()->settings().boolValue(SettingsKeys::ListShowsTable);
+}
+
+void ListVinylTableViewController::setTableChosen(bool on)
+{
+    if (!app() || on == tableChosen())
+        return;
+    app()->settings().setValue(SettingsKeys::ListShowsTable, on);
+    emit tableChosenChanged();
+}
+
+QStringList ListVinylTableViewController::columnTitles() const
+{
+    QStringList titles;
+    for (const CollectionList::TableColumn &column : CollectionList::tableColumns())
+        titles.append(column.title);
+    return titles;
+}
+
+int ListVinylTableViewController::sortColumn() const
+{
+    const auto &columns = CollectionList::tableColumns();
+    for (int i = 0; i < columns.size(); ++i) {
+        if (columns.at(i).sortName == m_sortName)
+            return i;
+    }
+    return -1;
+}
+
+void ListVinylTableViewController::columnHeaderClicked(int column)
+{
+    const auto &columns = CollectionList::tableColumns();
+    if (!app() || !m_sortAsc || column < 0 || column >= columns.size())
+        return;
+    const QString &sortName = columns.at(column).sortName;
+    m_sortAsc = sortName == m_sortName ? !*m_sortAsc : true;
+    m_sortName = sortName;
+    // The orders without a text of their own search the name.
+    m_placeholder = BrowseTexts::kSearchByName;
+    for (const SortOption &option : sortOptionTable()) {
+        if (option.sortName == sortName)
+            m_placeholder = option.placeholder;
+    }
+    emit placeholderChanged();
+    reload();
+    if (searching())
+        updateSearchResults(m_searchText);
+}
+
 void ListVinylTableViewController::refresh()
 {
     if (!app() || !m_sortAsc)
         return;
-    m_kept.clear();
-    m_texts = {};
     // Every refresh reverses the direction, so choosing the same sort twice reverses the
     // order and the first display (after the direction was set to ascending) is descending.
     m_sortAsc = !*m_sortAsc;
+    reload();
+}
 
+void ListVinylTableViewController::reload()
+{
+    m_kept.clear();
+    m_texts = {};
     auto rows = FetchedRows::make(app()->persistentContainer(), wholeRequest());
     if (!rows)
         consoleLine(rows.errorMessage());
@@ -118,13 +176,13 @@ void ListVinylTableViewController::SortButtonTapped()
     if (!app() || !m_foundRows)
         return;
     FetchRequest found = wholeRequest();
-    const QString attribute = CollectionList::sortAttribute(m_sortName);
+    const QString attribute = CollectionList::searchAttribute(m_sortName);
     QSet<qint64> days;
     const bool byDay = m_foundRows != m_wholeRows && m_sortName == BrowseTexts::kSortYear;
     if (byDay) {
         for (const DayCount &day : daysMatching(m_searchText))
             days.insert(day.millis);
-    } else if (m_foundRows != m_wholeRows && Store::kSearchedAttributes.contains(attribute)) {
+    } else if (m_foundRows != m_wholeRows && !attribute.isEmpty()) {
         found.where(Predicate::contains(attribute, m_searchText));
     }
     auto ids = RecordQueries::rowIdsByName(app()->persistentContainer(), found, *m_sortAsc, byDay ? &days : nullptr);
@@ -144,12 +202,12 @@ void ListVinylTableViewController::updateSearchResults(const QString &text)
         return;
     }
     Store &store = app()->persistentContainer();
-    const QString attribute = CollectionList::sortAttribute(m_sortName);
+    const QString attribute = CollectionList::searchAttribute(m_sortName);
     if (text.isEmpty()) {
         m_foundRows = m_wholeRows;
     } else if (m_sortName == BrowseTexts::kSortYear) {
         m_foundRows = std::make_shared<DayRows>(store, daysMatching(text));
-    } else if (Store::kSearchedAttributes.contains(attribute)) {
+    } else if (!attribute.isEmpty()) {
         auto found = FetchedRows::make(store, FetchRequest(wholeRequest()).where(Predicate::contains(attribute, text)));
         if (found)
             m_foundRows = std::make_shared<FetchedRows>(std::move(*found));

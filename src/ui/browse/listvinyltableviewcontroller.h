@@ -12,6 +12,7 @@
 
 // The whole collection as a list of record cards: four sort choices, a search whose
 // meaning follows the sort choice, swipe to delete, and a picked record opens the editor.
+// On a desktop-wide window the same rows can show as a table whose headers sort it.
 class ListVinylTableViewController : public RecordListController
 {
     Q_OBJECT
@@ -24,6 +25,12 @@ class ListVinylTableViewController : public RecordListController
     Q_PROPERTY(bool sortAsc READ sortAsc NOTIFY listChanged)
     Q_PROPERTY(QStringList sortOptions READ sortOptions CONSTANT)
     Q_PROPERTY(bool canAdd READ canAdd NOTIFY loaded)
+    // The table rather than the cards was chosen (kept in the settings); the view shows it
+    // where the window is wide enough.
+    Q_PROPERTY(bool tableChosen READ tableChosen WRITE setTableChosen NOTIFY tableChosenChanged)
+    Q_PROPERTY(QStringList columnTitles READ columnTitles CONSTANT)
+    // The column the list is sorted by, or -1.
+    Q_PROPERTY(int sortColumn READ sortColumn NOTIFY listChanged)
 
 public:
     explicit ListVinylTableViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
@@ -37,12 +44,19 @@ public:
     [[nodiscard]] QStringList sortOptions() const;
     [[nodiscard]] bool canAdd() const;
     [[nodiscard]] bool searching() const { return !m_searchText.isEmpty(); }
+    [[nodiscard]] bool tableChosen() const;
+    void setTableChosen(bool on);
+    [[nodiscard]] QStringList columnTitles() const;
+    [[nodiscard]] int sortColumn() const;
 
     // A sort choice of the "Sort Options" menu: 1 "By Name", 2 "By Year", 3 "By Record
     // Label", 4 "By Artist".
     Q_INVOKABLE void sortOptionSelected(int option);
     Q_INVOKABLE void SortButtonTapped();
     Q_INVOKABLE void fallbackMenuTapped() { SortButtonTapped(); }
+    // A click on a table column's header: sorts ascending by that column, or reverses the
+    // order when it is sorted by it already. A search typed finds again in the new order.
+    Q_INVOKABLE void columnHeaderClicked(int column);
     Q_INVOKABLE void updateSearchResults(const QString &text);
     // Swipe action "delete" on a shown row.
     Q_INVOKABLE void deleteRow(int row);
@@ -56,6 +70,7 @@ public:
     void refresh();
 
 signals:
+    void tableChosenChanged();
     void placeholderChanged();
     void listChanged();
 
@@ -72,6 +87,8 @@ private:
         RecordCard card;
     };
 
+    // Reads the whole list again in the current sort choice and direction.
+    void reload();
     void showList();
     // The whole list in the store's order (no window), for the sort choice and direction.
     [[nodiscard]] FetchRequest wholeRequest() const;

@@ -96,6 +96,8 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
         return card.speedLabel;
     case CoverSourceRole:
         return CoverImageProvider::source(card.rowId);
+    case CellsRole:
+        return card.cells;
     default:
         return {};
     }
@@ -111,5 +113,6 @@ QHash<int, QByteArray> RecordCardModel::roleNames() const
         {CostLabelRole, "costLabel"},
         {SpeedLabelRole, "speedLabel"},
         {CoverSourceRole, "coverSource"},
+        {CellsRole, "cells"},
     };
 }

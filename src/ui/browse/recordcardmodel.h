@@ -28,6 +28,8 @@ public:
         CostLabelRole,
         SpeedLabelRole,
         CoverSourceRole,
+        // The row's texts in the table, column by column.
+        CellsRole,
     };
 
     explicit RecordCardModel(QObject *parent = nullptr);

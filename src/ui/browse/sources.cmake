@@ -19,5 +19,6 @@ list(APPEND PB_UI_QML
     browse/ListVinylTableViewCell.qml
     browse/ProducerBreakdownTableView.qml
     browse/RecordCardGrid.qml
+    browse/RecordTable.qml
     browse/YearBreakdownTableView.qml
 )

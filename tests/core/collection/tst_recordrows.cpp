@@ -30,6 +30,11 @@ private:
                 v.name = u"Album %1"_s.arg(i % 17);
             v.artist = i % 2 ? u"Ärzte"_s : u"arzte"_s;
             v.releaseDate = QDateTime(QDate(1970 + i % 4, 1, 1), QTime(0, 0));
+            if (i % 7 != 0) {
+                v.recordSpeed = i % 3 ? u"33"_s : u"45"_s;
+                v.quantity = qint16(i % 4);
+                v.value = float(i % 9) * 2.5f;
+            }
             v.imagesLoaded = true;
             (void)store.insert(v);
         }
@@ -52,6 +57,11 @@ private slots:
             QTest::addRow("last row, %s", direction) << u"name"_s << ascending << QString() << qint64(149) << 64;
             QTest::addRow("by date, last page, %s", direction) << u"releaseDate"_s << ascending << QString() << qint64(100) << 64;
             QTest::addRow("searched, late window, %s", direction) << u"artist"_s << ascending << u"ä"_s << qint64(50) << 20;
+            // Few distinct values, some absent: long runs of ties across the window's edges.
+            QTest::addRow("by speed, across the middle, %s", direction) << u"recordSpeed"_s << ascending << QString() << qint64(60) << 30;
+            QTest::addRow("by copies, last page, %s", direction) << u"quantity"_s << ascending << QString() << qint64(100) << 64;
+            QTest::addRow("by value, across the middle, %s", direction) << u"value"_s << ascending << QString() << qint64(70) << 20;
+            QTest::addRow("by total value, last page, %s", direction) << Store::kTotalValue << ascending << QString() << qint64(90) << 64;
         }
         QTest::addRow("past the end") << u"name"_s << true << QString() << qint64(200) << 64;
     }
@@ -67,7 +77,25 @@ private slots:
         FetchRequest request = FetchRequest().onlyCardAttributes().sortedBy(attribute, ascending);
         if (!search.isEmpty())
             request.where(Predicate::contains(attribute, search));
-        const QList<qint64> whole = ids(*app.store().fetchVinyl(request));
+        const QList<Vinyl> records = *app.store().fetchVinyl(request);
+        const QList<qint64> whole = ids(records);
+        // The figures' orders: by the figure (an absent one first, total value counting it as 0),
+        // ties by the order the records were added, whichever the direction.
+        const auto figure = [&](const Vinyl &v) -> std::optional<double> {
+            if (attribute == u"quantity"_s)
+                return v.quantity ? std::optional<double>(*v.quantity) : std::nullopt;
+            if (attribute == u"value"_s)
+                return v.value ? std::optional<double>(*v.value) : std::nullopt;
+            return double(v.quantity.value_or(0)) * double(v.value.value_or(0));
+        };
+        if (attribute == u"quantity"_s || attribute == u"value"_s || attribute == Store::kTotalValue) {
+            for (qsizetype i = 1; i < records.size(); ++i) {
+                const auto a = figure(records.at(i - 1));
+                const auto b = figure(records.at(i));
+                QVERIFY(ascending ? a <= b : a >= b);
+                QVERIFY(a != b || records.at(i - 1).rowId < records.at(i).rowId);
+            }
+        }
         auto rows = FetchedRows::make(app.store(), request);
         QVERIFY(rows);
         QCOMPARE(rows->count(), whole.size());

@@ -161,7 +161,8 @@ private slots:
         QTest::addColumn<QString>("attribute");
         QTest::addColumn<bool>("ascending");
         QTest::addColumn<bool>("search");
-        for (const QString &attribute : {u"name"_s, u"artist"_s, u"recordLabel"_s, u"releaseDate"_s}) {
+        for (const QString &attribute : {u"name"_s, u"artist"_s, u"recordLabel"_s, u"releaseDate"_s, u"recordSpeed"_s,
+                                         u"quantity"_s, u"value"_s, Store::kTotalValue}) {
             for (const bool ascending : {true, false}) {
                 QTest::addRow("%s %s", qPrintable(attribute), ascending ? "ascending" : "descending")
                     << attribute << ascending << false;
@@ -181,8 +182,9 @@ private slots:
         options.records = 40;
         QVERIFY(addSampleCollection(app.store(), options).ok());
         FetchRequest request = FetchRequest().onlyCardAttributes().sortedBy(attribute, ascending).limitedTo(64);
+        // Orders without a searched text search the name.
         if (search)
-            request.where(Predicate::contains(attribute, u"a"_s));
+            request.where(Predicate::contains(Store::kSearchedAttributes.contains(attribute) ? attribute : u"name"_s, u"a"_s));
         for (const bool backwards : {false, true}) {
             const QStringList plan = app.store().queryPlan(FetchRequest(request).backwards(backwards).startingAt(10)).valueOr({});
             QVERIFY(!plan.isEmpty());

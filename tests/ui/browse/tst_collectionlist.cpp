@@ -22,6 +22,8 @@ private slots:
     void sortChoicesOrderAndLabelTheSearch_data();
     void sortChoicesOrderAndLabelTheSearch();
     void sortButtonWhileSearchingOrdersFoundRecordsByName();
+    void tableHeadersSortAndASecondClickReverses_data();
+    void tableHeadersSortAndASecondClickReverses();
     void cardTextsFollowTheSortChoice_data();
     void cardTextsFollowTheSortChoice();
     void cardOfASparseRecord();
@@ -112,6 +114,76 @@ void TestCollectionList::sortChoicesOrderAndLabelTheSearch()
     for (const QString &line : column(*list.model(), "producerLabel"))
         shown.append(line.section(u": "_s, 1).section(u"  "_s, 0, 0));
     QCOMPARE(shown, producerLines);
+}
+
+void TestCollectionList::tableHeadersSortAndASecondClickReverses_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QStringList>("ascending");
+    QTest::addColumn<QStringList>("descending");
+    // Searching "o" after the second click: the column's own text, or the name.
+    QTest::addColumn<QStringList>("foundDescending");
+    const QString abbey = u"Abbey Road"_s, cabaret = u"Cabaret"_s, wish = u"Wish You Were Here"_s, blue = u"Blue"_s;
+    const QString esta = u"Ésta"_s, abba = u"abba gold"_s, zoe = u"Zoë"_s;
+    // Code-point order: capitals, then small letters, then accented capitals.
+    QTest::newRow("album") << 0 << QStringList{abbey, blue, cabaret, wish, zoe, abba, esta}
+                           << QStringList{esta, abba, zoe, wish, cabaret, blue, abbey}
+                           << QStringList{abba, zoe, wish, abbey};
+    QTest::newRow("label") << 3 << QStringList{cabaret, abbey, wish, blue, zoe, abba, esta}
+                           << QStringList{esta, abba, zoe, blue, wish, abbey, cabaret} << QStringList{esta, abba};
+    // Absent speeds and figures first ascending; ties keep the order records were added in,
+    // whichever the direction.
+    QTest::newRow("speed") << 4 << QStringList{abbey, cabaret, wish, blue, abba, esta, zoe}
+                           << QStringList{zoe, esta, abba, abbey, cabaret, wish, blue}
+                           << QStringList{zoe, abba, abbey, wish};
+    QTest::newRow("value") << 6 << QStringList{abbey, cabaret, wish, blue, esta, zoe, abba}
+                           << QStringList{abba, zoe, esta, abbey, cabaret, wish, blue}
+                           << QStringList{abba, zoe, abbey, wish};
+    QTest::newRow("total") << 7 << QStringList{abbey, cabaret, wish, blue, abba, zoe, esta}
+                           << QStringList{esta, abba, zoe, abbey, cabaret, wish, blue}
+                           << QStringList{abba, zoe, abbey, wish};
+}
+
+void TestCollectionList::tableHeadersSortAndASecondClickReverses()
+{
+    QFETCH(int, column);
+    QFETCH(QStringList, ascending);
+    QFETCH(QStringList, descending);
+    QFETCH(QStringList, foundDescending);
+    Store &store = m_app->store();
+    RecordBuilder(u"Ésta"_s).artist(u"Édith Piaf"_s).label(u"Éditions"_s).speed(u"45"_s).value(10.0f, 3)
+        .date(localDate(1960, 5, 2)).store(store);
+    RecordBuilder(u"abba gold"_s).artist(u"ABBA"_s).label(u"polar"_s).speed(u"33"_s).value(25.0f, 1).store(store);
+    RecordBuilder(u"Zoë"_s).artist(u"Zoë"_s).label(u"Zebra"_s).speed(u"78"_s).value(12.5f, 2).store(store);
+
+    ListVinylTableViewController list(&m_app->app());
+    QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const auto cells = [&](int row) { return list.model()->card(row).cells; };
+    const auto albums = [&]() {
+        QStringList names;
+        for (int row = 0; row < list.model()->rowCount(); ++row)
+            names.append(cells(row).value(0));
+        return names;
+    };
+    list.columnHeaderClicked(column);
+    QCOMPARE(list.sortColumn(), column);
+    QCOMPARE(albums(), ascending);
+    list.columnHeaderClicked(column);
+    QCOMPARE(albums(), descending);
+    QCOMPARE(cells(int(descending.indexOf(u"Ésta"_s))),
+             QStringList({u"Ésta"_s, u"Édith Piaf"_s, u"1960"_s, u"Éditions"_s, u"45"_s, u"3"_s, u"$10.00"_s, u"$30.00"_s}));
+
+    list.updateSearchResults(u"o"_s);
+    QCOMPARE(albums(), foundDescending);
+    QCOMPARE(list.placeholder(), column == 3 ? u"Search by Record Label"_s : u"Search by Name"_s);
+    // Another header finds again, in its order.
+    list.columnHeaderClicked(0);
+    QCOMPARE(albums(), QStringList({u"Abbey Road"_s, u"Wish You Were Here"_s, u"Zoë"_s, u"abba gold"_s}));
+
+    // The table is chosen for every later visit.
+    QVERIFY(!list.tableChosen());
+    list.setTableChosen(true);
+    QVERIFY(ListVinylTableViewController(&m_app->app()).tableChosen());
 }
 
 void TestCollectionList::sortButtonWhileSearchingOrdersFoundRecordsByName()
