@@ -39,7 +39,8 @@ sqlite3 *openFile(const QString &path, int flags)
         sqlite3_close(db);
         return nullptr;
     }
-    sqlite3_exec(db, "PRAGMA synchronous = NORMAL", nullptr, nullptr, nullptr);
+    // As the store's own connections are set up.
+    sqlite3_exec(db, "PRAGMA synchronous = NORMAL; PRAGMA temp_store = MEMORY", nullptr, nullptr, nullptr);
     return db;
 }
 

@@ -31,19 +31,23 @@ QString nameOf(const QString &row, const QString &attribute)
     return attribute.isEmpty() ? u"''"_s : u"COALESCE(%1.%2, '')"_s.arg(row, attribute);
 }
 
-// Adds (sign "+") or takes away (sign "-") a record's row of every tally.
+// Adds (sign "+") or takes away (sign "-") a record's row of every tally, in one statement:
+// a statement per tally would cost an import several times the record's own write.
 QString tally(const QString &row, const QString &sign)
 {
     const QString copies = u"COALESCE(%1.quantity, 0)"_s.arg(row);
-    QString sql;
+    QStringList rows;
+    QStringList keys;
     for (const auto &[kind, attribute] : kinds()) {
-        sql += u"INSERT INTO Tallies (kind, name, records, copies, cost, worth) VALUES ('%1', %2, %3 1, %3 %4, "
-               "%3 %4 * %5, %3 %4 * %6) ON CONFLICT (kind, name) DO UPDATE SET records = records + excluded.records, "
-               "copies = copies + excluded.copies, cost = cost + excluded.cost, worth = worth + excluded.worth; "_s
-                   .arg(kind, nameOf(row, attribute), sign, copies, cents(row + u".cost"_s), cents(row + u".value"_s));
-        if (sign == u"-")
-            sql += u"DELETE FROM Tallies WHERE kind = '%1' AND name = %2 AND records = 0; "_s.arg(kind, nameOf(row, attribute));
+        rows << u"('%1', %2, %3 1, %3 %4, %3 %4 * %5, %3 %4 * %6)"_s.arg(kind, nameOf(row, attribute), sign, copies,
+                                                                       cents(row + u".cost"_s), cents(row + u".value"_s));
+        keys << u"('%1', %2)"_s.arg(kind, nameOf(row, attribute));
     }
+    QString sql = u"INSERT INTO Tallies (kind, name, records, copies, cost, worth) VALUES %1 ON CONFLICT (kind, name) "
+                  "DO UPDATE SET records = records + excluded.records, copies = copies + excluded.copies, "
+                  "cost = cost + excluded.cost, worth = worth + excluded.worth; "_s.arg(rows.join(u", "_s));
+    if (sign == u"-")
+        sql += u"DELETE FROM Tallies WHERE records = 0 AND (kind, name) IN (VALUES %1); "_s.arg(keys.join(u", "_s));
     return sql;
 }
 
@@ -105,6 +109,7 @@ QString tallyColumns()
 QStringList schema()
 {
     const QString recordExists = u"EXISTS (SELECT 1 FROM Vinyl WHERE rowid = %1.vinylRowId)"_s;
+    const QString hasQuotes = u"EXISTS (SELECT 1 FROM Quotes WHERE vinylRowId = %1.rowid)"_s;
     QStringList changed;
     for (const QString &column : tallyColumns().split(u", "_s) + QStringList{u"quantity"_s, u"cost"_s, u"value"_s})
         changed << u"NEW.%1 IS NOT OLD.%1"_s.arg(column);
@@ -112,14 +117,19 @@ QStringList schema()
                u"CREATE TABLE main.Tallies (kind TEXT NOT NULL, name TEXT NOT NULL, records INTEGER NOT NULL, "
                "copies INTEGER NOT NULL, cost INTEGER NOT NULL, worth INTEGER NOT NULL, PRIMARY KEY (kind, name)) WITHOUT ROWID"_s,
                u"CREATE TABLE main.ValueSteps (quarterHour INTEGER PRIMARY KEY, change INTEGER NOT NULL, quotes INTEGER NOT NULL)"_s,
-               u"CREATE TRIGGER main.TalliedAdded AFTER INSERT ON Vinyl BEGIN "_s + tally(u"NEW"_s, u"+"_s)
-                   + stepsOfRecord(u"NEW.rowid"_s, u"COALESCE(NEW.quantity, 0)"_s, u"1"_s) + u"END"_s,
-               u"CREATE TRIGGER main.TalliedRemoved AFTER DELETE ON Vinyl BEGIN "_s + tally(u"OLD"_s, u"-"_s)
-                   + stepsOfRecord(u"OLD.rowid"_s, u"-COALESCE(OLD.quantity, 0)"_s, u"-1"_s) + u"END"_s,
+               u"CREATE TRIGGER main.TalliedAdded AFTER INSERT ON Vinyl BEGIN "_s + tally(u"NEW"_s, u"+"_s) + u"END"_s,
+               u"CREATE TRIGGER main.TalliedRemoved AFTER DELETE ON Vinyl BEGIN "_s + tally(u"OLD"_s, u"-"_s) + u"END"_s,
                u"CREATE TRIGGER main.TalliedChanged AFTER UPDATE OF %1, quantity, cost, value ON Vinyl WHEN %2 BEGIN "_s.arg(
                    tallyColumns(), changed.join(u" OR "_s))
                    + tally(u"OLD"_s, u"-"_s) + tally(u"NEW"_s, u"+"_s) + u"END"_s,
-               u"CREATE TRIGGER main.TalliedCopies AFTER UPDATE OF quantity ON Vinyl WHEN NEW.quantity IS NOT OLD.quantity BEGIN "_s
+               // A record's quotes are stored after it and removed before it, so these fire only
+               // where quotes outlived their record and its row number is taken again.
+               u"CREATE TRIGGER main.StepsAdded AFTER INSERT ON Vinyl WHEN %1 BEGIN "_s.arg(hasQuotes.arg(u"NEW"_s))
+                   + stepsOfRecord(u"NEW.rowid"_s, u"COALESCE(NEW.quantity, 0)"_s, u"1"_s) + u"END"_s,
+               u"CREATE TRIGGER main.StepsRemoved AFTER DELETE ON Vinyl WHEN %1 BEGIN "_s.arg(hasQuotes.arg(u"OLD"_s))
+                   + stepsOfRecord(u"OLD.rowid"_s, u"-COALESCE(OLD.quantity, 0)"_s, u"-1"_s) + u"END"_s,
+               u"CREATE TRIGGER main.TalliedCopies AFTER UPDATE OF quantity ON Vinyl "
+               "WHEN NEW.quantity IS NOT OLD.quantity AND %1 BEGIN "_s.arg(hasQuotes.arg(u"NEW"_s))
                    + stepsOfRecord(u"NEW.rowid"_s, u"COALESCE(NEW.quantity, 0) - COALESCE(OLD.quantity, 0)"_s, u"0"_s)
                    + u"END"_s,
                u"CREATE TRIGGER main.QuoteAdded AFTER INSERT ON Quotes WHEN %1 BEGIN "_s.arg(recordExists.arg(u"NEW"_s))
@@ -134,7 +144,7 @@ QStringList dropped()
 {
     QStringList sql;
     for (const QString &trigger : {u"TalliedAdded"_s, u"TalliedRemoved"_s, u"TalliedChanged"_s, u"TalliedCopies"_s,
-                                   u"QuoteAdded"_s, u"QuoteRemoved"_s})
+                                   u"StepsAdded"_s, u"StepsRemoved"_s, u"QuoteAdded"_s, u"QuoteRemoved"_s})
         sql << u"DROP TRIGGER IF EXISTS main."_s + trigger;
     return sql << u"DROP TABLE IF EXISTS main.Tallies"_s << u"DROP TABLE IF EXISTS main.ValueSteps"_s;
 }
