@@ -40,7 +40,7 @@ sqlite3 *openFile(const QString &path, int flags)
         return nullptr;
     }
     // As the store's own connections are set up.
-    sqlite3_exec(db, "PRAGMA synchronous = NORMAL; PRAGMA temp_store = MEMORY", nullptr, nullptr, nullptr);
+    sqlite3_exec(db, "PRAGMA synchronous = NORMAL; PRAGMA temp_store = MEMORY; PRAGMA cache_size = -32768", nullptr, nullptr, nullptr);
     return db;
 }
 
