@@ -13,22 +13,16 @@ namespace CollectionList {
 
 QString sortAttribute(const QString &sortName)
 {
-    if (sortName == BrowseTexts::kSortName)
-        return u"name"_s;
-    if (sortName == BrowseTexts::kSortYear)
-        return u"releaseDate"_s;
-    if (sortName == BrowseTexts::kSortRecordLabel)
-        return u"recordLabel"_s;
-    if (sortName == BrowseTexts::kSortArtist)
-        return u"artist"_s;
-    if (sortName == BrowseTexts::kSortSpeed)
-        return u"recordSpeed"_s;
-    if (sortName == BrowseTexts::kSortQuantity)
-        return u"quantity"_s;
-    if (sortName == BrowseTexts::kSortValue)
-        return u"value"_s;
-    if (sortName == BrowseTexts::kSortTotal)
-        return Store::kTotalValue;
+    static const QList<std::pair<QString, QString>> attributes = {
+        {BrowseTexts::kSortName, u"name"_s},         {BrowseTexts::kSortYear, u"releaseDate"_s},
+        {BrowseTexts::kSortRecordLabel, u"recordLabel"_s}, {BrowseTexts::kSortArtist, u"artist"_s},
+        {BrowseTexts::kSortSpeed, u"recordSpeed"_s}, {BrowseTexts::kSortQuantity, u"quantity"_s},
+        {BrowseTexts::kSortValue, u"value"_s},       {BrowseTexts::kSortTotal, Store::kTotalValue},
+    };
+    for (const auto &[name, attribute] : attributes) {
+        if (name == sortName)
+            return attribute;
+    }
     return {};
 }
 
