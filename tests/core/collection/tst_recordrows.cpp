@@ -80,7 +80,7 @@ private slots:
         const QList<Vinyl> records = *app.store().fetchVinyl(request);
         const QList<qint64> whole = ids(records);
         // The figures' orders: by the figure (an absent one first, total value counting it as 0),
-        // ties by the order the records were added, whichever the direction.
+        // ties by the order the records were added in, reversed with the direction.
         const auto figure = [&](const Vinyl &v) -> std::optional<double> {
             if (attribute == u"quantity"_s)
                 return v.quantity ? std::optional<double>(*v.quantity) : std::nullopt;
@@ -93,7 +93,7 @@ private slots:
                 const auto a = figure(records.at(i - 1));
                 const auto b = figure(records.at(i));
                 QVERIFY(ascending ? a <= b : a >= b);
-                QVERIFY(a != b || records.at(i - 1).rowId < records.at(i).rowId);
+                QVERIFY(a != b || (records.at(i - 1).rowId < records.at(i).rowId) == ascending);
             }
         }
         auto rows = FetchedRows::make(app.store(), request);
