@@ -223,6 +223,8 @@ private slots:
                                         << QStringList{u"A"_s, u"L"_s, u"Single Album"_s, QString(), u"2001-05-01"_s};
         QTest::newRow("several suffixes") << u"\"Foo (12), Bar (2)\",T,\"Lab (3), Other (4)\",LP,1980"_s
                                           << QStringList{u"Foo, Bar"_s, u"Lab"_s, u"Single Album"_s, u"33 RPM"_s, u"1980-01-01"_s};
+        QTest::newRow("unknown month and day") << u"A,T,L,LP,1975-00-00"_s
+                                               << QStringList{u"A"_s, u"L"_s, u"Single Album"_s, u"33 RPM"_s, u"1975-01-01"_s};
         QTest::newRow("month out of range") << u"A,T,L,LP,1975-13"_s << QStringList{u"Released \"1975-13\" is not a date"_s};
         QTest::newRow("unquoted comma") << u"A,T,L,LP, Album,1980,5"_s
                                         << QStringList{u"the line cannot be read: it has 7 fields where the header has 6 "
