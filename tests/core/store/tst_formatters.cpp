@@ -168,14 +168,6 @@ private slots:
         QCOMPARE(Formatters::currency(12.5), u"$12.50"_s);
         useTestLocale();
     }
-
-    void followsTheCurrentLocale()
-    {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        QCOMPARE(Formatters::twoDecimals(1234.5), u"1.234,50"_s);
-        useTestLocale();
-        QCOMPARE(Formatters::twoDecimals(1234.5), u"1,234.50"_s);
-    }
 };
 
 QTEST_MAIN(FormattersTest)
