@@ -84,21 +84,11 @@ private slots:
         const QList<Vinyl> stored = records(t.store());
         QCOMPARE(stored.size(), 1);
         const Vinyl &v = stored.first();
-        QCOMPARE(v.albumDuration, 45.5);
-        QCOMPARE(v.artist, u"Some Artist"_s);
-        QCOMPARE(v.cost, 12.5f);
-        QCOMPARE(v.coverCondition, u"Near Mint"_s);
-        QCOMPARE(v.doubleAlbum, u"Single"_s);
-        QCOMPARE(v.id, qint16(3));
-        QCOMPARE(v.name, u"Some Album"_s);
-        QCOMPARE(v.notes, u"Side A\nSide B"_s);
-        QCOMPARE(v.producer, u"Some Producer"_s);
-        QCOMPARE(v.quantity, qint16(2));
-        QCOMPARE(v.recordLabel, u"Some Label"_s);
-        QCOMPARE(v.recordSpeed, u"33 1/3"_s);
-        QCOMPARE(v.releaseDate, QDateTime(QDate(1975, 3, 5), QTime(14, 30, 15)));
-        QCOMPARE(v.value, 20.0f);
-        QCOMPARE(v.vinylCondition, u"Very Good"_s);
+        QCOMPARE(attributeTexts(v),
+                 (QStringList{u"id=3"_s, u"name=Some Album"_s, u"artist=Some Artist"_s, u"releaseDate=1975-03-05T14:30:15"_s,
+                              u"recordLabel=Some Label"_s, u"quantity=2"_s, u"albumDuration=45.5"_s, u"producer=Some Producer"_s,
+                              u"vinylCondition=Very Good"_s, u"coverCondition=Near Mint"_s, u"recordSpeed=33 1/3"_s,
+                              u"doubleAlbum=Single"_s, u"cost=12.5"_s, u"value=20.0"_s, u"notes=Side A\nSide B"_s}));
         QCOMPARE(QImage::fromData(v.frontImage.value_or(QByteArray())).size(), QSize(8, 6));
         QVERIFY(!v.backImage.has_value()); // malformed base64 stores nothing
         QVERIFY(console.lines().contains(u"backImage on line 2 is not a readable image; left out."_s));

@@ -76,14 +76,6 @@ class TestExchangeWriter : public QObject
 private slots:
     void initTestCase() { useTestLocale(); }
 
-    void emptyStoreWritesOnlyTheTwoMarkers()
-    {
-        TestApp t;
-        auto data = ExchangeWriter::build(t.store(), true);
-        QVERIFY(data.ok());
-        QCOMPARE(*data, QByteArray("[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n"));
-    }
-
     void writesRecordLine_data()
     {
         QTest::addColumn<QVariantMap>("changes");
