@@ -1,11 +1,18 @@
+// The store: what it keeps and finds, its upgrades and refusals, the number and date formats it
+// reads and writes, and each record's value history.
+#include "entry/addvinylviewcontroller.h"
+#include "entry/editvinylviewcontroller.h"
 #include "exchange/importfile.h"
 #include "exchange/importmerge.h"
+#include "store/formatters.h"
 #include "store/recordnumbers.h"
 #include "store/samplecollection.h"
 #include "store/store.h"
 #include "testsupport.h"
+#include "valuation/valuationviewcontroller.h"
 
 #include <QScopeGuard>
+#include <QSqlQuery>
 #include <QTest>
 
 #include <future>
@@ -14,6 +21,36 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace {
+
+// Every quote of the store as "value source".
+QStringList allQuotes(Store &store)
+{
+    QStringList quotes;
+    QSqlQuery q(store.database());
+    q.exec(u"SELECT value, source FROM Quotes ORDER BY rowid"_s);
+    while (q.next())
+        quotes << QString::number(q.value(0).toDouble()) + u' ' + q.value(1).toString();
+    return quotes;
+}
+
+Vinyl addValued(TestApp &t)
+{
+    Vinyl v = t.addVinyl(u"Blue Train"_s, u"John Coltrane"_s, u"Blue Note"_s, 1);
+    v.quantity = 1;
+    v.value = 10;
+    (void)t.store().update(v);
+    return v;
+}
+
+void importCsv(TestApp &t, const QString &text)
+{
+    const auto imported = ImportMerge::apply(t.store(), ImportFiles::read(text.toUtf8()));
+    QVERIFY2(imported.ok(), qPrintable(imported.errorMessage()));
+}
+
+} // namespace
 
 class StoreTest : public QObject
 {
@@ -534,6 +571,273 @@ private slots:
         QCOMPARE(number(rowsA->last().id), qint16(30));
         QCOMPARE(*a.store().count(FetchRequest(Entity::Tracks)), 90);
         QVERIFY(!QImage::fromData(*a.store().coverImage(rowsA->first().rowId, CoverSide::Front)).isNull());
+    }
+
+    // The formats of amounts, numbers and dates.
+    void currencyAndTwoDecimals_data()
+    {
+        QTest::addColumn<double>("amount");
+        QTest::addColumn<QString>("currency");
+        QTest::addColumn<QString>("twoDecimals");
+        QTest::newRow("12.5") << 12.5 << u"$12.50"_s << u"12.50"_s;
+        QTest::newRow("grouping") << 1234.5 << u"$1,234.50"_s << u"1,234.50"_s;
+        QTest::newRow("zero") << 0.0 << u"$0.00"_s << u"0.00"_s;
+        QTest::newRow("beyond 16 bits") << 40000.0 << u"$40,000.00"_s << u"40,000.00"_s;
+    }
+    void currencyAndTwoDecimals()
+    {
+        QFETCH(double, amount);
+        QFETCH(QString, currency);
+        QFETCH(QString, twoDecimals);
+        QCOMPARE(Formatters::currency(amount), currency);
+        QCOMPARE(Formatters::twoDecimals(amount), twoDecimals);
+    }
+
+    void dates()
+    {
+        const QDateTime date(QDate(1975, 3, 5), QTime(0, 0));
+        QCOMPARE(Formatters::mediumDate(date), u"Mar 5, 1975"_s);
+        QCOMPARE(Formatters::longDate(date), u"March 5, 1975"_s);
+        QCOMPARE(Formatters::year(date), u"1975"_s);
+        QCOMPARE(Formatters::monthYear(date), u"March-1975"_s);
+        // Late in the evening local time is still that day, whatever UTC says.
+        QCOMPARE(Formatters::mediumDate(QDateTime(QDate(1975, 12, 31), QTime(23, 30))), u"Dec 31, 1975"_s);
+    }
+
+    void mediumDateReadsBack_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QDate>("expected");
+        QTest::newRow("medium") << u"Jan 5, 2021"_s << QDate(2021, 1, 5);
+        QTest::newRow("not a date") << u"yesterday"_s << QDate();
+        QTest::newRow("trailing text") << u"Jan 5, 2021 extra"_s << QDate();
+        QTest::newRow("empty") << u""_s << QDate();
+    }
+    void mediumDateReadsBack()
+    {
+        QFETCH(QString, text);
+        QFETCH(QDate, expected);
+        const auto parsed = Formatters::parseMediumDate(text);
+        QCOMPARE(parsed.has_value(), expected.isValid());
+        if (parsed) {
+            QCOMPARE(parsed->date(), expected);
+            QCOMPARE(parsed->time(), QTime(0, 0));
+        }
+    }
+
+    // Numbers are read as the locale writes them; grouping in the wrong place does not read.
+    void numbersReadInTheLocale_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<std::optional<double>>("number");
+        QTest::addColumn<std::optional<double>>("amount");
+        const std::optional<double> none;
+        QTest::newRow("en plain") << u"en_US"_s << u"12.5"_s << std::optional(12.5) << std::optional(12.5);
+        QTest::newRow("en grouped") << u"en_US"_s << u"1,234.5"_s << std::optional(1234.5) << std::optional(1234.5);
+        QTest::newRow("en pasted dollars") << u"en_US"_s << u"$12.50"_s << none << std::optional(12.5);
+        QTest::newRow("en two points") << u"en_US"_s << u"1.2.3"_s << none << none;
+        QTest::newRow("en comma as a point") << u"en_US"_s << u"12,50"_s << none << none;
+        QTest::newRow("en letters") << u"en_US"_s << u"12abc"_s << none << none;
+        QTest::newRow("en exponent") << u"en_US"_s << u"1e-05"_s << std::optional(0.00001) << std::optional(0.00001);
+        QTest::newRow("de grouped") << u"de_DE"_s << u"1.234,50"_s << std::optional(1234.5) << std::optional(1234.5);
+        QTest::newRow("de plain") << u"de_DE"_s << u"12,5"_s << std::optional(12.5) << std::optional(12.5);
+        QTest::newRow("de euros") << u"de_DE"_s << u"12,50\u00A0\u20AC"_s << none << std::optional(12.5);
+        QTest::newRow("de point is no decimal point") << u"de_DE"_s << u"12.5"_s << none << none;
+        QTest::newRow("fr narrow no-break space") << u"fr_FR"_s << u"12\u202F345,50"_s << std::optional(12345.5)
+                                                  << std::optional(12345.5);
+        QTest::newRow("fr no-break space") << u"fr_FR"_s << u"12\u00A0345,5"_s << std::optional(12345.5)
+                                           << std::optional(12345.5);
+        QTest::newRow("fr typed space") << u"fr_FR"_s << u"12 345,50"_s << std::optional(12345.5)
+                                        << std::optional(12345.5);
+        QTest::newRow("fr short group") << u"fr_FR"_s << u"12 34,5"_s << none << none;
+    }
+    void numbersReadInTheLocale()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, text);
+        QFETCH(std::optional<double>, number);
+        QFETCH(std::optional<double>, amount);
+        ScopedLocale scoped(locale);
+        QCOMPARE(Formatters::parseDecimal(text), number);
+        QCOMPARE(Formatters::parseAmount(text), amount);
+    }
+
+    // What the formatters write reads back to the same number.
+    void writtenNumbersReadBack_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("length");
+        QTest::newRow("en_US") << u"en_US"_s << u"45.5"_s;
+        QTest::newRow("de_DE") << u"de_DE"_s << u"45,5"_s;
+        QTest::newRow("fr_FR") << u"fr_FR"_s << u"45,5"_s;
+        QTest::newRow("hi_IN") << u"hi_IN"_s << u"45.5"_s;
+        QTest::newRow("ar_EG") << u"ar_EG"_s << u"45\u066B5"_s;
+    }
+    void writtenNumbersReadBack()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, length);
+        ScopedLocale scoped(locale);
+        QCOMPARE(Formatters::shortestInLocale(45.5), length);
+        QCOMPARE(Formatters::parseDecimal(length), std::optional(45.5));
+        for (const double amount : {-1234567.5, 0.1, 12345.5}) {
+            QCOMPARE(Formatters::parseDecimal(Formatters::twoDecimals(amount)), std::optional(amount));
+            QCOMPARE(Formatters::parseAmount(Formatters::currency(amount)), std::optional(amount));
+        }
+    }
+
+    void shortestDoubleText_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("whole") << 45.0 << u"45.0"_s;
+        QTest::newRow("half") << 45.5 << u"45.5"_s;
+        QTest::newRow("zero") << 0.0 << u"0.0"_s;
+        QTest::newRow("small") << 0.00001 << u"1e-05"_s;
+        QTest::newRow("ten thousandth") << 0.0001 << u"0.0001"_s;
+        QTest::newRow("duration") << 3.45 << u"3.45"_s;
+        QTest::newRow("huge") << 1e16 << u"1e+16"_s;
+        QTest::newRow("negative") << -5.0 << u"-5.0"_s;
+    }
+    void shortestDoubleText()
+    {
+        QFETCH(double, value);
+        QFETCH(QString, expected);
+        QCOMPARE(Formatters::shortest(value), expected);
+    }
+
+    void shortestFloatText_data()
+    {
+        QTest::addColumn<float>("value");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("12.5") << 12.5f << u"12.5"_s;
+        QTest::newRow("not widened") << 19.99f << u"19.99"_s;
+        QTest::newRow("zero") << 0.0f << u"0.0"_s;
+        QTest::newRow("2^24") << 16777216.0f << u"1.6777216e+07"_s;
+    }
+    void shortestFloatText()
+    {
+        QFETCH(float, value);
+        QFETCH(QString, expected);
+        QCOMPARE(Formatters::shortest(value), expected);
+    }
+
+    void posixLocaleFallsBackToEnglish()
+    {
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(Formatters::icuLocaleName(), u"en_US"_s);
+        QCOMPARE(Formatters::currency(12.5), u"$12.50"_s);
+        useTestLocale();
+    }
+
+    // Each record's value history: which saves add a quote, and how the edit and valuation
+    // screens show it.
+    // A save that changes a record's value adds one quote, naming where the value came from;
+    // a save that leaves the value alone adds none.
+    void savesThatChangeTheValueAddAQuote_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("change");
+        QTest::addColumn<QStringList>("quotes");
+        QTest::newRow("edit screen, new value") << u"edit"_s << true << QStringList{u"12.5 Edit"_s};
+        QTest::newRow("edit screen, another field") << u"edit"_s << false << QStringList{};
+        QTest::newRow("add screen with a value") << u"add"_s << true << QStringList{u"40 Edit"_s};
+        QTest::newRow("add screen without a value") << u"add"_s << false << QStringList{};
+        QTest::newRow("valuation, new value") << u"valuation"_s << true << QStringList{u"20 Valuation"_s};
+        QTest::newRow("valuation, the same value") << u"valuation"_s << false << QStringList{};
+        QTest::newRow("import, new value") << u"import"_s << true << QStringList{u"55 Import"_s};
+        QTest::newRow("import, the same value") << u"import"_s << false << QStringList{};
+        QTest::newRow("import, a new valued record") << u"import new"_s << true << QStringList{u"7 Import"_s};
+    }
+    void savesThatChangeTheValueAddAQuote()
+    {
+        QFETCH(QString, path);
+        QFETCH(bool, change);
+        QFETCH(QStringList, quotes);
+        TestApp t;
+        const Vinyl stored = addValued(t);
+        QString alert;
+        if (path == u"edit"_s) {
+            t.app().state()->setCurrentRecord(stored);
+            EditVinylViewController edit(&t.app());
+            change ? edit.setValue(u"12.50"_s) : edit.setProducer(u"Rudy Van Gelder"_s);
+            edit.SaveVinylButtonClicked();
+            alert = edit.lastAlertTitle();
+        } else if (path == u"add"_s) {
+            AddVinylViewController add(&t.app());
+            add.setAlbumName(u"Night Signals"_s);
+            add.setArtist(u"The Harbour Lights"_s);
+            add.setRecordLabel(u"Meridian"_s);
+            if (change)
+                add.setValue(u"40"_s);
+            add.SaveNewVinylButtonClicked();
+            alert = add.lastAlertTitle();
+        } else if (path == u"valuation"_s) {
+            ValuationViewController valuation(&t.app());
+            valuation.rowSelected(0);
+            valuation.setNewValueText(change ? u"20"_s : u"10"_s);
+            valuation.SaveNewCardButtonClicked();
+            alert = valuation.lastAlertTitle();
+        } else if (path == u"import"_s) {
+            importCsv(t, change ? u"name,artist,value\nBlue Train,John Coltrane,55\n"_s
+                                : u"name,artist,value,producer\nBlue Train,John Coltrane,10,Rudy\n"_s);
+        } else {
+            importCsv(t, u"name,artist,value\nNight Signals,The Harbour Lights,7\n"_s);
+        }
+        QCOMPARE(alert, QString());
+        QCOMPARE(allQuotes(t.store()), quotes);
+    }
+
+    void deletingARecordDeletesItsQuotes()
+    {
+        TestApp t;
+        const Vinyl kept = addValued(t);
+        const Vinyl gone = t.addVinyl(u"Gone"_s);
+        for (const Vinyl &v : {kept, gone}) {
+            Quote quote{0, v.rowId, QDateTime::currentDateTime(), 10, QuoteSources::Edit};
+            QVERIFY(t.store().insert(quote).ok());
+        }
+        QVERIFY(t.store().transaction([&] { return t.store().remove(Entity::Vinyl, gone.rowId); }).ok());
+        QCOMPARE(t.store().quotes(gone.rowId)->size(), 0);
+        QCOMPARE(t.store().quotes(kept.rowId)->size(), 1);
+    }
+
+    // Newest first with date, amount and source; the chart gets them oldest first.
+    void editScreenListsTheQuotes()
+    {
+        TestApp t;
+        const Vinyl v = addValued(t);
+        for (const auto &[day, value, source] : {std::tuple{QDate(2023, 5, 2), 8.0, QuoteSources::Start},
+                                                 std::tuple{QDate(2024, 3, 1), 10.0, QuoteSources::Valuation}}) {
+            Quote quote{0, v.rowId, QDateTime(day, QTime(9, 0)), value, source};
+            QVERIFY(t.store().insert(quote).ok());
+        }
+        t.app().state()->setCurrentRecord(v);
+        EditVinylViewController edit(&t.app());
+        QStringList rows;
+        for (const QVariant &row : edit.valueHistory()) {
+            const QVariantMap map = row.toMap();
+            rows << map.value(u"dateText"_s).toString() + u" | "_s + map.value(u"valueText"_s).toString() + u" | "_s
+                        + map.value(u"source"_s).toString();
+        }
+        QCOMPARE(rows, (QStringList{u"Mar 1, 2024 | $10.00 | Valuation"_s, u"May 2, 2023 | $8.00 | Start"_s}));
+        const QVariantList points = edit.valueHistoryPoints();
+        QCOMPARE(points.size(), 2);
+        QCOMPARE(points.first().toMap().value(u"y"_s).toDouble(), 8.0);
+    }
+
+    void valuationShowsThePickedRecordsLastQuote()
+    {
+        TestApp t;
+        addValued(t);
+        ValuationViewController valuation(&t.app());
+        QCOMPARE(valuation.lastQuoteText(), QString());
+        valuation.rowSelected(0);
+        QCOMPARE(valuation.lastQuoteText(), u"Not valued yet"_s);
+        valuation.setNewValueText(u"20"_s);
+        valuation.SaveNewCardButtonClicked();
+        QCOMPARE(valuation.lastQuoteText(), QString(u"Last valued "_s + Formatters::mediumDate(QDateTime::currentDateTime())));
     }
 };
 
