@@ -8,7 +8,6 @@
 #include "store/textfile.h"
 #include "testsupport.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>

@@ -9,7 +9,6 @@
 #include "store/textfile.h"
 #include "testsupport.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QTest>
 #include <QTimeZone>

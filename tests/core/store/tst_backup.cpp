@@ -10,7 +10,6 @@
 #include "store/snapshots.h"
 #include "testsupport.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QDeadlineTimer>

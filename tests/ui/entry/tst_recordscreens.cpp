@@ -5,7 +5,6 @@
 #include "store/recordnumbers.h"
 #include "testsupport.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>

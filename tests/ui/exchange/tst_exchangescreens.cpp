@@ -6,7 +6,6 @@
 #include "store/store.h"
 #include "testsupport.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QFile>
