@@ -536,6 +536,38 @@ private slots:
         QVERIFY(report.render(texts.size(), 300).isNull());
     }
 
+    // Records that share a cover (copies of an album, a picture used for many) print the one
+    // picture, which the document holds once; distinct covers each have theirs.
+    void documentHoldsEachPictureOnce_data()
+    {
+        QTest::addColumn<bool>("shared");
+        QTest::addColumn<int>("pictures");
+        QTest::newRow("one front and one back for all") << true << 2;
+        QTest::newRow("every record its own") << false << 60;
+    }
+
+    void documentHoldsEachPictureOnce()
+    {
+        QFETCH(bool, shared);
+        QFETCH(int, pictures);
+        QList<Vinyl> list;
+        for (int i = 0; i < 30; ++i) {
+            Vinyl v = full();
+            if (!shared) {
+                v.frontImage = pngBytes(60 + i, 60);
+                v.backImage = pngBytes(60, 30 + i);
+            }
+            list.append(v);
+        }
+        const auto content = ReportContent::printedReport(u"List"_s, list);
+        QVERIFY(content);
+        const QString path = m_app.dataDir() + u"/pictures.pdf"_s;
+        QVERIFY(ReportPdf::write(*content, path, nullptr));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll().count("/Subtype /Image"), pictures);
+    }
+
     void cancelledWriteLeavesNoFile_data()
     {
         QTest::addColumn<QByteArray>("before"); // the file's content before; null: no file
