@@ -9,12 +9,16 @@
 #include <QSqlQuery>
 #include <QtConcurrent/QtConcurrentRun>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 QAtomicInteger<quint64> s_readerCount;
+
+// Pictures kept for the records that share a cover: a few hundred covers at their printed size.
+constexpr qint64 kKeptPictureBytes = 16 * 1024 * 1024;
 
 // The covers the record form stores are JPEG or PNG; anything else is left to the reader.
 QByteArray formatOf(const QByteArray &bytes)
@@ -190,11 +194,44 @@ CoverPicture CoverPictures::cover(const Vinyl &vinyl, CoverSide side, bool decod
     if (const std::optional<CoverPicture> &known = m_last[index];
         vinyl.rowId != 0 && known && (!decode || !known->exists() || !known->image.isNull()))
         return *known;
-    std::optional<CoverPicture> picture = decode && vinyl.rowId != 0 ? decodedAhead(vinyl.rowId, index) : std::nullopt;
-    if (!picture)
-        picture = pictureOf(bytesOf(vinyl, side), pixelWidth(), decode);
+    std::optional<CoverPicture> picture;
+    QByteArray bytes;
+    if (auto ahead = decode && vinyl.rowId != 0 ? decodedAhead(vinyl.rowId, index) : std::nullopt) {
+        bytes = std::move(ahead->first);
+        picture = std::move(ahead->second);
+    } else {
+        bytes = bytesOf(vinyl, side);
+    }
+    if (decode && !bytes.isEmpty()) {
+        if (const CoverPicture *shared = kept(bytes))
+            picture = *shared;
+        if (!picture)
+            picture = pictureOf(bytes, pixelWidth(), true);
+        keep(bytes, *picture);
+    } else if (!picture) {
+        picture = pictureOf(bytes, pixelWidth(), decode);
+    }
     m_last[index] = picture;
     return *picture;
+}
+
+const CoverPicture *CoverPictures::kept(const QByteArray &bytes) const
+{
+    const auto found = m_kept.constFind(bytes);
+    return found == m_kept.cend() ? nullptr : &*found;
+}
+
+void CoverPictures::keep(const QByteArray &bytes, const CoverPicture &picture)
+{
+    if (picture.image.isNull() || m_kept.contains(bytes))
+        return;
+    m_kept.insert(bytes, picture);
+    m_keptOrder.push_back(bytes);
+    m_keptBytes += picture.image.sizeInBytes();
+    while (m_keptBytes > kKeptPictureBytes && m_keptOrder.size() > 1) {
+        m_keptBytes -= m_kept.take(m_keptOrder.front()).image.sizeInBytes();
+        m_keptOrder.pop_front();
+    }
 }
 
 CoverPicture CoverPictures::pictureOf(const QByteArray &bytes, int pixelWidth, bool decode)
@@ -215,16 +252,24 @@ CoverPicture CoverPictures::pictureOf(const QByteArray &bytes, int pixelWidth, b
 void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
 {
     Batch batch;
-    QList<QByteArray> bytes;
+    const auto decodingBefore = [this](const QByteArray &bytes) {
+        return std::any_of(m_ahead.cbegin(), m_ahead.cend(),
+                           [&](const Batch &pending) { return pending.decoding.contains(bytes); });
+    };
     for (const Vinyl *vinyl : records) {
         if (vinyl->rowId == 0)
             continue;
         batch.rowIds.append(vinyl->rowId);
-        bytes << bytesOf(*vinyl, CoverSide::Front) << bytesOf(*vinyl, CoverSide::Back);
+        for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
+            QByteArray bytes = bytesOf(*vinyl, side);
+            if (!bytes.isEmpty() && !kept(bytes) && !batch.decoding.contains(bytes) && !decodingBefore(bytes))
+                batch.decoding.append(bytes);
+            batch.covers.append(std::move(bytes));
+        }
     }
     if (batch.rowIds.isEmpty())
         return;
-    batch.pictures = QtConcurrent::run([bytes = std::move(bytes), width = pixelWidth()] {
+    batch.pictures = QtConcurrent::run([bytes = batch.decoding, width = pixelWidth()] {
         QList<CoverPicture> pictures;
         pictures.reserve(bytes.size());
         for (const QByteArray &cover : bytes)
@@ -234,7 +279,7 @@ void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
     m_ahead.push_back(std::move(batch));
 }
 
-std::optional<CoverPicture> CoverPictures::decodedAhead(qint64 rowId, int side)
+std::optional<std::pair<QByteArray, std::optional<CoverPicture>>> CoverPictures::decodedAhead(qint64 rowId, int side)
 {
     for (std::size_t b = 0; b < m_ahead.size(); ++b) {
         const qsizetype at = m_ahead[b].rowIds.indexOf(rowId);
@@ -242,8 +287,15 @@ std::optional<CoverPicture> CoverPictures::decodedAhead(qint64 rowId, int side)
             continue;
         // Records come in order: the batches before this one are done with.
         m_ahead.erase(m_ahead.begin(), m_ahead.begin() + qsizetype(b));
-        // Waits for the other thread, or decodes here when it has not started yet.
-        return m_ahead.front().pictures.result().at(2 * at + side);
+        QByteArray bytes = m_ahead.front().covers.at(2 * at + side);
+        if (bytes.isEmpty() || kept(bytes))
+            return std::pair{bytes, std::optional<CoverPicture>()};
+        // Waits for the other thread, or decodes here when it has not started yet. A cover the
+        // batch did not decode was decoded for an earlier record.
+        Batch &batch = m_ahead.front();
+        if (const qsizetype i = batch.decoding.indexOf(bytes); i >= 0)
+            return std::pair{bytes, std::optional<CoverPicture>(batch.pictures.result().at(i))};
+        return std::pair{bytes, std::optional<CoverPicture>()};
     }
     return std::nullopt;
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QFuture>
+#include <QHash>
 #include <QImage>
 #include <QList>
 #include <QSize>
@@ -12,6 +13,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <utility>
 
 class QSqlQuery;
 
@@ -46,9 +48,11 @@ struct CoverPicture
     [[nodiscard]] bool exists() const { return size.isValid(); }
 };
 
-// Covers for reports, read one at a time at the size they are printed at. Nothing is kept
-// beyond the last record asked for, so a report of any length holds only the covers of the
-// page being drawn.
+// Covers for reports, read one at a time at the size they are printed at. Besides the last
+// record's covers, only the pictures decoded lately are kept (a few megabytes), so a report of
+// any length holds little more than the covers of the page being drawn. Records that share a
+// cover (copies of one album, a picture used for many) decode it once and get the same picture,
+// which a PDF writer embeds once.
 class CoverPictures
 {
 public:
@@ -77,13 +81,20 @@ private:
     struct Batch
     {
         QList<qint64> rowIds;
-        QFuture<QList<CoverPicture>> pictures; // front and back of each record
+        QList<QByteArray> covers;   // front and back of each record
+        QList<QByteArray> decoding; // the covers not decoded before, each once
+        QFuture<QList<CoverPicture>> pictures; // of `decoding`
     };
 
     [[nodiscard]] QByteArray bytesOf(const Vinyl &vinyl, CoverSide side);
     [[nodiscard]] static CoverPicture pictureOf(const QByteArray &bytes, int pixelWidth, bool decode);
-    // The picture decoded ahead, if the record is in a batch.
-    [[nodiscard]] std::optional<CoverPicture> decodedAhead(qint64 rowId, int side);
+    // The record's cover if it is in a batch decoded ahead: its bytes, and the picture when
+    // it was decoded there.
+    [[nodiscard]] std::optional<std::pair<QByteArray, std::optional<CoverPicture>>> decodedAhead(qint64 rowId,
+                                                                                                 int side);
+    // The picture of these bytes decoded lately; keeps the one given.
+    [[nodiscard]] const CoverPicture *kept(const QByteArray &bytes) const;
+    void keep(const QByteArray &bytes, const CoverPicture &picture);
 
     CoverReader *m_reader;
     double m_width;
@@ -91,4 +102,8 @@ private:
     qint64 m_lastRowId = 0;
     std::optional<CoverPicture> m_last[2]; // front, back; none until read
     std::deque<Batch> m_ahead;
+    // Pictures decoded lately, by their encoded bytes, oldest first in m_keptOrder.
+    QHash<QByteArray, CoverPicture> m_kept;
+    std::deque<QByteArray> m_keptOrder;
+    qint64 m_keptBytes = 0;
 };

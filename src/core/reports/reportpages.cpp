@@ -2,18 +2,16 @@
 
 #include "reports/coverpictures.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextLayout>
 
+#include <array>
 #include <cmath>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 using ReportBuilder::kPageHeight;
@@ -21,85 +19,50 @@ using ReportBuilder::kPageWidth;
 
 namespace {
 
-QTextCharFormat bodyFormat()
+const QString kPicture = QString(QChar::ObjectReplacementCharacter);
+const QString kCoverGap = u"   "_s;
+
+// The text engine measures in 64ths of a point; a page's height and width are rounded to them.
+double toFixed(double points)
 {
-    QFont font(u"sans-serif"_s);
-    font.setStyleHint(QFont::SansSerif);
-    font.setPointSizeF(12);
-    QTextCharFormat format;
-    format.setFont(font);
-    format.setForeground(Qt::black);
-    return format;
+    return std::round(points * 64) / 64;
 }
 
-QTextCharFormat titleFormat(int pointSize)
+// The inset and the covers are given in pixels of the phone view, which the text engine prints
+// at 96 to the inch: 0.75 of a point, rounded to whole points.
+constexpr double kPointsPerViewPixel = 72.0 / 96.0;
+
+QFont reportFont(const QString &family, double pointSize)
 {
-    QFont font(u"Arial"_s);
+    QFont font(family);
     font.setStyleHint(QFont::SansSerif);
     font.setPointSizeF(pointSize);
-    QTextCharFormat format;
-    format.setFont(font);
-    format.setForeground(Qt::black);
-    return format;
+    return font;
 }
 
-QTextBlockFormat aligned(Qt::Alignment alignment)
+// A text block's lines break where the text engine breaks them in a document.
+QTextOption documentTextOption(Qt::Alignment alignment)
 {
-    QTextBlockFormat format;
-    format.setAlignment(alignment);
-    return format;
+    static const QTextOption option = QTextDocument().defaultTextOption();
+    QTextOption aligned = option;
+    aligned.setAlignment(alignment);
+    return aligned;
 }
 
-// Stands in for a cover while only sizes are read: the layout needs a picture, not its pixels.
-const QImage &placeholderPicture()
+// A line of a stored text never breaks a block: line and paragraph breaks in it break the line.
+QString withLineBreaks(QString text)
 {
-    static const QImage picture = [] {
-        QImage image(1, 1, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        return image;
-    }();
-    return picture;
-}
-
-int pageOf(qreal y)
-{
-    return int(std::floor(y / kPageHeight));
-}
-
-// The page the last line laid out so far is on (-1 before any).
-int lastLinePage(QTextDocument &document)
-{
-    const QTextBlock block = document.lastBlock();
-    document.documentLayout()->blockBoundingRect(block); // lays the document out up to it
-    const QTextLayout *layout = block.layout();
-    if (!layout || layout->lineCount() == 0)
-        return -1;
-    return pageOf(layout->position().y() + layout->lineAt(layout->lineCount() - 1).y());
-}
-
-// The block whose first line is the first line of `page`; none when the page starts inside a
-// block that began on an earlier page, or has no lines yet.
-std::optional<int> blockAtPageTop(QTextDocument &document, int page)
-{
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        const QTextLayout *layout = block.layout();
-        for (int i = 0; layout && i < layout->lineCount(); ++i) {
-            const int linePage = pageOf(layout->position().y() + layout->lineAt(i).y());
-            if (linePage >= page) {
-                if (i == 0 && linePage == page)
-                    return block.blockNumber();
-                return std::nullopt;
-            }
-        }
+    text.replace(u"\r\n"_s, QString(QChar::LineSeparator));
+    for (QChar &c : text) {
+        if (c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator)
+            c = QChar::LineSeparator;
     }
-    return std::nullopt;
+    return text;
 }
 
-} // namespace
-
-// The device every piece is laid out for: an A4 PDF page at one unit per point. Nothing is
-// ever drawn on it; pages are drawn on the real device with the same measures.
-class ReportPages::LayoutDevice
+// The device every page is measured for: an A4 PDF page at one unit per point. Nothing is ever
+// drawn on it; pages are drawn on the real device with the same measures.
+class LayoutDevice
 {
 public:
     LayoutDevice() : m_writer(&m_sink)
@@ -115,118 +78,227 @@ private:
     QPdfWriter m_writer;
 };
 
-class ReportPages::Piece
+} // namespace
+
+// The measures of a report's page and its two fonts (12-point sans-serif, black, for the
+// records; the title in Arial), taken once for the whole report.
+class ReportTypesetter
 {
 public:
-    explicit Piece(QPaintDevice *device)
+    explicit ReportTypesetter(int titlePointSize)
+        : m_body(reportFont(u"sans-serif"_s, 12)), m_title(reportFont(u"Arial"_s, titlePointSize)),
+          m_bodyMetrics(m_body, m_device.device()), m_titleMetrics(m_title, m_device.device())
     {
-        document.setUndoRedoEnabled(false);
-        document.documentLayout()->setPaintDevice(device);
-        // The pages have no margins; the text keeps a small inset of its own so no printer cuts it.
-        document.setDocumentMargin(ReportBuilder::kTextInset);
-        document.setPageSize(QSizeF(kPageWidth, kPageHeight));
+        m_advances.fill(-1);
+        m_spaces = QFontMetricsF(m_body, m_device.device()).horizontalAdvance(kCoverGap);
     }
 
-    QTextDocument document;
-    QTextCursor cursor{&document};
-    QList<Position> blocks; // where each block of the piece is in the report
-    int pictures = 0;
+    [[nodiscard]] double inset() const { return m_inset; }
+    [[nodiscard]] double textWidth() const { return m_textWidth; }
+    // The text ends a page's line height above its bottom edge at most.
+    [[nodiscard]] double bottom() const { return m_pageHeight - m_inset; }
+    [[nodiscard]] double contentHeight() const { return m_pageHeight - 2 * m_inset; }
+    [[nodiscard]] const QFontMetricsF &metrics(bool title) const { return title ? m_titleMetrics : m_bodyMetrics; }
+    [[nodiscard]] double lineHeight(bool title) const
+    {
+        const QFontMetricsF &m = metrics(title);
+        return std::ceil(m.ascent() + m.descent() + std::max(0.0, m.leading()));
+    }
+    [[nodiscard]] double coverGap() const { return m_spaces; }
+
+    // True when the text certainly fits on one line: a sum of its characters' advances well
+    // within the line. Kerning and ligatures move a text's width by far less than the margin;
+    // characters other scripts shape, and controls, leave the answer to the text engine.
+    [[nodiscard]] bool fitsOnOneLine(const QString &text) const
+    {
+        double width = 0;
+        for (const QChar c : text) {
+            const char16_t u = c.unicode();
+            if (u < 0x20 || (u >= 0x7F && u < 0xA0) || u >= m_advances.size())
+                return false;
+            double &advance = m_advances[u];
+            if (advance < 0)
+                advance = m_bodyMetrics.horizontalAdvance(c);
+            width += advance;
+        }
+        return width <= 0.9 * m_textWidth;
+    }
+
+    // The text shaped and broken into lines as the text engine breaks a block, each line placed
+    // at the block's top-left corner.
+    [[nodiscard]] std::shared_ptr<QTextLayout> layOut(const QString &text, bool title) const
+    {
+        auto layout = std::make_shared<QTextLayout>(withLineBreaks(text), title ? m_title : m_body, m_device.device());
+        layout->setTextOption(documentTextOption(title ? Qt::AlignHCenter : Qt::AlignLeft));
+        layout->setCacheEnabled(true);
+        layout->beginLayout();
+        for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+            line.setLeadingIncluded(true);
+            line.setLineWidth(m_textWidth);
+            line.setPosition(QPointF(0, 0));
+        }
+        layout->endLayout();
+        return layout;
+    }
+
+private:
+    mutable LayoutDevice m_device;
+    const double m_inset = std::round(ReportBuilder::kTextInset * kPointsPerViewPixel);
+    const double m_pageHeight = toFixed(kPageHeight);
+    const double m_textWidth = toFixed(kPageWidth) - 2 * m_inset;
+    const QFont m_body;
+    const QFont m_title;
+    const QFontMetricsF m_bodyMetrics;
+    const QFontMetricsF m_titleMetrics;
+    double m_spaces = 0;
+    // The advance of each character of the Latin scripts, measured when first met; -1 before.
+    mutable std::array<double, 0x300> m_advances;
+
+    friend class ReportPage;
 };
 
+// A block measured: its lines' heights and what it shows.
+struct ReportPages::Block
+{
+    bool title = false;
+    QString text;
+    int lineCount = 1;
+    std::shared_ptr<QTextLayout> wrapped;
+    // A cover line: each cover placed from the line's left end, their baseline and height.
+    bool isCovers = false;
+    QList<ReportPage::Cover> covers;
+    double ascent = 0;
+    double height = 0;
+
+    [[nodiscard]] double lineHeight(int line) const
+    {
+        return wrapped ? wrapped->lineAt(line).height() : height;
+    }
+};
+
+void ReportPage::draw(QPainter &painter) const
+{
+    const ReportTypesetter &t = *m_typesetter;
+    painter.save();
+    painter.setPen(Qt::black);
+    for (const Line &line : m_lines) {
+        if (!line.covers.isEmpty()) {
+            for (const Cover &cover : line.covers)
+                painter.drawImage(cover.rect.translated(t.inset(), line.y + line.ascent), cover.image);
+        } else if (line.wrapped) {
+            line.wrapped->lineAt(line.lineInBlock).draw(&painter, QPointF(t.inset(), line.y));
+        } else if (!line.text.isEmpty()) {
+            const auto layout = t.layOut(line.text, line.title);
+            layout->lineAt(0).draw(&painter, QPointF(t.inset(), line.y));
+        }
+    }
+    painter.restore();
+}
+
+QString ReportPage::text() const
+{
+    QStringList lines;
+    for (int i = 0; i < m_lines.size(); ++i) {
+        const Line &line = m_lines.at(i);
+        if (i > 0 && line.lineInBlock > 0 && m_lines.at(i - 1).record == line.record
+            && m_lines.at(i - 1).block == line.block)
+            lines.last() += line.text;
+        else
+            lines.append(line.text);
+    }
+    return lines.join(u'\n');
+}
+
+QStringList ReportPage::placedLines() const
+{
+    QStringList placed;
+    for (const Line &line : m_lines)
+        placed.append(QString::number(line.y, 'f', 2) + u' ' + line.text);
+    return placed;
+}
+
 ReportPages::ReportPages(const ReportContent &content, CoverPictures &covers, bool decodePictures)
-    : m_content(content), m_covers(covers), m_decodePictures(decodePictures), m_device(std::make_unique<LayoutDevice>())
+    : m_content(content), m_covers(covers), m_decodePictures(decodePictures),
+      m_typesetter(std::make_unique<ReportTypesetter>(content.titlePointSize()))
 {
 }
 
 ReportPages::~ReportPages() = default;
 
-Result<int> ReportPages::blockCount(int record)
+Result<void> ReportPages::measureRecord(int record, QList<Block> &blocks)
 {
-    if (record < 0)
-        return 2; // the title and a blank line
-    if (record >= m_content.recordCount())
-        return 1; // the empty line after the last record
-    if (m_linesOf != record) {
-        auto lines = m_content.lines(record);
-        if (!lines)
-            return lines.error();
-        m_lines = std::move(lines).value();
-        m_linesOf = record;
-    }
-    return int(m_lines.size()) + 2; // the lines, the covers and a blank line
-}
-
-Result<bool> ReportPages::advance(Position &at)
-{
-    const auto count = blockCount(at.record);
-    if (!count)
-        return count.error();
-    if (at.block + 1 < *count) {
-        ++at.block;
-        return true;
-    }
-    if (at.record >= m_content.recordCount())
-        return false;
-    ++at.record;
-    at.block = 0;
-    return true;
-}
-
-Result<void> ReportPages::write(Piece &piece, const Position &at)
-{
-    QTextCursor &cursor = piece.cursor;
-    const bool inTitle = at.record < 0;
-    const QTextCharFormat body = bodyFormat();
-    if (piece.blocks.isEmpty()) {
-        // A piece starting inside the report gives its first block the formats it has there.
-        if (!inTitle) {
-            cursor.setBlockFormat(aligned(Qt::AlignLeft));
-            cursor.setBlockCharFormat(body);
+    const ReportTypesetter &t = *m_typesetter;
+    blocks.clear();
+    auto addText = [&](const QString &text, bool title) {
+        Block block;
+        block.title = title;
+        block.text = text;
+        block.height = t.lineHeight(title);
+        if (!text.isEmpty() && (title || !t.fitsOnOneLine(text))) {
+            block.wrapped = t.layOut(text, title);
+            block.lineCount = std::max(1, block.wrapped->lineCount());
+            if (block.lineCount == 1 && !title)
+                block.wrapped.reset(); // it fits after all: drawn as any other line
         }
+        blocks.append(block);
+    };
+    if (record < 0) {
+        // The title and the blank line after it, both in the title's font.
+        addText(m_content.title(), true);
+        addText(QString(), true);
+        return {};
+    }
+    if (record >= m_content.recordCount()) {
+        addText(QString(), false);
+        return {};
+    }
+    const auto lines = m_content.lines(record);
+    if (!lines)
+        return lines.error();
+    for (const QString &line : *lines)
+        addText(line, false);
+
+    // The covers side by side, three spaces after the front one (and after the back one in the
+    // filtered list), standing on the line's baseline.
+    if (m_decodePictures && m_decodeAhead)
+        decodeAheadOf(record);
+    Block covers;
+    covers.isCovers = true;
+    const QFontMetricsF &metrics = t.metrics(false);
+    // A cover taller than a page is printed smaller, to fit on one.
+    const int tallest = int(std::floor(t.contentHeight() - metrics.descent()));
+    const Vinyl &vinyl = m_content.record(record);
+    double x = 0;
+    bool spaces = false;
+    for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
+        const CoverPicture picture = m_covers.cover(vinyl, side, m_decodePictures);
+        if (!picture.exists())
+            continue;
+        // The width and height are given in view pixels, each rounded to whole points.
+        const double width = m_covers.width();
+        QSize size = QSize(qRound(width), qRound(width * picture.size.height() / picture.size.width()))
+                     * kPointsPerViewPixel;
+        if (size.height() > tallest)
+            size = QSize(std::max(1, qRound(double(size.width()) * tallest / size.height())), tallest);
+        covers.covers.append({QRectF(x, -size.height(), size.width(), size.height()), picture.image});
+        covers.text += kPicture;
+        covers.ascent = std::max(covers.ascent, double(size.height()));
+        x += size.width();
+        if (side == CoverSide::Front || m_content.blanksAfterBackCover()) {
+            covers.text += kCoverGap;
+            x += t.coverGap();
+            spaces = true;
+        }
+    }
+    if (covers.covers.isEmpty() || spaces) {
+        // Text on the line gives it the font's ascent and descent.
+        covers.ascent = std::max(covers.ascent, metrics.ascent());
+        covers.height = std::ceil(covers.ascent + metrics.descent() + std::max(0.0, metrics.leading()));
     } else {
-        // Ends the block before, as the line break closing it would.
-        const bool afterTitle = piece.blocks.constLast().record < 0;
-        cursor.insertBlock(cursor.blockFormat(), afterTitle ? titleFormat(m_content.titlePointSize()) : body);
-        if (afterTitle && !inTitle)
-            cursor.setBlockFormat(aligned(Qt::AlignLeft));
+        covers.height = std::ceil(covers.ascent);
     }
-    piece.blocks.append(at);
-
-    if (inTitle) {
-        if (at.block == 0) {
-            cursor.setBlockFormat(aligned(Qt::AlignHCenter));
-            cursor.insertText(m_content.title(), titleFormat(m_content.titlePointSize()));
-        }
-        return {};
-    }
-    if (at.record >= m_content.recordCount())
-        return {};
-    const auto count = blockCount(at.record);
-    if (!count)
-        return count.error();
-    const int lines = int(m_lines.size());
-    if (at.block < lines) {
-        cursor.insertText(m_lines.at(at.block), body);
-    } else if (at.block == lines) {
-        if (m_decodePictures && m_decodeAhead)
-            decodeAheadOf(at.record);
-        const Vinyl &vinyl = m_content.record(at.record);
-        for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
-            const CoverPicture picture = m_covers.cover(vinyl, side, m_decodePictures);
-            if (!picture.exists())
-                continue;
-            const QString name = u"cover:%1"_s.arg(piece.pictures++);
-            piece.document.addResource(QTextDocument::ImageResource, QUrl(name),
-                                       m_decodePictures ? picture.image : placeholderPicture());
-            QTextImageFormat format;
-            format.setName(name);
-            format.setWidth(m_covers.width());
-            format.setHeight(m_covers.width() * picture.size.height() / picture.size.width());
-            cursor.insertImage(format);
-            if (side == CoverSide::Front || m_content.blanksAfterBackCover())
-                cursor.insertText(u"   "_s, body);
-        }
-    }
+    blocks.append(covers);
+    addText(QString(), false);
     return {};
 }
 
@@ -246,103 +318,62 @@ void ReportPages::decodeAheadOf(int record)
     }
 }
 
-Result<bool> ReportPages::writeRestOfRecord(Piece &piece, Position &at)
-{
-    // One edit: the piece is laid out once for the whole record, not once per line.
-    piece.cursor.beginEditBlock();
-    Result<bool> more = true;
-    for (;;) {
-        more = advance(at);
-        if (!more || !*more)
-            break;
-        if (auto written = write(piece, at); !written) {
-            more = written.error();
-            break;
-        }
-        const auto count = blockCount(at.record);
-        if (!count) {
-            more = count.error();
-            break;
-        }
-        if (at.block + 1 >= *count)
-            break;
-    }
-    piece.cursor.endEditBlock();
-    return more;
-}
-
 Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, const BackgroundJob::Progress &progress)
 {
     const int records = m_content.recordCount();
-    if (from.record < -1 || from.record > records || from.block < 0 || from.pagesIn < 0)
+    if (from.record < -1 || from.record > records || from.block < 0 || from.line < 0)
         return Error{u"No such page."_s};
-    Position at{from.record, from.block};
-    Position start = at;
-    auto piece = std::make_unique<Piece>(m_device->device());
-    if (auto written = write(*piece, at); !written)
-        return written;
-    int page = from.pagesIn;
-    bool ended = false;
-    for (;;) {
-        // A page is complete once a line lies below it.
-        while (!ended && lastLinePage(piece->document) <= page) {
-            if (progress && !progress(std::clamp(at.record, 0, records), records))
-                return {};
-            const auto more = writeRestOfRecord(*piece, at);
-            if (!more)
-                return more.error();
-            ended = !*more;
-        }
-        const int lastPage = ended ? piece->document.pageCount() - 1 : page;
-        for (; page <= lastPage; ++page) {
-            if (!sink(piece->document, page, PageStart{start.record, start.block, page}))
-                return {};
-        }
-        if (ended) {
-            if (progress)
-                progress(records, records);
+    const ReportTypesetter &t = *m_typesetter;
+    ReportPage page;
+    page.m_typesetter = &t;
+    page.m_start = from;
+    double y = t.inset();
+    QList<Block> blocks;
+    for (int record = from.record; record <= records; ++record) {
+        if (progress && !progress(std::clamp(record, 0, records), records))
             return {};
-        }
-        // Pages already handed over are dropped with their piece; the next piece starts at the
-        // top of the next page, so it lays out exactly as one long document would.
-        if (const auto top = blockAtPageTop(piece->document, page)) {
-            start = at = piece->blocks.at(*top);
-            piece = std::make_unique<Piece>(m_device->device());
-            if (auto written = write(*piece, at); !written)
-                return written;
-            page = 0;
+        if (auto measured = measureRecord(record, blocks); !measured)
+            return measured;
+        const bool first = record == from.record;
+        for (int b = first ? from.block : 0; b < blocks.size(); ++b) {
+            const Block &block = blocks.at(b);
+            for (int l = first && b == from.block ? from.line : 0; l < block.lineCount; ++l) {
+                const double height = block.lineHeight(l);
+                // A line that would reach below the text's bottom starts the next page.
+                if (y + height > t.bottom() && !page.m_lines.isEmpty()) {
+                    if (!sink(page))
+                        return {};
+                    page.m_lines.clear();
+                    page.m_start = PageStart{record, b, l};
+                    y = t.inset();
+                }
+                ReportPage::Line line;
+                line.record = record;
+                line.block = b;
+                line.y = y;
+                line.title = block.title;
+                line.lineInBlock = l;
+                if (block.isCovers) {
+                    line.ascent = block.ascent;
+                    line.covers = block.covers;
+                    line.text = block.text;
+                } else if (block.wrapped) {
+                    const QTextLine textLine = block.wrapped->lineAt(l);
+                    line.wrapped = block.wrapped;
+                    line.text = block.text.mid(textLine.textStart(), textLine.textLength());
+                } else {
+                    line.text = block.text;
+                }
+                page.m_lines.append(std::move(line));
+                y += height;
+            }
         }
     }
-}
-
-void ReportPages::draw(QTextDocument &piece, int pageInPiece, QPainter &painter)
-{
-    const QRectF rect(0, pageInPiece * kPageHeight, kPageWidth, kPageHeight);
-    painter.save();
-    painter.translate(0, -rect.top());
-    piece.drawContents(&painter, rect);
-    painter.restore();
-}
-
-QString ReportPages::text(QTextDocument &piece, int pageInPiece)
-{
-    QStringList lines;
-    piece.documentLayout()->documentSize(); // lays everything out
-    for (QTextBlock block = piece.begin(); block.isValid(); block = block.next()) {
-        const QTextLayout *layout = block.layout();
-        QString line;
-        bool onPage = false;
-        for (int i = 0; layout && i < layout->lineCount(); ++i) {
-            const QTextLine textLine = layout->lineAt(i);
-            if (pageOf(layout->position().y() + textLine.y()) != pageInPiece)
-                continue;
-            onPage = true;
-            line += block.text().mid(textLine.textStart(), textLine.textLength());
-        }
-        if (onPage)
-            lines.append(line);
-    }
-    return lines.join(u'\n');
+    if (!page.m_lines.isEmpty() && !sink(page))
+        return {};
+    if (progress)
+        progress(records, records);
+    return {};
 }
 
 PagedReport::PagedReport(ReportContent content, QString storeFilePath)
@@ -366,15 +397,15 @@ Result<void> PagedReport::paginate(const BackgroundJob::Progress &progress)
     CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
     ReportPages pages(m_content, covers, false);
     return pages.layOut(
-        [this](QTextDocument &, int, const PageStart &start) {
+        [this](const ReportPage &page) {
             QMutexLocker lock(&m_mutex);
-            m_pages.append(start);
+            m_pages.append(page.start());
             return true;
         },
         {}, progress);
 }
 
-bool PagedReport::withPage(int page, const std::function<void(QTextDocument &, int)> &use) const
+bool PagedReport::withPage(int page, const std::function<void(const ReportPage &)> &use) const
 {
     PageStart start;
     {
@@ -388,8 +419,8 @@ bool PagedReport::withPage(int page, const std::function<void(QTextDocument &, i
     ReportPages pages(m_content, covers, true);
     bool found = false;
     const auto laidOut = pages.layOut(
-        [&](QTextDocument &piece, int pageInPiece, const PageStart &) {
-            use(piece, pageInPiece);
+        [&](const ReportPage &laid) {
+            use(laid);
             found = true;
             return false;
         },
@@ -402,14 +433,14 @@ QImage PagedReport::render(int page, int width) const
     QImage image;
     if (width <= 0)
         return image;
-    withPage(page, [&](QTextDocument &piece, int pageInPiece) {
+    withPage(page, [&](const ReportPage &laid) {
         const double scale = width / kPageWidth;
         image = QImage(width, int(std::lround(kPageHeight * scale)), QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
         painter.scale(scale, scale);
-        ReportPages::draw(piece, pageInPiece, painter);
+        laid.draw(painter);
     });
     return image;
 }
@@ -417,6 +448,6 @@ QImage PagedReport::render(int page, int width) const
 QString PagedReport::text(int page) const
 {
     QString text;
-    withPage(page, [&](QTextDocument &piece, int pageInPiece) { text = ReportPages::text(piece, pageInPiece); });
+    withPage(page, [&](const ReportPage &laid) { text = laid.text(); });
     return text;
 }

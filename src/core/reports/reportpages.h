@@ -7,30 +7,76 @@
 #include <QImage>
 #include <QList>
 #include <QMutex>
+#include <QRectF>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
 
 class CoverPictures;
 class QPainter;
-class QTextDocument;
+class QTextLayout;
+class ReportTypesetter;
 
-// Where a page of a report starts: the block at the top of the piece of document the page
-// was laid out in (record -1 holds the title block, records are numbered from 0) and how
-// many pages into that piece the page is.
+// Where a page of a report starts: the record (-1 holds the title block, records are numbered
+// from 0), the block in it (a record's text lines, its covers, then a blank line) and the
+// line of that block (a long text wraps over several lines, and a page may begin among them).
 struct PageStart
 {
     int record = -1;
     int block = 0;
-    int pagesIn = 0;
+    int line = 0;
     friend bool operator==(const PageStart &, const PageStart &) = default;
 };
 
+// One page of a report, laid out: its lines, each placed from the page's top-left corner in
+// points. A page is drawn while the ReportPages that made it lives.
+class ReportPage
+{
+public:
+    [[nodiscard]] const PageStart &start() const { return m_start; }
+    // Draws the page with its top-left corner at the painter's origin, in points.
+    void draw(QPainter &painter) const;
+    // The text on the page: one line per block (U+FFFC for a cover), as a test reads it.
+    [[nodiscard]] QString text() const;
+    // Each line with its distance from the top of the page: "14.00 Artist: ABBA".
+    [[nodiscard]] QStringList placedLines() const;
+
+private:
+    friend class ReportPages;
+    struct Cover
+    {
+        QRectF rect;
+        QImage image;
+    };
+    struct Line
+    {
+        int record = 0;
+        int block = 0;
+        qreal y = 0;
+        qreal ascent = 0;
+        bool title = false;
+        // What the line shows: its part of the block's text, or U+FFFC for each cover.
+        QString text;
+        // A text that wraps keeps its layout, shared by its lines; a text on one line is
+        // shaped when it is drawn.
+        std::shared_ptr<QTextLayout> wrapped;
+        int lineInBlock = 0;
+        QList<Cover> covers;
+    };
+
+    PageStart m_start;
+    QList<Line> m_lines;
+    const ReportTypesetter *m_typesetter = nullptr;
+};
+
 // Lays a report out on A4 pages without margins (the text keeps an inset of its own), one
-// page after the other, holding only the pages being made. The document is written in small
-// pieces, each a QTextDocument that starts at the top of a page and lives for a page or two;
-// a record's covers are read when its cover line is written and dropped with the piece.
+// page after the other, holding only the page being made. Lines are measured with the fonts'
+// metrics, as the text engine would place them in one long document: every line of a record
+// has the line height of its font, a cover line the height of its tallest cover, and a text
+// is shaped only when it might not fit on one line, or when it is drawn. A record's covers are
+// read when its cover line is placed.
 class ReportPages
 {
 public:
@@ -40,9 +86,8 @@ public:
     ReportPages(const ReportPages &) = delete;
     ReportPages &operator=(const ReportPages &) = delete;
 
-    // Called with each page in turn: the piece it is in, its number there and where it
-    // starts. Returning false stops the layout.
-    using PageSink = std::function<bool(QTextDocument &piece, int pageInPiece, const PageStart &start)>;
+    // Called with each page in turn; returning false stops the layout.
+    using PageSink = std::function<bool(const ReportPage &page)>;
     // Lays the pages out from `from` (the first page of the report by default). Progress
     // counts the records written; a cancel stops it between two records without an error.
     Result<void> layOut(const PageSink &sink, const PageStart &from = {}, const BackgroundJob::Progress &progress = {});
@@ -51,26 +96,12 @@ public:
     // and draws them: for a whole document, not for a page drawn on its own.
     void setDecodeAhead(bool ahead) { m_decodeAhead = ahead; }
 
-    // Draws a page of a piece with the page's top-left corner at the painter's origin, in points.
-    static void draw(QTextDocument &piece, int pageInPiece, QPainter &painter);
-    // The text on a page: one line per block (U+FFFC for a cover), as a test reads it.
-    [[nodiscard]] static QString text(QTextDocument &piece, int pageInPiece);
-
 private:
-    class Piece;
-    class LayoutDevice;
-    struct Position
-    {
-        int record;
-        int block;
-    };
+    struct Block;
 
-    [[nodiscard]] Result<int> blockCount(int record);
-    // The block after `at`; false at the end of the document.
-    [[nodiscard]] Result<bool> advance(Position &at);
-    Result<void> write(Piece &piece, const Position &at);
-    // Writes the blocks after `at` to the end of their record; false at the end of the report.
-    Result<bool> writeRestOfRecord(Piece &piece, Position &at);
+    // The blocks of a record (-1: the title block; recordCount(): the blank line closing the
+    // report), each with its lines measured.
+    Result<void> measureRecord(int record, QList<Block> &blocks);
     // Keeps the covers of the records after `record` decoding ahead.
     void decodeAheadOf(int record);
 
@@ -79,10 +110,7 @@ private:
     bool m_decodePictures;
     bool m_decodeAhead = false;
     int m_decodedUntil = 0; // the records before it are decoding or decoded ahead
-    std::unique_ptr<LayoutDevice> m_device;
-    // The lines of the record being written.
-    int m_linesOf = -2;
-    QStringList m_lines;
+    std::unique_ptr<ReportTypesetter> m_typesetter;
 };
 
 // A report laid out once, whose pages can then be drawn again one at a time from any thread
@@ -103,8 +131,8 @@ public:
     [[nodiscard]] QString text(int page) const;
 
 private:
-    // Lays out the piece of `page` and hands it to `use`; false when there is no such page.
-    bool withPage(int page, const std::function<void(QTextDocument &, int)> &use) const;
+    // Lays out the page and hands it to `use`; false when there is no such page.
+    bool withPage(int page, const std::function<void(const ReportPage &)> &use) const;
 
     const ReportContent m_content;
     const QString m_storeFilePath;

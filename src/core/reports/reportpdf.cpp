@@ -98,18 +98,18 @@ DrawnPages drawPages(const ReportContent &content, QPagedPaintDevice &device, QP
     ReportPages layout(content, pictures, true);
     layout.setDecodeAhead(true);
     drawn.laidOut = layout.layOut(
-        [&](QTextDocument &piece, int page, const PageStart &) {
+        [&](const ReportPage &page) {
             drawn.pageRefused = drawn.pages == 0 ? !painter.begin(&device) : !device.newPage();
             if (drawn.pageRefused)
                 return false;
             ++drawn.pages;
             if (scale == 1.0) {
-                ReportPages::draw(piece, page, painter);
+                page.draw(painter);
                 return true;
             }
             painter.save();
             painter.scale(scale, scale);
-            ReportPages::draw(piece, page, painter);
+            page.draw(painter);
             painter.restore();
             return true;
         },
