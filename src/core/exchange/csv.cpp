@@ -27,21 +27,36 @@ Row readRow(QByteArrayView text, qsizetype &at, qint64 &line, bool keep, bool &b
     const qsizetype size = text.size();
     Row row;
     row.line = line;
+    if (keep)
+        row.fields.reserve(16);
     blank = true;
-    QByteArray field;
+    // Most fields are one run of bytes, read straight from the text; a field broken by a doubled
+    // quote or a line break is joined first.
+    QByteArrayView piece;
+    QByteArray joined;
+    int pieces = 0;
     const auto kept = [&]() { return keep && row.fields.size() < kMaxFields; };
+    const auto append = [&](QByteArrayView bytes) {
+        if (pieces == 0)
+            piece = bytes;
+        else if (pieces == 1)
+            joined = piece.toByteArray() + bytes;
+        else
+            joined += bytes;
+        ++pieces;
+    };
     const auto take = [&](qsizetype from, qsizetype to) {
         if (to > from) {
             blank = false;
             if (kept())
-                field += text.sliced(from, to - from);
+                append(text.sliced(from, to - from));
         }
     };
     const auto endField = [&]() {
         ++row.count;
         if (kept())
-            row.fields.append(QString::fromUtf8(field));
-        field.clear();
+            row.fields.append(pieces == 0 ? QString() : QString::fromUtf8(pieces == 1 ? piece : QByteArrayView(joined)));
+        pieces = 0;
     };
     for (;;) {
         if (at < size && text[at] == '"') {
@@ -69,7 +84,7 @@ Row readRow(QByteArrayView text, qsizetype &at, qint64 &line, bool keep, bool &b
                 passLineEnd(text, at, line);
                 blank = false;
                 if (kept())
-                    field += '\n';
+                    append("\n");
             }
             if (!closed) {
                 row.error = u"the quote opened on line %1 is never closed"_s.arg(opened);

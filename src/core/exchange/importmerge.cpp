@@ -170,16 +170,14 @@ Result<void> ImportMerge::buildLookups()
 {
     // Only what is present can match: a record without a name matches no line. An empty
     // artist is an artist too: a line without one matches a record without one.
+    auto keys = m_store.recordKeys();
+    if (!keys)
+        return keys.error();
+    m_records.reserve(keys->size());
+    for (auto &key : *keys)
+        m_records.insert({std::move(key.name), std::move(key.artist)}, StoredRecord{key.rowId, key.id});
     QSqlQuery q(m_store.database());
     q.setForwardOnly(true);
-    if (!q.exec(u"SELECT rowid, name, artist, id FROM Vinyl WHERE name IS NOT NULL ORDER BY rowid"_s))
-        return sqlError(u"Cannot read the records"_s, q.lastError());
-    while (q.next()) {
-        StoredRecord stored{q.value(0).toLongLong(), std::nullopt};
-        if (!q.isNull(3))
-            stored.id = qint16(q.value(3).toLongLong());
-        m_records.insert(RecordKey{q.value(1).toString(), q.value(2).toString()}, stored);
-    }
     // Records without a name or artist hold numbers too.
     if (!q.exec(u"SELECT MAX(id) FROM Vinyl"_s) || !q.next())
         return sqlError(u"Cannot read the records"_s, q.lastError());

@@ -1006,6 +1006,27 @@ Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) 
     return std::optional<Vinyl>(readVinyl(q, withImages));
 }
 
+Result<QList<RecordKey>> Store::recordKeys() const
+{
+    // Both indexes are small beside the records' rows, whose covers spill over many pages each.
+    auto numbers = kept(u"SELECT rowid, id FROM Vinyl INDEXED BY VinylById WHERE id IS NOT NULL"_s);
+    if (!numbers)
+        return Error{u"Cannot read the records: "_s + numbers.errorMessage()};
+    QHash<qint64, qint16> idOf;
+    for (Statement q(*numbers, Statement::Kept); q.next();)
+        idOf.insert(q.integer(0), qint16(q.integer(1)));
+    auto names = kept(u"SELECT rowid, name, artist FROM Vinyl INDEXED BY VinylFigures WHERE name IS NOT NULL"_s);
+    if (!names)
+        return Error{u"Cannot read the records: "_s + names.errorMessage()};
+    QList<RecordKey> keys;
+    for (Statement q(*names, Statement::Kept); q.next();) {
+        const qint64 rowId = q.integer(0);
+        const auto id = idOf.constFind(rowId);
+        keys.append({rowId, q.string(1), q.string(2), id == idOf.cend() ? std::nullopt : std::optional(*id)});
+    }
+    return keys;
+}
+
 Result<QList<Vinyl>> Store::vinylOfRelease(const QString &releaseId, const QString &barcode) const
 {
     static const QString sql = u"SELECT "_s + columnList(Entity::Vinyl, false)

@@ -19,6 +19,15 @@
 
 struct sqlite3_stmt;
 
+// What tells a stored record from another when a file's lines are matched to the store.
+struct RecordKey
+{
+    qint64 rowId = 0;
+    QString name;
+    QString artist;
+    std::optional<qint16> id;
+};
+
 // A cover as the exchange file carries it: a re-encoding of the stored picture, kept beside it
 // once the exchange writer has made it, so that an export copies it instead of encoding every
 // picture again. A cover that changes drops its encoding.
@@ -119,6 +128,10 @@ public:
 
     // The record with this row identity, with its covers; nullopt when it no longer exists.
     Result<std::optional<Vinyl>> vinylByRowId(qint64 rowId, bool withImages = true) const;
+    // The name, artist and number of every record that has a name, in no particular order: what
+    // an import matches its lines against. Read from two indexes, not from the records' rows,
+    // which hold the covers.
+    Result<QList<RecordKey>> recordKeys() const;
     // The records of one release of the online music database, without their covers, in the
     // order they were added: those holding its release id and those holding its barcode. An
     // empty release id or barcode finds nothing; one indexed read, whatever the collection's size.
