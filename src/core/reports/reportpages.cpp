@@ -3,6 +3,7 @@
 #include "reports/coverpictures.h"
 
 #include <QBuffer>
+#include <QCache>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
@@ -159,7 +160,25 @@ public:
     // at the block's top-left corner.
     [[nodiscard]] std::shared_ptr<QTextLayout> layOut(const QString &text, bool title) const
     {
-        auto layout = std::make_shared<QTextLayout>(withLineBreaks(text), title ? m_title : m_body, m_device.device());
+        return std::shared_ptr<QTextLayout>(newLayout(text, title));
+    }
+
+    // A record's line of text shaped for drawing. The same lines come back again and again in a
+    // long report (the artists, labels and producers of many records): the lines drawn lately are
+    // kept shaped, a few thousand of them.
+    [[nodiscard]] const QTextLayout &shaped(const QString &text) const
+    {
+        if (const QTextLayout *known = m_shaped.object(text))
+            return *known;
+        QTextLayout *layout = newLayout(text, false);
+        m_shaped.insert(text, layout);
+        return *layout;
+    }
+
+private:
+    [[nodiscard]] QTextLayout *newLayout(const QString &text, bool title) const
+    {
+        auto *layout = new QTextLayout(withLineBreaks(text), title ? m_title : m_body, m_device.device());
         layout->setTextOption(documentTextOption(title ? Qt::AlignHCenter : Qt::AlignLeft));
         // The glyphs stay with the layout: it is drawn after it is laid out.
         layout->setCacheEnabled(true);
@@ -173,7 +192,6 @@ public:
         return layout;
     }
 
-private:
     mutable LayoutDevice m_device;
     const double m_inset = std::round(ReportBuilder::kTextInset * kPointsPerViewPixel);
     const double m_pageHeight = toFixed(kPageHeight);
@@ -185,6 +203,7 @@ private:
     double m_spaces = 0;
     // The advance of each character of the Latin scripts, measured when first met; -1 before.
     mutable std::array<double, 0x300> m_advances;
+    mutable QCache<QString, QTextLayout> m_shaped{4096};
 };
 
 // A block measured: its lines' heights and what it shows.
@@ -218,7 +237,7 @@ void ReportPage::draw(QPainter &painter) const
         } else if (line.wrapped) {
             line.wrapped->lineAt(line.lineInBlock).draw(&painter, QPointF(t.inset(), line.y));
         } else if (!line.text.isEmpty()) {
-            t.layOut(line.text, false)->lineAt(0).draw(&painter, QPointF(t.inset(), line.y));
+            t.shaped(line.text).lineAt(0).draw(&painter, QPointF(t.inset(), line.y));
         }
     }
     painter.restore();
