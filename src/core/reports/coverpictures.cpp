@@ -254,9 +254,10 @@ CoverPicture CoverPictures::pictureOf(const QByteArray &bytes, int pixelWidth, b
 void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
 {
     Batch batch;
+    // Found by hash: compared one by one, covers from one camera or scanner share long headers.
     const auto decodingBefore = [this](const QByteArray &bytes) {
         return std::any_of(m_ahead.cbegin(), m_ahead.cend(),
-                           [&](const Batch &pending) { return pending.decoding.contains(bytes); });
+                           [&](const Batch &pending) { return pending.decodingAt.contains(bytes); });
     };
     for (const Vinyl *vinyl : records) {
         if (vinyl->rowId == 0)
@@ -264,8 +265,10 @@ void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
         batch.rowIds.append(vinyl->rowId);
         for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
             QByteArray bytes = bytesOf(*vinyl, side);
-            if (!bytes.isEmpty() && !kept(bytes) && !batch.decoding.contains(bytes) && !decodingBefore(bytes))
+            if (!bytes.isEmpty() && !kept(bytes) && !batch.decodingAt.contains(bytes) && !decodingBefore(bytes)) {
+                batch.decodingAt.insert(bytes, batch.decoding.size());
                 batch.decoding.append(bytes);
+            }
             batch.covers.append(std::move(bytes));
         }
     }
@@ -295,7 +298,7 @@ std::optional<std::pair<QByteArray, std::optional<CoverPicture>>> CoverPictures:
         // Waits for the other thread, or decodes here when it has not started yet. A cover the
         // batch did not decode was decoded for an earlier record.
         Batch &batch = m_ahead.front();
-        if (const qsizetype i = batch.decoding.indexOf(bytes); i >= 0)
+        if (const qsizetype i = batch.decodingAt.value(bytes, -1); i >= 0)
             return std::pair{bytes, std::optional<CoverPicture>(batch.pictures.result().at(i))};
         return std::pair{bytes, std::optional<CoverPicture>()};
     }

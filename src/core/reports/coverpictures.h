@@ -87,6 +87,7 @@ private:
         QList<qint64> rowIds;
         QList<QByteArray> covers;   // front and back of each record
         QList<QByteArray> decoding; // the covers not decoded before, each once
+        QHash<QByteArray, qsizetype> decodingAt; // where each is in `decoding`
         QFuture<QList<CoverPicture>> pictures; // of `decoding`
     };
 
