@@ -1,6 +1,8 @@
 #include "testsupport.h"
 
 #include "app/appshell.h"
+#include "cli/cli.h"
+#include "exchange/fileattributes.h"
 #include "store/store.h"
 
 #include <QBuffer>
@@ -9,6 +11,8 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QTest>
 
 TestApp::TestApp()
@@ -32,6 +36,17 @@ Vinyl TestApp::addVinyl(const QString &name, const QString &artist, const QStrin
     v.imagesLoaded = true;
     (void)store().insert(v);
     return v;
+}
+
+Vinyl TestApp::vinyl(qint64 rowId)
+{
+    const auto found = store().vinylByRowId(rowId);
+    return found && found->has_value() ? **found : Vinyl{};
+}
+
+qint64 TestApp::count(Entity entity)
+{
+    return store().count(FetchRequest(entity)).valueOr(-1);
 }
 
 TestWindow::TestWindow(AppDelegate &app) : m_engine(std::make_unique<QQmlApplicationEngine>())
@@ -82,6 +97,91 @@ QQuickItem *TestWindow::item(const QString &objectName) const
 {
     QQuickItem *screen = topScreen();
     return screen ? findItem(screen, objectName) : nullptr;
+}
+
+QStringList attributeTexts(const Vinyl &v, const QStringList &names)
+{
+    QStringList texts;
+    for (const RecordAttribute &attribute : FileAttributes::records()) {
+        if (!FileAttributes::has(attribute, v) || (!names.isEmpty() && !names.contains(attribute.name)))
+            continue;
+        // A file keeps only the day of a date; here its time counts too.
+        texts << attribute.name + u'='
+                     + (attribute.name == QLatin1String("releaseDate") ? v.releaseDate->toLocalTime().toString(Qt::ISODate)
+                                                                       : FileAttributes::fileText(attribute, v));
+    }
+    return texts;
+}
+
+QStringList column(const QAbstractItemModel &model, const QByteArray &role)
+{
+    const int roleId = model.roleNames().key(role, -1);
+    QStringList values;
+    for (int row = 0; row < model.rowCount(); ++row)
+        values.append(model.data(model.index(row, 0), roleId).toString());
+    return values;
+}
+
+QStringList albumNames(const QAbstractItemModel &model)
+{
+    QStringList names;
+    for (const QString &label : column(model, "nameLabel")) {
+        const QString rest = label.section(QStringLiteral("  Artist: "), 0, 0);
+        names.append(rest.mid(rest.indexOf(QLatin1Char(':')) + 1).trimmed());
+    }
+    return names;
+}
+
+QString runSql(const QSqlDatabase &db, const QStringList &statements)
+{
+    QSqlQuery q(db);
+    for (const QString &statement : statements) {
+        if (!q.exec(statement))
+            return statement + QStringLiteral(": ") + q.lastError().text();
+    }
+    return {};
+}
+
+QStringList sqlColumn(const QSqlDatabase &db, const QString &query)
+{
+    QStringList values;
+    QSqlQuery q(db);
+    q.exec(query);
+    while (q.next())
+        values << q.value(0).toString();
+    return values;
+}
+
+QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+ScopedReadOnly::ScopedReadOnly(const QString &path) : m_path(path), m_before(QFile::permissions(path))
+{
+    m_ok = QFile::setPermissions(path, m_before & ~(QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther));
+}
+
+ScopedReadOnly::~ScopedReadOnly()
+{
+    QFile::setPermissions(m_path, m_before);
+}
+
+CliRun runCommand(const QStringList &arguments)
+{
+    CliRun run;
+    QTextStream out(&run.out), err(&run.err);
+    run.code = runCli(arguments, out, err);
+    out.flush();
+    err.flush();
+    return run;
 }
 
 void useTestLocale()

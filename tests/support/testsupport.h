@@ -3,9 +3,13 @@
 #include "shell/appdelegate.h"
 #include "shell/recordingplatformservices.h"
 #include "store/entities.h"
+#include "store/store.h"
 
+#include <QAbstractItemModel>
 #include <QByteArray>
 #include <QColor>
+#include <QDateTime>
+#include <QFile>
 #include <QImage>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -13,6 +17,7 @@
 #include <memory>
 
 class QQmlApplicationEngine;
+class QSqlDatabase;
 class QQuickItem;
 class QQuickWindow;
 
@@ -32,6 +37,10 @@ public:
     // Inserts a record with the given attributes set (others absent); returns it with rowId.
     Vinyl addVinyl(const QString &name, const QString &artist = QString(), const QString &label = QString(),
                    qint16 id = 0);
+    // The stored record, covers included; an empty record when there is none.
+    [[nodiscard]] Vinyl vinyl(qint64 rowId);
+    // How many records (or tracks, grades) the store holds; -1 when it cannot say.
+    [[nodiscard]] qint64 count(Entity entity = Entity::Vinyl);
 
 private:
     QTemporaryDir m_dir;
@@ -61,6 +70,80 @@ private:
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_window = nullptr;
 };
+
+// A local date and time, as the collector entered it.
+inline QDateTime localDate(int year, int month, int day, int hour = 0, int minute = 0)
+{
+    return QDateTime(QDate(year, month, day), QTime(hour, minute));
+}
+
+// A record with a name and whatever the test sets, stored by store() so it has its rowId.
+struct RecordBuilder
+{
+    Vinyl v;
+    explicit RecordBuilder(const QString &name) { v.name = name; v.imagesLoaded = true; }
+    RecordBuilder &artist(const QString &s) { v.artist = s; return *this; }
+    RecordBuilder &label(const QString &s) { v.recordLabel = s; return *this; }
+    RecordBuilder &producer(const QString &s) { v.producer = s; return *this; }
+    RecordBuilder &date(const QDateTime &d) { v.releaseDate = d; return *this; }
+    RecordBuilder &value(float value, qint16 quantity) { v.value = value; v.quantity = quantity; return *this; }
+    RecordBuilder &cost(float c) { v.cost = c; return *this; }
+    RecordBuilder &speed(const QString &s) { v.recordSpeed = s; return *this; }
+    RecordBuilder &type(const QString &s) { v.doubleAlbum = s; return *this; }
+    RecordBuilder &duration(double minutes) { v.albumDuration = minutes; return *this; }
+    RecordBuilder &notes(const QString &s) { v.notes = s; return *this; }
+    RecordBuilder &id(qint16 number) { v.id = number; return *this; }
+    Vinyl store(Store &store)
+    {
+        (void)store.insert(v);
+        return v;
+    }
+};
+
+// The record's attributes as a file writes them ("name=Blue", "cost=12.5"; the release date with
+// its time, "releaseDate=1975-03-05T14:30:15"), in the form's order, absent ones left out; only
+// the attributes named, when names are given.
+[[nodiscard]] QStringList attributeTexts(const Vinyl &v, const QStringList &names = {});
+
+// The values of one role of a list model, top to bottom.
+[[nodiscard]] QStringList column(const QAbstractItemModel &model, const QByteArray &role);
+// The album names of the record cards shown ("Album: X  Artist: Y" -> X).
+[[nodiscard]] QStringList albumNames(const QAbstractItemModel &model);
+
+// Runs the statements in turn: the first that fails, with its error, or an empty text.
+[[nodiscard]] QString runSql(const QSqlDatabase &db, const QStringList &statements);
+// The first column of each row a query gives, as text.
+[[nodiscard]] QStringList sqlColumn(const QSqlDatabase &db, const QString &query);
+
+// The bytes of a file; empty when it cannot be read.
+[[nodiscard]] QByteArray fileBytes(const QString &path);
+// Writes the bytes to the file, replacing what it held; false when it cannot.
+bool writeBytes(const QString &path, const QByteArray &bytes);
+
+// Takes every write permission off a file or folder while it lives.
+class ScopedReadOnly
+{
+public:
+    explicit ScopedReadOnly(const QString &path);
+    ~ScopedReadOnly();
+    [[nodiscard]] bool ok() const { return m_ok; }
+    ScopedReadOnly(const ScopedReadOnly &) = delete;
+    ScopedReadOnly &operator=(const ScopedReadOnly &) = delete;
+
+private:
+    QString m_path;
+    QFile::Permissions m_before;
+    bool m_ok = false;
+};
+
+// What the command line answered: its exit code and what it wrote to each stream.
+struct CliRun
+{
+    int code = -1;
+    QString out;
+    QString err;
+};
+[[nodiscard]] CliRun runCommand(const QStringList &arguments);
 
 // Sets the en_US locale; the time zone comes from TZ, which CTest sets to America/New_York.
 void useTestLocale();

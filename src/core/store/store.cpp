@@ -257,8 +257,10 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
             if (request.entity == Entity::Vinyl && Store::kSearchedAttributes.contains(column->name))
                 order << u'"' + Store::foldedColumn(column->name) + u'"' + direction(key.ascending);
         }
+        // Ties go by row identity in the first key's direction, so each order reads one index
+        // either way: forwards, or backwards when reversed or descending.
         if (!order.isEmpty())
-            built.sql += u" ORDER BY "_s + order.join(u", "_s) + u", rowid"_s + direction(true);
+            built.sql += u" ORDER BY "_s + order.join(u", "_s) + u", rowid"_s + direction(request.sortKeys.first().ascending);
         if (request.limit > 0 || request.offset > 0)
             built.sql += u" LIMIT "_s + QString::number(request.limit > 0 ? request.limit : -1);
         if (request.offset > 0)
@@ -355,7 +357,7 @@ QVariantList trackValues(const Track &t)
     return {stored(t.vinylID), stored(t.trackNumber), stored(t.song), stored(t.writtenBy), stored(t.duration)};
 }
 
-// The attributes the lists are ordered by; each has an index per direction (see migrate()).
+// The attributes the lists are ordered by; each has an index, read either way (see migrate()).
 const QStringList kListOrders = {u"name"_s, u"artist"_s, u"recordLabel"_s, u"releaseDate"_s};
 
 QString listOrderIndex(const QString &order)
@@ -363,13 +365,21 @@ QString listOrderIndex(const QString &order)
     return u"VinylBy"_s + order.at(0).toUpper() + order.mid(1);
 }
 
-// The table's further orders, by attribute or expression; an index per direction each.
+// The table's further orders, by attribute or expression; an index each.
 const QList<std::pair<QString, QString>> kTableOrders = {
     {u"recordSpeed"_s, u"recordSpeed"_s},
     {u"quantity"_s, u"quantity"_s},
     {u"value"_s, u"value"_s},
     {Store::kTotalValue, u'(' + kTotalValueExpression + u')'},
 };
+
+QStringList tableOrderNames()
+{
+    QStringList names;
+    for (const auto &order : kTableOrders)
+        names << order.first;
+    return names;
+}
 
 QAtomicInteger<quint64> s_connectionCounter;
 QAtomicInt s_busyTimeoutMs = Store::kBusyTimeoutMs;
@@ -670,11 +680,8 @@ Result<void> Store::migrate()
                 const QString index = listOrderIndex(order);
                 const bool searched = kSearchedAttributes.contains(order);
                 const QString folded = searched ? u", \""_s + foldedColumn(order) + u'"' : QString();
-                const QString foldedDescending = searched ? folded + u" DESC"_s : QString();
-                statements << u"DROP INDEX IF EXISTS "_s + index << u"DROP INDEX IF EXISTS "_s + index + u"Descending"_s
-                           << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + order + folded + u')'
-                           << u"CREATE INDEX "_s + index + u"Descending ON Vinyl("_s + order + u" DESC"_s
-                                  + foldedDescending + u')';
+                statements << u"DROP INDEX IF EXISTS "_s + index
+                           << u"CREATE INDEX "_s + index + u" ON Vinyl("_s + order + folded + u')';
             }
             // The totals (copies, cost, value) read this instead of every wide row, and the
             // statistics read the other; a record's row holds its covers, so a pass over the
@@ -695,10 +702,14 @@ Result<void> Store::migrate()
             // each, either way, comes from an index without a sort, ties by row identity.
             for (const auto &[order, indexed] : kTableOrders) {
                 const QString index = listOrderIndex(order);
-                statements << u"CREATE INDEX IF NOT EXISTS "_s + index + u" ON Vinyl("_s + indexed + u')'
-                           << u"CREATE INDEX IF NOT EXISTS "_s + index + u"Descending ON Vinyl("_s + indexed
-                                  + u" DESC)"_s;
+                statements << u"CREATE INDEX IF NOT EXISTS "_s + index + u" ON Vinyl("_s + indexed + u')';
             }
+        }
+        if (version < 9) {
+            // An order read backwards serves its other direction (ties go by row identity in the
+            // order's direction), so a second index per order only slowed every write.
+            for (const QString &order : kListOrders + tableOrderNames())
+                statements << u"DROP INDEX IF EXISTS "_s + listOrderIndex(order) + u"Descending"_s;
         }
         statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         return execAll(statements);

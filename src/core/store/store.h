@@ -38,7 +38,7 @@ struct ExchangeEncoding
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 8;
+    static constexpr int kSchemaVersion = 9;
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows.
     static inline const QStringList kCardAttributes = {

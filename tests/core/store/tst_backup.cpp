@@ -10,13 +10,12 @@
 #include "store/snapshots.h"
 #include "testsupport.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QDeadlineTimer>
 #include <QImage>
 #include <QProcess>
-#include <QSqlQuery>
+#include <QSqlDatabase>
 #include <QTest>
 
 #include <ctime>
@@ -28,19 +27,6 @@ namespace {
 QByteArray jpeg(Qt::GlobalColor colour, int size)
 {
     return encodedPicture(solidPicture(QSize(size, size), colour), "JPEG", 80);
-}
-
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
 }
 
 QByteArray exportOf(Store &store)
@@ -77,7 +63,7 @@ void fillCollection(TestApp &t)
         v.barcode = u"501234567890%1"_s.arg(i);
         v.musicBrainzReleaseId = i == 1 ? std::optional<QString>(u"4f1c2a3b-0d5e-4c6f-9a8b-7e6d5c4b3a21"_s) : u""_s;
         const QString file = QDir(t.app().documentsDir()).filePath(u"0000000%1-AAAA-BBBB-CCCC-DDDDDDDDDDDD.jpg"_s.arg(i));
-        writeFile(file, jpeg(Qt::blue, 600));
+        QVERIFY(writeBytes(file, jpeg(Qt::blue, 600)));
         v.frontImagePath = file;
         QVERIFY(t.store().update(v).ok());
         Quote quote{0, v.rowId, QDateTime(QDate(2024, 3, i), QTime(9, 0)), double(*v.value), QuoteSources::Edit};
@@ -101,11 +87,6 @@ QStringList valueHistory(Store &store)
             lines << u"%1: %2 %3 %4"_s.arg(number(v.id)).arg(q.value).arg(q.source, q.quoted.date().toString(Qt::ISODate));
     }
     return lines;
-}
-
-qint64 recordCount(Store &store)
-{
-    return store.count(FetchRequest(Entity::Vinyl)).valueOr(-1);
 }
 
 // Imports one new record "Album <n>" through the import screen's path, snapshot included.
@@ -153,11 +134,6 @@ void fillMany(TestApp &t, const QString &artist)
         }
         return {};
     }).ok());
-}
-
-qint64 fileSize(const QString &path)
-{
-    return QFileInfo(path).size();
 }
 
 // Flips every bit of the byte at offset.
@@ -292,7 +268,7 @@ private slots:
         QTemporaryDir out;
         const QString file = out.filePath(u"backup.platterbox"_s);
         if (kind == u"text"_s)
-            writeFile(file, "[VINYLCOLLECTION]\n");
+            QVERIFY(writeBytes(file, "[VINYLCOLLECTION]\n"));
         else if (kind == u"store"_s)
             QVERIFY(Store::open(file).ok());
         else if (kind == u"backup"_s)
@@ -301,10 +277,7 @@ private slots:
             QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, kind);
             db.setDatabaseName(file);
             QVERIFY(db.open());
-            QSqlQuery q(db);
-            for (const QString &statement : std::as_const(sql))
-                QVERIFY2(q.exec(statement), qPrintable(statement));
-            q.finish();
+            QCOMPARE(runSql(db, sql), QString());
             db.close();
             db = QSqlDatabase();
             QSqlDatabase::removeDatabase(kind);
@@ -362,7 +335,7 @@ private slots:
         }
         QVERIFY(!snapshots.latest().has_value());
         QVERIFY(!snapshots.undoLatest().ok());
-        QCOMPARE(recordCount(t.store()), 3); // the first import is older than the snapshots kept
+        QCOMPARE(t.count(), 3); // the first import is older than the snapshots kept
     }
 
     void aChangeThatDoesNotHappenKeepsNoSnapshot_data()
@@ -386,7 +359,7 @@ private slots:
         QTemporaryDir out;
         const QString file = out.filePath(u"backup.platterbox"_s);
         if (change == u"text"_s) {
-            writeFile(file, "[VINYLCOLLECTION]\n");
+            QVERIFY(writeBytes(file, "[VINYLCOLLECTION]\n"));
         } else {
             QVERIFY(Backup::backUp(t.app().backupPaths(), file).ok());
             flipByte(file, QFileInfo(file).size() / 2);
@@ -445,13 +418,13 @@ private slots:
             offsets.append(pristine.size() * step / 41);
         const QByteArray before = exportOf(t.store());
         for (const qint64 offset : std::as_const(offsets)) {
-            writeFile(file, pristine);
+            QVERIFY(writeBytes(file, pristine));
             flipByte(file, offset);
             auto restored = Backup::restore(file, t.app().backupPaths());
             QVERIFY2(!restored.ok(), qPrintable(u"byte %1 of %2"_s.arg(offset).arg(pristine.size())));
             QCOMPARE(exportOf(t.store()), before);
         }
-        writeFile(file, pristine);
+        QVERIFY(writeBytes(file, pristine));
         flipByte(file, offsets.first());
         QVERIFY(Backup::restore(file, t.app().backupPaths()).errorMessage().contains(u"backup.platterbox is damaged"_s));
     }
@@ -532,13 +505,13 @@ private slots:
         if (command != u"undo-import"_s)
             arguments << (command == u"backup"_s ? target : backup);
         const QString wal = t.store().filePath() + u"-wal"_s;
-        const qint64 walBefore = fileSize(wal);
+        const qint64 walBefore = QFileInfo(wal).size();
         const QString begunIn = command == u"backup"_s ? out.path() : t.app().snapshots().folder();
         const auto reached = [&] {
             if (point == u"file begun"_s)
                 return !QDir(begunIn).entryList({u".platterbox-backup-*"_s}, QDir::Files | QDir::Hidden).isEmpty();
             if (point == u"store written"_s)
-                return fileSize(wal) > walBefore;
+                return QFileInfo(wal).size() > walBefore;
             return true;
         };
         QProcess process;
@@ -575,10 +548,10 @@ private slots:
         }
         Snapshots snapshots = t.app().snapshots();
         QVERIFY(snapshots.restore(empty).ok());
-        QCOMPARE(recordCount(t.store()), 0);
+        QCOMPARE(t.count(), 0);
         QVERIFY(QFile::exists(file));
         QVERIFY(snapshots.undoLatest().ok());
-        QCOMPARE(recordCount(t.store()), 2);
+        QCOMPARE(t.count(), 2);
         QVERIFY(QFile::exists(file));
     }
 };

@@ -13,8 +13,6 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -104,36 +102,8 @@ class TestStatistics : public QObject
 {
     Q_OBJECT
 
-private:
-    struct Run
-    {
-        int code;
-        QString out;
-    };
-    static Run runCli(const QStringList &arguments)
-    {
-        QString out, err;
-        QTextStream outStream(&out), errStream(&err);
-        const int code = ::runCli(arguments, outStream, errStream);
-        return {code, out};
-    }
-
 private slots:
     void initTestCase() { useTestLocale(); }
-
-    void figuresCountCopiesAndAmounts()
-    {
-        TestApp t;
-        fillCollection(t.store());
-        const auto statistics = StatisticsQueries::compute(t.store());
-        QVERIFY2(statistics.ok(), qPrintable(statistics.errorMessage()));
-        const CollectionFigures &f = statistics->figures;
-        QCOMPARE(f.records, 5);
-        QCOMPARE(f.copies, 5);
-        QCOMPARE(f.totalCost, 80.0);
-        QCOMPARE(f.totalValue, 147.5);
-        QCOMPARE(f.difference(), 67.5);
-    }
 
     void everyChartsSeries_data()
     {
@@ -246,9 +216,7 @@ private slots:
         }
         const auto kept = StatisticsQueries::compute(store);
         QVERIFY2(kept.ok(), qPrintable(kept.errorMessage()));
-        QSqlQuery q(store.database());
-        for (const QString &sql : KeptFigures::recount())
-            QVERIFY2(q.exec(sql), qPrintable(q.lastError().text()));
+        QCOMPARE(runSql(store.database(), KeptFigures::recount()), QString());
         const auto afresh = StatisticsQueries::compute(store);
         QVERIFY2(afresh.ok(), qPrintable(afresh.errorMessage()));
         QCOMPARE(statisticsJson(*kept), statisticsJson(*afresh));
@@ -363,16 +331,12 @@ private slots:
 
     void statsJsonHasEveryFigureAndSeries()
     {
-        QTemporaryDir dir;
-        {
-            auto app = AppDelegate::create(dir.path(), true, std::make_unique<RecordingPlatformServices>());
-            QVERIFY(app.ok());
-            fillCollection((*app)->persistentContainer());
-        }
-        const Run plain = runCli({u"--data-dir"_s, dir.path(), u"stats"_s});
+        TestApp t;
+        fillCollection(t.store());
+        const CliRun plain = runCommand({u"--data-dir"_s, t.dataDir(), u"stats"_s});
         QCOMPARE(plain.out, u"Records: 5\nCopies: 5\nTotal value: $147.50\n"_s);
 
-        const Run run = runCli({u"--data-dir"_s, dir.path(), u"stats"_s, u"--json"_s});
+        const CliRun run = runCommand({u"--data-dir"_s, t.dataDir(), u"stats"_s, u"--json"_s});
         QCOMPARE(run.code, int(CliOk));
         QJsonParseError error;
         const QJsonObject json = QJsonDocument::fromJson(run.out.toUtf8(), &error).object();
