@@ -508,13 +508,15 @@ void measureReportScreen(BenchReport &report, BenchCollection &c)
     QElapsedTimer timer;
     timer.start();
     {
+        // The window's thread sleeps until an event comes, as its event loop does (with a time
+        // limit, processEvents() returns at once when none is waiting, and would spin).
         PrintVinylViewController screen(&c.app());
         while (screen.pages()->rowCount() == 0 && screen.busy())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         ok = screen.report() && !screen.report()->render(0, 600).isNull();
         firstPage = double(timer.nsecsElapsed()) / 1e6;
         while (screen.busy())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         allPages = double(timer.nsecsElapsed()) / 1e6;
     }
     if (!ok)

@@ -2,12 +2,11 @@
 
 #include "store/store.h"
 
-#include <QAtomicInteger>
 #include <QBuffer>
 #include <QImageReader>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QtConcurrent/QtConcurrentRun>
+
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,8 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QAtomicInteger<quint64> s_readerCount;
-
 // Pictures kept for the records that share a cover: a few hundred covers at their printed size.
 constexpr qint64 kKeptPictureBytes = 16 * 1024 * 1024;
 
@@ -92,29 +89,27 @@ QSize headerSize(const QByteArray &bytes)
 } // namespace
 
 CoverReader::CoverReader(const QString &storeFilePath)
-    : m_connectionName(u"platterbox-report-covers-"_s + QString::number(++s_readerCount))
 {
-    QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
-    Store::configureReader(db, storeFilePath);
-    if (db.open()) {
-        // One read transaction while the reader lives: a report reads the covers of thousands
-        // of records, and SQLite would otherwise take and drop its read lock for each.
-        db.transaction();
-        m_query = std::make_unique<QSqlQuery>(db);
-        if (!m_query->prepare(u"SELECT frontImage, backImage FROM Vinyl WHERE rowid = ?"_s))
-            m_query.reset();
-    }
+    const QByteArray uri = Store::readerUri(storeFilePath).toUtf8();
+    if (sqlite3_open_v2(uri.constData(), &m_connection, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX,
+                        nullptr)
+        != SQLITE_OK)
+        return;
+    // One read transaction while the reader lives: a report reads the covers of thousands of
+    // records, and SQLite would otherwise take and drop its read lock for each.
+    sqlite3_exec(m_connection, "BEGIN", nullptr, nullptr, nullptr);
+    if (sqlite3_prepare_v3(m_connection, "SELECT frontImage, backImage FROM Vinyl WHERE rowid = ?", -1,
+                           SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr)
+        != SQLITE_OK)
+        m_statement = nullptr;
 }
 
 CoverReader::~CoverReader()
 {
-    m_query.reset();
-    {
-        QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
-        db.commit();
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(m_connectionName);
+    sqlite3_finalize(m_statement);
+    if (m_connection)
+        sqlite3_exec(m_connection, "COMMIT", nullptr, nullptr, nullptr);
+    sqlite3_close(m_connection);
 }
 
 QByteArray CoverReader::read(qint64 rowId, CoverSide side)
@@ -123,19 +118,26 @@ QByteArray CoverReader::read(qint64 rowId, CoverSide side)
         m_rowId = rowId;
         m_covers[0].clear();
         m_covers[1].clear();
-        if (m_query) {
-            m_query->bindValue(0, rowId);
-            if (m_query->exec() && m_query->next()) {
-                m_covers[0] = m_query->value(0).toByteArray();
-                m_covers[1] = m_query->value(1).toByteArray();
+        if (m_statement) {
+            sqlite3_bind_int64(m_statement, 1, rowId);
+            if (sqlite3_step(m_statement) == SQLITE_ROW) {
+                for (int i : {0, 1}) {
+                    const void *bytes = sqlite3_column_blob(m_statement, i);
+                    m_covers[i] = QByteArray(static_cast<const char *>(bytes), sqlite3_column_bytes(m_statement, i));
+                }
             }
-            m_query->finish();
+            sqlite3_reset(m_statement);
         }
     }
     return m_covers[side == CoverSide::Back ? 1 : 0];
 }
 
 CoverPictures::CoverPictures(CoverReader *reader, double width) : m_reader(reader), m_width(width) {}
+
+QSize CoverPictures::storedSize(const QByteArray &bytes)
+{
+    return headerSize(bytes);
+}
 
 int CoverPictures::pixelWidth() const
 {
@@ -252,9 +254,10 @@ CoverPicture CoverPictures::pictureOf(const QByteArray &bytes, int pixelWidth, b
 void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
 {
     Batch batch;
+    // Found by hash: compared one by one, covers from one camera or scanner share long headers.
     const auto decodingBefore = [this](const QByteArray &bytes) {
         return std::any_of(m_ahead.cbegin(), m_ahead.cend(),
-                           [&](const Batch &pending) { return pending.decoding.contains(bytes); });
+                           [&](const Batch &pending) { return pending.decodingAt.contains(bytes); });
     };
     for (const Vinyl *vinyl : records) {
         if (vinyl->rowId == 0)
@@ -262,8 +265,10 @@ void CoverPictures::decodeAhead(const QList<const Vinyl *> &records)
         batch.rowIds.append(vinyl->rowId);
         for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
             QByteArray bytes = bytesOf(*vinyl, side);
-            if (!bytes.isEmpty() && !kept(bytes) && !batch.decoding.contains(bytes) && !decodingBefore(bytes))
+            if (!bytes.isEmpty() && !kept(bytes) && !batch.decodingAt.contains(bytes) && !decodingBefore(bytes)) {
+                batch.decodingAt.insert(bytes, batch.decoding.size());
                 batch.decoding.append(bytes);
+            }
             batch.covers.append(std::move(bytes));
         }
     }
@@ -293,7 +298,7 @@ std::optional<std::pair<QByteArray, std::optional<CoverPicture>>> CoverPictures:
         // Waits for the other thread, or decodes here when it has not started yet. A cover the
         // batch did not decode was decoded for an earlier record.
         Batch &batch = m_ahead.front();
-        if (const qsizetype i = batch.decoding.indexOf(bytes); i >= 0)
+        if (const qsizetype i = batch.decodingAt.value(bytes, -1); i >= 0)
             return std::pair{bytes, std::optional<CoverPicture>(batch.pictures.result().at(i))};
         return std::pair{bytes, std::optional<CoverPicture>()};
     }

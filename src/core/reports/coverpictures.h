@@ -15,10 +15,11 @@
 #include <optional>
 #include <utility>
 
-class QSqlQuery;
+struct sqlite3;
+struct sqlite3_stmt;
 
 // Reads stored covers over a read-only connection of its own to the store file, so a report
-// can be laid out on any thread. The connection belongs to the thread that made the reader.
+// can be laid out on any thread; one thread at a time uses a reader.
 class CoverReader
 {
 public:
@@ -31,8 +32,8 @@ public:
     [[nodiscard]] QByteArray read(qint64 rowId, CoverSide side);
 
 private:
-    QString m_connectionName;
-    std::unique_ptr<QSqlQuery> m_query; // both covers of a record, prepared once
+    sqlite3 *m_connection = nullptr;
+    sqlite3_stmt *m_statement = nullptr; // both covers of a record, prepared once
     // The covers of the last record read: its other side is asked for next.
     qint64 m_rowId = 0;
     QByteArray m_covers[2];
@@ -71,6 +72,9 @@ public:
     // until a record of a later one is asked for.
     void decodeAhead(const QList<const Vinyl *> &records);
 
+    // The size of an encoded cover as its header gives it, without decoding it; invalid when
+    // the bytes are not a picture.
+    [[nodiscard]] static QSize storedSize(const QByteArray &bytes);
     // The size a picture of `original` pixels has at the given pixel width.
     [[nodiscard]] static QSize scaledSize(const QSize &original, int pixelWidth);
     // Decodes encoded cover bytes to at most the given pixel width (height keeps the aspect);
@@ -83,6 +87,7 @@ private:
         QList<qint64> rowIds;
         QList<QByteArray> covers;   // front and back of each record
         QList<QByteArray> decoding; // the covers not decoded before, each once
+        QHash<QByteArray, qsizetype> decodingAt; // where each is in `decoding`
         QFuture<QList<CoverPicture>> pictures; // of `decoding`
     };
 

@@ -1,5 +1,6 @@
 #include "reports/reportbuilder.h"
 
+#include "reports/coverpictures.h"
 #include "reports/reporttexts.h"
 #include "store/currentrecord.h"
 #include "store/formatters.h"
@@ -99,6 +100,34 @@ Result<QList<Vinyl>> fetchReport(Store &store, const QString &originScreen, cons
     return store.fetchVinyl(*request);
 }
 
+Result<ReportRecords> readReport(Store &store, const QString &originScreen, const CurrentRecord &group, bool ascending,
+                                 const std::function<bool(const ReportRecords &)> &reading)
+{
+    ReportRecords read;
+    auto request = reportRequest(originScreen, group, ascending);
+    if (!request)
+        return read;
+    // Counted first: a list grown record by record moves every record read before, again and again.
+    if (const auto count = store.count(*request); count && *count > 0) {
+        read.expected = *count;
+        read.records.reserve(*count);
+        read.coverSizes.reserve(*count);
+    }
+    request->withImages();
+    const auto done = store.forEachVinyl(*request, [&](Vinyl &vinyl) {
+        read.coverSizes.append({CoverPictures::storedSize(vinyl.frontImage.value_or(QByteArray())),
+                                CoverPictures::storedSize(vinyl.backImage.value_or(QByteArray()))});
+        vinyl.frontImage.reset();
+        vinyl.backImage.reset();
+        vinyl.imagesLoaded = false;
+        read.records.append(std::move(vinyl));
+        return !reading || reading(read);
+    });
+    if (!done)
+        return done.error();
+    return read;
+}
+
 QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasValue)
 {
     std::optional<QString> value;
@@ -172,6 +201,18 @@ Result<ReportContent> ReportContent::printedReport(const QString &originScreen, 
     else if (originScreen == ReportOrigins::LabelBreakdown) // the label line comes twice, as users know it
         content.m_order = {Line::Label, Line::Artist, Line::Album, Line::Date, Line::Producer, Line::Label};
     return content;
+}
+
+void ReportContent::setCoverSizes(QList<CoverSizes> sizes)
+{
+    m_coverSizes = sizes.size() == m_records.size() ? std::move(sizes) : QList<CoverSizes>();
+}
+
+std::optional<QSize> ReportContent::coverSize(int index, CoverSide side) const
+{
+    if (index < 0 || index >= m_coverSizes.size())
+        return std::nullopt;
+    return m_coverSizes.at(index)[side == CoverSide::Back ? 1 : 0];
 }
 
 Result<QStringList> ReportContent::lines(int index) const

@@ -6,13 +6,27 @@
 #include "store/result.h"
 
 #include <QList>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
+#include <array>
+#include <functional>
 #include <optional>
 
 class Store;
 struct CurrentRecord;
+
+// The sizes of a record's covers as stored, front and back; invalid where it has none.
+using CoverSizes = std::array<QSize, 2>;
+
+// A report's records without their covers, and the stored sizes of their covers.
+struct ReportRecords
+{
+    QList<Vinyl> records;
+    QList<CoverSizes> coverSizes; // one per record
+    qsizetype expected = 0;       // the records counted before they were read
+};
 
 // The texts of the reports: which records, their title and the lines of each record.
 namespace ReportBuilder {
@@ -35,6 +49,12 @@ inline constexpr double kTextInset = 18.0;
 // The report's records (without covers): an empty list when the origin selects nothing.
 [[nodiscard]] Result<QList<Vinyl>> fetchReport(Store &store, const QString &originScreen, const CurrentRecord &group,
                                                bool ascending);
+// The report's records read in one pass, each with its covers' sizes (read from the covers as
+// the record is read, then dropped): all that laying the pages out needs. `reading` hears of
+// the records read so far after each one; false stops the reading.
+[[nodiscard]] Result<ReportRecords> readReport(Store &store, const QString &originScreen, const CurrentRecord &group,
+                                               bool ascending,
+                                               const std::function<bool(const ReportRecords &)> &reading = {});
 [[nodiscard]] QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasValue = nullptr);
 // "Qty: 2 - Cost: 12.5 - Total Value (Qty * Value): $21.00"
 [[nodiscard]] QString amountsLine(const Vinyl &vinyl);
@@ -62,6 +82,11 @@ public:
     [[nodiscard]] Result<QStringList> lines(int index) const;
     // The filtered list puts three blanks after the back cover too.
     [[nodiscard]] bool blanksAfterBackCover() const { return m_kind == Kind::FilteredList; }
+    // The covers' stored sizes, read with the records (one per record): the pages are then laid
+    // out without reading the covers again.
+    void setCoverSizes(QList<CoverSizes> sizes);
+    // The stored size of a record's cover (invalid: it has none); nullopt when it was not read.
+    [[nodiscard]] std::optional<QSize> coverSize(int index, CoverSide side) const;
 
 private:
     enum class Kind { FilteredList, PrintedReport };
@@ -73,5 +98,6 @@ private:
     QString m_title;
     int m_titlePointSize;
     QList<Vinyl> m_records;
+    QList<CoverSizes> m_coverSizes;
     QList<Line> m_order; // the printed report's line order
 };

@@ -3,15 +3,19 @@
 #include "reports/coverpictures.h"
 
 #include <QBuffer>
+#include <QCache>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <QtConcurrent/QtConcurrentRun>
 
 #include <array>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using ReportBuilder::kPageHeight;
@@ -78,6 +82,34 @@ private:
     QPdfWriter m_writer;
 };
 
+// Places lines one below the other on pages: a line that would reach below the text's bottom
+// begins the next page, unless it is the first line of its page.
+class PageFlow
+{
+public:
+    PageFlow(double top, double bottom) : m_top(top), m_bottom(bottom), m_y(top) {}
+
+    // Places a line of this height; true when it begins a new page.
+    bool place(double height)
+    {
+        const bool breaks = !m_empty && m_y + height > m_bottom;
+        if (breaks)
+            m_y = m_top;
+        m_lineTop = m_y;
+        m_y += height;
+        m_empty = false;
+        return breaks;
+    }
+    [[nodiscard]] double lineTop() const { return m_lineTop; }
+
+private:
+    const double m_top;
+    const double m_bottom;
+    double m_y;
+    double m_lineTop = 0;
+    bool m_empty = true;
+};
+
 } // namespace
 
 // The measures of a report's page and its two fonts (12-point sans-serif, black, for the
@@ -90,7 +122,7 @@ public:
           m_bodyMetrics(m_body, m_device.device()), m_titleMetrics(m_title, m_device.device())
     {
         m_advances.fill(-1);
-        m_spaces = QFontMetricsF(m_body, m_device.device()).horizontalAdvance(kCoverGap);
+        m_spaces = m_bodyMetrics.horizontalAdvance(kCoverGap);
     }
 
     [[nodiscard]] double inset() const { return m_inset; }
@@ -128,8 +160,27 @@ public:
     // at the block's top-left corner.
     [[nodiscard]] std::shared_ptr<QTextLayout> layOut(const QString &text, bool title) const
     {
-        auto layout = std::make_shared<QTextLayout>(withLineBreaks(text), title ? m_title : m_body, m_device.device());
+        return std::shared_ptr<QTextLayout>(newLayout(text, title));
+    }
+
+    // A record's line of text shaped for drawing. The same lines come back again and again in a
+    // long report (the artists, labels and producers of many records): the lines drawn lately are
+    // kept shaped, a few thousand of them.
+    [[nodiscard]] const QTextLayout &shaped(const QString &text) const
+    {
+        if (const QTextLayout *known = m_shaped.object(text))
+            return *known;
+        QTextLayout *layout = newLayout(text, false);
+        m_shaped.insert(text, layout);
+        return *layout;
+    }
+
+private:
+    [[nodiscard]] QTextLayout *newLayout(const QString &text, bool title) const
+    {
+        auto *layout = new QTextLayout(withLineBreaks(text), title ? m_title : m_body, m_device.device());
         layout->setTextOption(documentTextOption(title ? Qt::AlignHCenter : Qt::AlignLeft));
+        // The glyphs stay with the layout: it is drawn after it is laid out.
         layout->setCacheEnabled(true);
         layout->beginLayout();
         for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
@@ -141,7 +192,6 @@ public:
         return layout;
     }
 
-private:
     mutable LayoutDevice m_device;
     const double m_inset = std::round(ReportBuilder::kTextInset * kPointsPerViewPixel);
     const double m_pageHeight = toFixed(kPageHeight);
@@ -153,8 +203,7 @@ private:
     double m_spaces = 0;
     // The advance of each character of the Latin scripts, measured when first met; -1 before.
     mutable std::array<double, 0x300> m_advances;
-
-    friend class ReportPage;
+    mutable QCache<QString, QTextLayout> m_shaped{4096};
 };
 
 // A block measured: its lines' heights and what it shows.
@@ -188,8 +237,7 @@ void ReportPage::draw(QPainter &painter) const
         } else if (line.wrapped) {
             line.wrapped->lineAt(line.lineInBlock).draw(&painter, QPointF(t.inset(), line.y));
         } else if (!line.text.isEmpty()) {
-            const auto layout = t.layOut(line.text, line.title);
-            layout->lineAt(0).draw(&painter, QPointF(t.inset(), line.y));
+            t.shaped(line.text).lineAt(0).draw(&painter, QPointF(t.inset(), line.y));
         }
     }
     painter.restore();
@@ -271,7 +319,10 @@ Result<void> ReportPages::measureRecord(int record, QList<Block> &blocks)
     double x = 0;
     bool spaces = false;
     for (CoverSide side : {CoverSide::Front, CoverSide::Back}) {
-        const CoverPicture picture = m_covers.cover(vinyl, side, m_decodePictures);
+        // Sizes read with the records spare reading the covers when only sizes are wanted.
+        const std::optional<QSize> stored = m_decodePictures ? std::nullopt : m_content.coverSize(record, side);
+        const CoverPicture picture = stored ? CoverPicture{CoverPictures::scaledSize(*stored, m_covers.pixelWidth()), {}}
+                                            : m_covers.cover(vinyl, side, m_decodePictures);
         if (!picture.exists())
             continue;
         // The width and height are given in view pixels, each rounded to whole points.
@@ -327,7 +378,7 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, co
     ReportPage page;
     page.m_typesetter = &t;
     page.m_start = from;
-    double y = t.inset();
+    PageFlow flow(t.inset(), t.bottom());
     QList<Block> blocks;
     for (int record = from.record; record <= records; ++record) {
         if (progress && !progress(std::clamp(record, 0, records), records))
@@ -338,19 +389,16 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, co
         for (int b = first ? from.block : 0; b < blocks.size(); ++b) {
             const Block &block = blocks.at(b);
             for (int l = first && b == from.block ? from.line : 0; l < block.lineCount; ++l) {
-                const double height = block.lineHeight(l);
-                // A line that would reach below the text's bottom starts the next page.
-                if (y + height > t.bottom() && !page.m_lines.isEmpty()) {
+                if (flow.place(block.lineHeight(l))) {
                     if (!sink(page))
                         return {};
                     page.m_lines.clear();
                     page.m_start = PageStart{record, b, l};
-                    y = t.inset();
                 }
                 ReportPage::Line line;
                 line.record = record;
                 line.block = b;
-                line.y = y;
+                line.y = flow.lineTop();
                 line.title = block.title;
                 line.lineInBlock = l;
                 if (block.isCovers) {
@@ -365,7 +413,6 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, co
                     line.text = block.text;
                 }
                 page.m_lines.append(std::move(line));
-                y += height;
             }
         }
     }
@@ -376,8 +423,44 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, co
     return {};
 }
 
+Result<RecordMeasure> ReportPages::measure(int record)
+{
+    QList<Block> blocks;
+    if (auto measured = measureRecord(record, blocks); !measured)
+        return measured.error();
+    RecordMeasure measure;
+    for (const Block &block : std::as_const(blocks)) {
+        measure.lineCounts.append(block.lineCount);
+        for (int line = 0; line < block.lineCount; ++line)
+            measure.heights.append(block.lineHeight(line));
+    }
+    return measure;
+}
+
+QList<PageStart> ReportPages::pagesOf(const QList<RecordMeasure> &measures) const
+{
+    PageFlow flow(m_typesetter->inset(), m_typesetter->bottom());
+    QList<PageStart> starts{PageStart{}};
+    for (int i = 0; i < measures.size(); ++i) {
+        const RecordMeasure &measure = measures.at(i);
+        qsizetype height = 0;
+        for (int block = 0; block < measure.lineCounts.size(); ++block) {
+            for (int line = 0; line < measure.lineCounts.at(block); ++line) {
+                if (flow.place(measure.heights.at(height++)))
+                    starts.append(PageStart{i - 1, block, line});
+            }
+        }
+    }
+    return starts;
+}
+
 PagedReport::PagedReport(ReportContent content, QString storeFilePath)
-    : m_content(std::move(content)), m_storeFilePath(std::move(storeFilePath))
+    : m_content(std::move(content)), m_storeFilePath(std::move(storeFilePath)), m_pages{PageStart{}}
+{
+}
+
+PagedReport::PagedReport(ReportContent content, QString storeFilePath, QList<PageStart> pages)
+    : m_content(std::move(content)), m_storeFilePath(std::move(storeFilePath)), m_pages(std::move(pages))
 {
 }
 
@@ -391,13 +474,19 @@ Result<void> PagedReport::paginate(const BackgroundJob::Progress &progress)
 {
     {
         QMutexLocker lock(&m_mutex);
-        m_pages.clear();
+        m_pages = {PageStart{}};
     }
-    CoverReader reader(m_storeFilePath);
-    CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
+    // Covers whose sizes were read with the records are not read again.
+    std::optional<CoverReader> reader;
+    if (!m_content.coverSize(0, CoverSide::Front))
+        reader.emplace(m_storeFilePath);
+    CoverPictures covers(reader ? &*reader : nullptr, ReportBuilder::kViewWidth / 6);
     ReportPages pages(m_content, covers, false);
+    bool first = true;
     return pages.layOut(
-        [this](const ReportPage &page) {
+        [&](const ReportPage &page) {
+            if (std::exchange(first, false))
+                return true; // known from the start
             QMutexLocker lock(&m_mutex);
             m_pages.append(page.start());
             return true;
@@ -450,4 +539,80 @@ QString PagedReport::text(int page) const
     QString text;
     withPage(page, [&](const ReportPage &laid) { text = laid.text(); });
     return text;
+}
+
+PagesWhileReading::PagesWhileReading(QString originScreen, int batch)
+    : m_origin(std::move(originScreen)), m_batchSize(std::max(1, batch))
+{
+}
+
+PagesWhileReading::~PagesWhileReading()
+{
+    for (auto &measuring : m_measuring)
+        measuring.waitForFinished();
+}
+
+void PagesWhileReading::add(const Vinyl &record, const CoverSizes &coverSizes)
+{
+    if (m_batch.isEmpty()) {
+        m_batch.reserve(m_batchSize);
+        m_batchSizes.reserve(m_batchSize);
+    }
+    m_batch.append(record);
+    m_batchSizes.append(coverSizes);
+    if (m_batch.size() == m_batchSize)
+        measureBatch();
+}
+
+void PagesWhileReading::measureBatch()
+{
+    if (m_batch.isEmpty())
+        return;
+    m_measuring.append(QtConcurrent::run(
+        [origin = m_origin, records = std::exchange(m_batch, {}),
+         sizes = std::exchange(m_batchSizes, {})]() -> std::optional<QList<RecordMeasure>> {
+            // The batch as a report of its own: its records' lines are those of the whole one.
+            auto content = ReportContent::printedReport(origin, records);
+            if (!content)
+                return std::nullopt;
+            content->setCoverSizes(sizes);
+            CoverPictures covers(nullptr, ReportBuilder::kViewWidth / 6);
+            ReportPages pages(*content, covers, false);
+            QList<RecordMeasure> measures;
+            measures.reserve(records.size());
+            for (int i = 0; i < records.size(); ++i) {
+                auto measure = pages.measure(i);
+                if (!measure)
+                    return std::nullopt;
+                measures.append(std::move(measure).value());
+            }
+            return measures;
+        }));
+}
+
+std::optional<QList<PageStart>> PagesWhileReading::pages(const ReportContent &content)
+{
+    measureBatch();
+    CoverPictures covers(nullptr, ReportBuilder::kViewWidth / 6);
+    ReportPages pages(content, covers, false);
+    QList<RecordMeasure> measures;
+    measures.reserve(content.recordCount() + 2);
+    auto title = pages.measure(-1);
+    if (!title)
+        return std::nullopt;
+    measures.append(std::move(title).value());
+    for (auto &measuring : m_measuring) {
+        const std::optional<QList<RecordMeasure>> batch = measuring.result();
+        if (!batch)
+            return std::nullopt;
+        measures.append(*batch);
+    }
+    m_measuring.clear();
+    if (measures.size() != content.recordCount() + 1)
+        return std::nullopt;
+    auto end = pages.measure(content.recordCount());
+    if (!end)
+        return std::nullopt;
+    measures.append(std::move(end).value());
+    return pages.pagesOf(measures);
 }

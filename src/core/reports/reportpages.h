@@ -4,6 +4,7 @@
 #include "store/backgroundjob.h"
 #include "store/result.h"
 
+#include <QFuture>
 #include <QImage>
 #include <QList>
 #include <QMutex>
@@ -13,6 +14,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class CoverPictures;
 class QPainter;
@@ -71,6 +73,13 @@ private:
     const ReportTypesetter *m_typesetter = nullptr;
 };
 
+// The heights of a record's lines, block by block: all that pages are made of.
+struct RecordMeasure
+{
+    QList<int> lineCounts; // of each block
+    QList<double> heights; // of each line, the blocks' lines one after the other
+};
+
 // Lays a report out on A4 pages without margins (the text keeps an inset of its own), one
 // page after the other, holding only the page being made. Lines are measured with the fonts'
 // metrics, as the text engine would place them in one long document: every line of a record
@@ -96,6 +105,12 @@ public:
     // and draws them: for a whole document, not for a page drawn on its own.
     void setDecodeAhead(bool ahead) { m_decodeAhead = ahead; }
 
+    // The record's lines measured (-1: the title block; recordCount(): the closing blank line).
+    [[nodiscard]] Result<RecordMeasure> measure(int record);
+    // Where each page starts, for records measured one after the other (the title block first,
+    // the closing blank line last): the pages layOut() makes.
+    [[nodiscard]] QList<PageStart> pagesOf(const QList<RecordMeasure> &measures) const;
+
 private:
     struct Block;
 
@@ -119,9 +134,12 @@ class PagedReport
 {
 public:
     PagedReport(ReportContent content, QString storeFilePath);
+    // A report whose pages were laid out already (see PagesWhileReading).
+    PagedReport(ReportContent content, QString storeFilePath, QList<PageStart> pages);
 
     [[nodiscard]] const ReportContent &content() const { return m_content; }
-    // Pages found so far.
+    // Pages found so far. The first is known from the start (a report's first page begins with
+    // its title), so it can be drawn before the rest is laid out.
     [[nodiscard]] int pageCount() const;
     // Lays the whole report out (reading only the covers' sizes), recording where each page
     // starts as it goes; run off the UI thread.
@@ -138,4 +156,33 @@ private:
     const QString m_storeFilePath;
     mutable QMutex m_mutex;
     QList<PageStart> m_pages;
+};
+
+// Lays a printed report's pages out while its records are read: batches of records are
+// measured on other threads as they arrive, and the pages are made of the measures once the
+// last record is in. The pages are those PagedReport::paginate() finds, without waiting for
+// the reading to end before laying out.
+class PagesWhileReading
+{
+public:
+    // Records are measured in batches of `batch`.
+    explicit PagesWhileReading(QString originScreen, int batch = 256);
+    ~PagesWhileReading();
+    PagesWhileReading(const PagesWhileReading &) = delete;
+    PagesWhileReading &operator=(const PagesWhileReading &) = delete;
+
+    // The next record of the report, with its covers' stored sizes.
+    void add(const Vinyl &record, const CoverSizes &coverSizes);
+    // Where each page of the report of the records added starts; nullopt when they could not
+    // be measured (the report is then laid out as any other).
+    [[nodiscard]] std::optional<QList<PageStart>> pages(const ReportContent &content);
+
+private:
+    void measureBatch();
+
+    const QString m_origin;
+    const int m_batchSize;
+    QList<Vinyl> m_batch;
+    QList<CoverSizes> m_batchSizes;
+    QList<QFuture<std::optional<QList<RecordMeasure>>>> m_measuring;
 };

@@ -978,6 +978,18 @@ Result<void> Store::write(const QString &sql, const QVariantList &values, qint64
 
 Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
 {
+    QList<Vinyl> rows;
+    auto read = forEachVinyl(request, [&rows](Vinyl &vinyl) {
+        rows.append(std::move(vinyl));
+        return true;
+    });
+    if (!read)
+        return read.error();
+    return rows;
+}
+
+Result<void> Store::forEachVinyl(const FetchRequest &request, const std::function<bool(Vinyl &)> &each) const
+{
     const bool cards = request.cardAttributesOnly && !request.includeImages;
     auto built = buildSelect(request, cards ? cardColumnList() : columnList(Entity::Vinyl, request.includeImages), true);
     if (!built)
@@ -985,10 +997,12 @@ Result<QList<Vinyl>> Store::fetchVinyl(const FetchRequest &request) const
     auto q = runSelect(database(), *built);
     if (!q)
         return q.error();
-    QList<Vinyl> rows;
-    while ((*q)->next())
-        rows.append(cards ? readCardVinyl(**q) : readVinyl(**q, request.includeImages));
-    return rows;
+    while ((*q)->next()) {
+        Vinyl vinyl = cards ? readCardVinyl(**q) : readVinyl(**q, request.includeImages);
+        if (!each(vinyl))
+            break;
+    }
+    return {};
 }
 
 Result<std::optional<Vinyl>> Store::vinylByRowId(qint64 rowId, bool withImages) const

@@ -112,6 +112,9 @@ public:
     [[nodiscard]] Result<void> checkWritable() const;
 
     Result<QList<Vinyl>> fetchVinyl(const FetchRequest &request) const;
+    // The request's records one after the other, each handed to `each` as it is read (false
+    // stops the reading): a long list is read with its covers without holding them all.
+    Result<void> forEachVinyl(const FetchRequest &request, const std::function<bool(Vinyl &)> &each) const;
     Result<QList<Track>> fetchTracks(const FetchRequest &request) const;
     // request.entity is VinylCondition or CoverCondition.
     Result<QList<Condition>> fetchConditions(const FetchRequest &request) const;

@@ -106,6 +106,7 @@ void PrintVinylViewController::viewDidLoad()
 void PrintVinylViewController::fetch()
 {
     m_vinylList.clear();
+    m_coverSizes.clear();
     clearReport();
     const AppState &state = *app()->state();
     if (!ReportBuilder::reportRequest(state.originScreen(), state.currentRecord(), state.sortAscending())) {
@@ -115,22 +116,58 @@ void PrintVinylViewController::fetch()
         return;
     }
     // A long list is read on the worker too: the window keeps painting from the first moment.
-    auto fetched = std::make_shared<QList<Vinyl>>();
+    // The records of the first page go to the screen as soon as they are read, and it shows
+    // that page while the rest are read; the pages are laid out on the other core meanwhile.
+    auto fetched = std::make_shared<Fetched>();
     m_fetched = fetched;
     m_taskTitle = ReportTexts::kLayingOut;
     m_taskKind = Task::Fetch;
-    m_task.start([fetched, store = app()->persistentContainer().filePath(), origin = state.originScreen(),
-                  group = state.currentRecord(), ascending = state.sortAscending()](const BackgroundJob::Progress &) {
+    m_task.start([this, fetched, store = app()->persistentContainer().filePath(), origin = state.originScreen(),
+                  group = state.currentRecord(),
+                  ascending = state.sortAscending()](const BackgroundJob::Progress &progress) {
         auto opened = Store::open(store);
         if (!opened)
             return Result<void>(opened.error());
-        auto records = ReportBuilder::fetchReport(**opened, origin, group, ascending);
+        PagesWhileReading pages(origin);
+        auto records = ReportBuilder::readReport(**opened, origin, group, ascending, [&](const ReportRecords &read) {
+            pages.add(read.records.constLast(), read.coverSizes.constLast());
+            if (read.records.size() == kFirstPageRecords) {
+                // Copies of these records: sharing the list would copy it whole at the next record.
+                ReportRecords first;
+                first.records = QList<Vinyl>(read.records.cbegin(), read.records.cend());
+                first.coverSizes = QList<CoverSizes>(read.coverSizes.cbegin(), read.coverSizes.cend());
+                QMetaObject::invokeMethod(
+                    this, [this, first = std::move(first)] { showFirstPage(first); }, Qt::QueuedConnection);
+            }
+            return progress(read.records.size(), std::max(read.expected, read.records.size()));
+        });
         if (!records)
             return Result<void>(records.error());
-        *fetched = std::move(*records);
+        if (!progress(records->records.size(), records->records.size()))
+            return Result<void>(); // cancelled
+        if (auto content = ReportContent::printedReport(origin, records->records)) {
+            content->setCoverSizes(records->coverSizes);
+            fetched->pages = pages.pages(*content);
+        }
+        fetched->read = std::move(*records);
         return Result<void>();
     });
     emit progressChanged();
+}
+
+void PrintVinylViewController::showFirstPage(const ReportRecords &first)
+{
+    // Only while the rest is still being read and no report is shown yet.
+    if (!busy() || m_taskKind != Task::Fetch || m_report)
+        return;
+    auto content = ReportContent::printedReport(app()->state()->originScreen(), first.records);
+    if (!content)
+        return; // the whole list says why when it is read
+    content->setCoverSizes(first.coverSizes);
+    m_report = std::make_shared<PagedReport>(std::move(content).value(), app()->persistentContainer().filePath());
+    m_reportKey = ReportPageProvider::publish(m_report);
+    m_pages.reset(m_reportKey);
+    m_pages.setPageCount(1);
 }
 
 void PrintVinylViewController::stopTask()
@@ -148,12 +185,19 @@ void PrintVinylViewController::clearReport()
     m_pages.reset({});
 }
 
-void PrintVinylViewController::buildReport(bool alertWhenEmpty)
+void PrintVinylViewController::buildReport(bool alertWhenEmpty, bool keepFirstPage,
+                                           std::optional<QList<PageStart>> pages)
 {
     if (!app())
         return;
-    clearReport();
+    // The first page shown while the records were read stays: the report begins with it.
+    const QString shownKey = keepFirstPage && m_report ? m_reportKey : QString();
+    if (shownKey.isEmpty())
+        clearReport();
+    else
+        m_report.reset();
     if (m_vinylList.isEmpty()) {
+        clearReport();
         m_printButtonVisible = false;
         emit reportChanged();
         if (alertWhenEmpty)
@@ -162,15 +206,26 @@ void PrintVinylViewController::buildReport(bool alertWhenEmpty)
     }
     auto content = ReportContent::printedReport(app()->state()->originScreen(), m_vinylList);
     if (!content) {
+        clearReport();
         emit reportChanged();
         showAlert(ReportTexts::kNotBuiltTitle, content.errorMessage());
         return;
     }
+    content->setCoverSizes(m_coverSizes);
     m_printButtonVisible = true;
-    m_report = std::make_shared<PagedReport>(std::move(content).value(), app()->persistentContainer().filePath());
-    m_reportKey = ReportPageProvider::publish(m_report);
-    m_pages.reset(m_reportKey);
+    const QString storeFile = app()->persistentContainer().filePath();
+    m_report = pages ? std::make_shared<PagedReport>(std::move(content).value(), storeFile, std::move(*pages))
+                     : std::make_shared<PagedReport>(std::move(content).value(), storeFile);
+    if (shownKey.isEmpty()) {
+        m_reportKey = ReportPageProvider::publish(m_report);
+        m_pages.reset(m_reportKey);
+    } else {
+        ReportPageProvider::replace(m_reportKey, m_report);
+    }
+    m_pages.setPageCount(m_report->pageCount());
     emit reportChanged();
+    if (pages)
+        return; // laid out while the records were read
 
     m_taskTitle = ReportTexts::kLayingOut;
     m_taskKind = Task::Layout;
@@ -184,12 +239,16 @@ void PrintVinylViewController::taskDone(const Result<void> &result)
     if (m_taskKind == Task::Fetch) {
         if (cancelled)
             return;
-        if (result)
-            m_vinylList = std::move(*m_fetched);
-        else
+        std::optional<QList<PageStart>> pages;
+        if (result) {
+            m_vinylList = std::move(m_fetched->read.records);
+            m_coverSizes = std::move(m_fetched->read.coverSizes);
+            pages = std::move(m_fetched->pages);
+        } else {
             consoleLine(result.errorMessage());
+        }
         m_fetched.reset();
-        buildReport(true);
+        buildReport(true, true, std::move(pages));
         if (!busy())
             emit taskFinished();
         return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "reports/reportbuilder.h"
+#include "reports/reportpages.h"
 #include "shell/screencontroller.h"
 #include "store/backgroundjob.h"
 #include "store/entities.h"
@@ -8,8 +10,6 @@
 #include <QList>
 
 #include <memory>
-
-class PagedReport;
 
 // The report's pages as a list: one row per page laid out so far, each with the picture
 // source of that page. Rows are added while the report is laid out.
@@ -88,8 +88,16 @@ protected:
     void viewDidLoad() override;
 
 private:
+    // The records a first page holds at most, with room to spare: read first, they show that
+    // page while the rest are read.
+    static constexpr int kFirstPageRecords = 64;
+
     void fetch();
-    void buildReport(bool alertWhenEmpty);
+    void showFirstPage(const ReportRecords &first);
+    // keepFirstPage: the report replaces the one shown from the first records read; pages: where
+    // its pages start, when they were laid out while the records were read.
+    void buildReport(bool alertWhenEmpty, bool keepFirstPage = false,
+                     std::optional<QList<PageStart>> pages = std::nullopt);
     void clearReport();
     void showProgress();
     void taskDone(const Result<void> &result);
@@ -102,7 +110,14 @@ private:
     ReportPageModel m_pages;
     BackgroundJob m_task;
     enum class Task { Fetch, Layout, Printing } m_taskKind = Task::Layout;
-    std::shared_ptr<QList<Vinyl>> m_fetched; // what the fetch on the worker hands back
+    QList<CoverSizes> m_coverSizes; // of m_vinylList's records
+    // What the fetch on the worker hands back.
+    struct Fetched
+    {
+        ReportRecords read;
+        std::optional<QList<PageStart>> pages;
+    };
+    std::shared_ptr<Fetched> m_fetched;
     QString m_taskTitle;
     bool m_printButtonVisible = true;
 };

@@ -80,6 +80,13 @@ QString ReportPageProvider::publish(std::shared_ptr<const PagedReport> report)
     return key;
 }
 
+void ReportPageProvider::replace(const QString &key, std::shared_ptr<const PagedReport> report)
+{
+    QMutexLocker lock(&s_mutex);
+    if (s_reports.contains(key))
+        s_reports.insert(key, std::move(report));
+}
+
 void ReportPageProvider::withdraw(const QString &key)
 {
     QMutexLocker lock(&s_mutex);

@@ -19,6 +19,8 @@ public:
 
     // Makes the report's pages reachable; returns the key of its sources.
     static QString publish(std::shared_ptr<const PagedReport> report);
+    // Serves another report under a key published before: one whose pages begin as its do.
+    static void replace(const QString &key, std::shared_ptr<const PagedReport> report);
     static void withdraw(const QString &key);
     // "image://reportpage/<key>/<page>"
     [[nodiscard]] static QString source(const QString &key, int page);

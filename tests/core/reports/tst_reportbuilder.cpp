@@ -479,14 +479,31 @@ private slots:
 
     // The screen draws each page again from where it starts; the page must come out as it
     // did when the report was laid out.
+    // However the pages were found: reading each cover for its size, with the sizes read with
+    // the records, or measured in batches on other threads while the records were read.
+    void pagesDrawnAgainFromWhereTheyStart_data()
+    {
+        QTest::addColumn<int>("found");
+        QTest::newRow("covers read for their sizes") << 0;
+        QTest::newRow("sizes read with the records") << 1;
+        QTest::newRow("laid out while the records are read") << 2;
+    }
+
     void pagesDrawnAgainFromWhereTheyStart()
     {
+        QFETCH(int, found);
         TestApp t;
         QVERIFY(addSampleCollection(t.store(), {45, 0, true, 11}));
-        auto records = ReportBuilder::fetchReport(t.store(), u"List"_s, {}, true);
-        QVERIFY(records && records->size() == 45);
-        auto content = ReportContent::printedReport(u"List"_s, *records);
+        PagesWhileReading whileReading(u"List"_s, 8);
+        auto records = ReportBuilder::readReport(t.store(), u"List"_s, {}, true, [&](const ReportRecords &read) {
+            whileReading.add(read.records.constLast(), read.coverSizes.constLast());
+            return true;
+        });
+        QVERIFY(records && records->records.size() == 45 && records->expected == 45);
+        auto content = ReportContent::printedReport(u"List"_s, records->records);
         QVERIFY(content);
+        if (found > 0)
+            content->setCoverSizes(records->coverSizes);
         CoverReader reader(t.store().filePath());
         CoverPictures covers(&reader, ReportBuilder::kViewWidth / 6);
         ReportPages pages(*content, covers, true);
@@ -506,14 +523,20 @@ private slots:
             return true;
         }));
 
-        PagedReport report(std::move(content).value(), t.store().filePath());
-        QList<qint64> counted;
-        QVERIFY(report.paginate([&counted](qint64 done, qint64 total) {
-            counted.append(done);
-            return total == 45;
-        }));
-        QCOMPARE(counted.constLast(), 45);
-        QVERIFY(std::is_sorted(counted.cbegin(), counted.cend()));
+        const auto starts = found == 2 ? whileReading.pages(*content) : std::nullopt;
+        QCOMPARE(starts.has_value(), found == 2);
+        PagedReport report = starts ? PagedReport(std::move(content).value(), t.store().filePath(), *starts)
+                                    : PagedReport(std::move(content).value(), t.store().filePath());
+        if (!starts) {
+            QCOMPARE(report.pageCount(), 1); // the first page is known before the layout
+            QList<qint64> counted;
+            QVERIFY(report.paginate([&counted](qint64 done, qint64 total) {
+                counted.append(done);
+                return total == 45;
+            }));
+            QCOMPARE(counted.constLast(), 45);
+            QVERIFY(std::is_sorted(counted.cbegin(), counted.cend()));
+        }
         QCOMPARE(report.pageCount(), texts.size());
         for (int page = texts.size() - 1; page >= 0; --page) {
             QCOMPARE(report.text(page), texts.at(page));

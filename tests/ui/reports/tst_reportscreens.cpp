@@ -246,9 +246,16 @@ private slots:
         t.app().state()->setOriginScreen(u"List"_s);
         PrintVinylViewController report(&t.app());
         QAbstractItemModelTester tester(report.pages());
+        QSignalSpy resets(report.pages(), &QAbstractItemModel::modelReset);
+        QSignalSpy inserted(report.pages(), &QAbstractItemModel::rowsInserted);
         QVERIFY(settled(report));
         QCOMPARE(report.progressText(), u"%1 of %1"_s.arg(records));
         QCOMPARE(report.pages()->rowCount(), report.report()->pageCount());
+        // The first page shows alone while the records are read, and stays when the rest come.
+        QCOMPARE(resets.count(), 1);
+        QVERIFY(inserted.count() >= 2);
+        QCOMPARE(inserted.first().at(1).toInt(), 0);
+        QCOMPARE(inserted.first().at(2).toInt(), 0);
         const QString path = t.dataDir() + u"/report.pdf"_s;
         CoverReader reader(t.store().filePath());
         QVERIFY(ReportPdf::write(report.report()->content(), path, &reader));
