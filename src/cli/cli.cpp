@@ -18,6 +18,7 @@ const QList<Command> &commands()
     static const QList<Command> list = {
         {u"demo"_s, u"demo N                 add N sample records (made-up albums with tracks and covers)"_s, demoCommand},
         {u"stats"_s, u"stats [--json]         print the number of records, copies and their total value (--json: every figure and chart)"_s, statsCommand},
+        {u"loans"_s, u"loans [--json]         list the records lent out, the longest out first, and which are overdue"_s, loansCommand},
         {u"export"_s, u"export FILE [--no-images | --csv [--one-file]]   write the collection to an exchange file or CSV files"_s, exportCommand},
         {u"import"_s, u"import FILE [--dry-run]   merge an exchange, Discogs or CSV file into the collection"_s, importCommand},
         {u"report"_s, u"report --pdf OUT [...]  write the printed collection report as a PDF file"_s, reportCommand},

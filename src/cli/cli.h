@@ -23,6 +23,7 @@ int runCli(QStringList arguments, QTextStream &out, QTextStream &err);
 // The commands; each lives in a file of its own.
 int demoCommand(CliContext &context);
 int statsCommand(CliContext &context);
+int loansCommand(CliContext &context);
 int exportCommand(CliContext &context);
 int importCommand(CliContext &context);
 int reportCommand(CliContext &context);

@@ -1,6 +1,7 @@
-// `demo` and `stats`: fill the store with sample records, and sum it up (every figure and
-// chart series as JSON with --json).
+// `demo`, `stats` and `loans`: fill the store with sample records, sum it up (every figure and
+// chart series as JSON with --json), and list the records lent out.
 #include "cli/cli.h"
+#include "collection/loans.h"
 #include "collection/statistics.h"
 #include "store/collectiontotals.h"
 #include "store/datafolder.h"
@@ -8,6 +9,9 @@
 #include "store/samplecollection.h"
 
 #include <QJsonDocument>
+#include <QLocale>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +29,7 @@ int demoCommand(CliContext &context)
     }
     SampleOptions options;
     options.records = count;
+    options.loansFrom = QDate::currentDate();
     auto done = addSampleCollection(context.folder.persistentContainer(), options);
     if (!done) {
         context.err << "platterbox: " << done.errorMessage() << "\n";
@@ -58,5 +63,35 @@ int statsCommand(CliContext &context)
     context.out << "Records: " << totals->records << "\n"
                 << "Copies: " << totals->copies << "\n"
                 << "Total value: " << Formatters::currency(totals->value) << "\n";
+    return CliOk;
+}
+
+int loansCommand(CliContext &context)
+{
+    const bool json = context.arguments == QStringList{u"--json"_s};
+    if (!context.arguments.isEmpty() && !json) {
+        context.err << "usage: platterbox [--data-dir DIR] loans [--json]\n";
+        return CliBadUsage;
+    }
+    auto out = context.folder.persistentContainer().loansOut();
+    if (!out) {
+        context.err << "platterbox: " << out.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    const QDate today = QDate::currentDate();
+    if (json) {
+        context.out << QJsonDocument(Loans::json(*out, today)).toJson(QJsonDocument::Indented);
+        return CliOk;
+    }
+    if (out->isEmpty()) {
+        context.out << "No record is lent out.\n";
+        return CliOk;
+    }
+    const auto overdue = std::count_if(out->cbegin(), out->cend(), [&](const LoanOut &o) { return Loans::isOverdue(o.loan, today); });
+    context.out << (out->size() == 1 ? u"1 record is lent out"_s : u"%1 records are lent out"_s.arg(QLocale().toString(out->size())))
+                << (overdue > 0 ? u", %1 overdue"_s.arg(QLocale().toString(qint64(overdue))) : QString()) << ".\n";
+    for (const LoanOut &o : std::as_const(*out))
+        context.out << o.name << " by " << (o.artist.isEmpty() ? u"no artist"_s : o.artist) << ": "
+                    << Loans::status(o.loan, today) << "\n";
     return CliOk;
 }

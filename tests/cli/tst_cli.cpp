@@ -8,7 +8,11 @@
 #include "store/textfile.h"
 #include "testsupport.h"
 
+#include <QDate>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -46,6 +50,28 @@ private slots:
     void emptyStoreStats()
     {
         QCOMPARE(run({u"stats"_s}).out, u"Records: 0\nCopies: 0\nTotal value: $0.00\n"_s);
+        QCOMPARE(run({u"loans"_s}).out, u"No record is lent out.\n"_s);
+        QCOMPARE(run({u"loans"_s, u"--json"_s}).out, u"[\n]\n"_s);
+    }
+
+    // The sample collection lends two records out, one of them overdue.
+    void loansListsWhatIsOutTheLongestFirst()
+    {
+        QCOMPARE(run({u"demo"_s, u"8"_s}).code, int(CliOk));
+        const CliRun human = run({u"loans"_s});
+        QCOMPARE(human.code, int(CliOk));
+        const QStringList lines = human.out.split(u'\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 3);
+        QCOMPARE(lines.at(0), u"2 records are lent out, 1 overdue."_s);
+        QVERIFY2(lines.at(1).contains(u": Lent to Lena Brandt since "_s) && lines.at(1).endsWith(u"(overdue)"_s), qPrintable(lines.at(1)));
+        QVERIFY2(lines.at(2).contains(u": Lent to Sam Okafor since "_s) && !lines.at(2).contains(u"due"_s), qPrintable(lines.at(2)));
+
+        const QJsonArray json = QJsonDocument::fromJson(run({u"loans"_s, u"--json"_s}).out.toUtf8()).array();
+        QCOMPARE(json.size(), 2);
+        QCOMPARE(json.at(0)[u"borrower"_s].toString(), u"Lena Brandt"_s);
+        QVERIFY(json.at(0)[u"overdue"_s].toBool());
+        QCOMPARE(json.at(0)[u"lent"_s].toString(), QDate::currentDate().addDays(-21).toString(Qt::ISODate));
+        QVERIFY(json.at(1)[u"due"_s].isNull());
     }
 
     // A collection in a folder that cannot be written is looked at, exported and backed up;
@@ -55,6 +81,7 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("made"); // the file the command writes outside the folder
         QTest::newRow("stats") << QStringList{u"stats"_s} << QString();
+        QTest::newRow("loans") << QStringList{u"loans"_s} << QString();
         QTest::newRow("export") << QStringList{u"export"_s, u"OUT/c.txt"_s} << u"OUT/c.txt"_s;
         QTest::newRow("report") << QStringList{u"report"_s, u"--pdf"_s, u"OUT/r.pdf"_s} << u"OUT/r.pdf"_s;
         QTest::newRow("backup") << QStringList{u"backup"_s, u"OUT/c.backup"_s} << u"OUT/c.backup"_s;
@@ -83,7 +110,7 @@ private slots:
 
         arguments.replaceInStrings(u"OUT"_s, out.path());
         const CliRun result = run(arguments);
-        if (made.isEmpty() && arguments.first() != u"stats"_s) {
+        if (made.isEmpty() && arguments.first() != u"stats"_s && arguments.first() != u"loans"_s) {
             QCOMPARE(result.code, int(CliBadInput));
             QCOMPARE(result.err, u"platterbox: "_s + Store::kReadOnlyMessage.arg(Store::kReadOnlyFolder.arg(m_dir->path())) + u"\n"_s);
         } else {
@@ -104,6 +131,7 @@ private slots:
         QTest::newRow("demo with words") << QStringList{u"demo"_s, u"many"_s} << int(CliBadUsage);
         QTest::newRow("demo beyond the numbers") << QStringList{u"demo"_s, u"40000"_s} << int(CliBadInput);
         QTest::newRow("stats with extra") << QStringList{u"stats"_s, u"x"_s} << int(CliBadUsage);
+        QTest::newRow("loans with extra") << QStringList{u"loans"_s, u"--all"_s} << int(CliBadUsage);
         QTest::newRow("data dir without folder") << QStringList{u"--data-dir"_s} << int(CliBadUsage);
         // An empty folder must not mean the collector's own collection.
         QTest::newRow("data dir empty after =") << QStringList{u"--data-dir="_s, u"demo"_s, u"3"_s} << int(CliBadUsage);

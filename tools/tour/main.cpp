@@ -110,6 +110,7 @@ int main(int argc, char *argv[])
     SampleOptions sample;
     sample.records = 240;
     sample.tracksPerRecord = 10;
+    sample.loansFrom = QDate::currentDate();
     if (auto r = addSampleCollection((*app)->persistentContainer(), sample); !r) {
         fprintf(stderr, "tour: %s\n", qPrintable(r.errorMessage()));
         return 1;

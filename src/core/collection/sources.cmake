@@ -6,6 +6,7 @@ list(APPEND PB_CORE_SOURCES
     collection/collectionlist.h collection/collectionlist.cpp
     collection/conditionlists.h collection/conditionlists.cpp
     collection/groupnames.h collection/groupnames.cpp
+    collection/loans.h collection/loans.cpp
     collection/pagecache.h
     collection/recordcard.h
     collection/recordform.h collection/recordform.cpp

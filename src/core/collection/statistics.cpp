@@ -71,6 +71,15 @@ const QList<Aggregate> &aggregates()
                  s.figures = {q.value(0).toLongLong(), qint64(q.value(1).toDouble()), q.value(2).toDouble(),
                               q.value(3).toDouble()};
          }},
+        // Loan days are the collector's calendar days: overdue is judged by the local day.
+        {u"SELECT count(*), total(due IS NOT NULL AND due < date('now', 'localtime')) FROM Loans "
+         "INDEXED BY LoansOutByDay WHERE returned IS NULL"_s,
+         [](QSqlQuery &q, Statistics &s) {
+             if (q.next()) {
+                 s.figures.onLoan = q.value(0).toLongLong();
+                 s.figures.overdue = qint64(q.value(1).toDouble());
+             }
+         }},
         // Years in local time, as the year lists group them; decades are summed from the years.
         // Records are counted per release day first, so each day is turned into its year once.
         {u"SELECT CAST(strftime('%Y', day / 1000, 'unixepoch', 'localtime') AS INTEGER) AS year, SUM(n) FROM "
@@ -203,6 +212,8 @@ QJsonObject statisticsJson(const Statistics &statistics)
         {u"totalCost"_s, cents(f.totalCost)},
         {u"totalValue"_s, cents(f.totalValue)},
         {u"difference"_s, cents(f.difference())},
+        {u"onLoan"_s, f.onLoan},
+        {u"overdue"_s, f.overdue},
         {u"totalCostText"_s, Formatters::currencyOrZero(f.totalCost)},
         {u"totalValueText"_s, Formatters::currencyOrZero(f.totalValue)},
         {u"differenceText"_s,

@@ -30,6 +30,8 @@ struct CollectionFigures
     qint64 copies = 0;    // the sum of quantities
     double totalCost = 0; // cost x quantity
     double totalValue = 0; // value x quantity
+    qint64 onLoan = 0;  // records lent out
+    qint64 overdue = 0; // of those, due back before today
 
     // What the collection gained against what it cost (negative: a loss).
     [[nodiscard]] double difference() const { return totalValue - totalCost; }

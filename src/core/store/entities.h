@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDate>
 #include <QDateTime>
 #include <QString>
 
@@ -78,6 +79,29 @@ struct Quote
     QDateTime quoted;
     double value = 0;
     QString source; // QuoteSources: where the value came from
+};
+
+// A record lent out: to whom, from which day and, once it is back, until which. Days are days of
+// the collector's own calendar, kept as they were given whatever the time zone.
+struct Loan
+{
+    qint64 rowId = 0;
+    qint64 vinylRowId = 0;
+    QString borrower;
+    QDate lent;
+    QDate due;      // invalid when none was given
+    QDate returned; // invalid while the record is out
+    QString note;
+
+    [[nodiscard]] bool isOut() const { return !returned.isValid(); }
+};
+
+// A loan not yet returned, with what names its record.
+struct LoanOut
+{
+    Loan loan;
+    QString name;
+    QString artist;
 };
 
 namespace QuoteSources {

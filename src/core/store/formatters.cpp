@@ -9,6 +9,7 @@
 #include <unicode/datefmt.h>
 #include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
+#include <unicode/dtptngen.h>
 #include <unicode/numfmt.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
@@ -55,6 +56,7 @@ struct FormatterSet
     std::unique_ptr<icu::DateFormat> longStyle;
     std::unique_ptr<icu::DateFormat> year;
     std::unique_ptr<icu::DateFormat> monthYear;
+    std::unique_ptr<icu::DateFormat> dayAndMonth;
     NumberSymbols symbols;
 };
 
@@ -128,9 +130,18 @@ FormatterSet &formatters()
     set.longStyle.reset(icu::DateFormat::createDateInstance(icu::DateFormat::kLong, locale));
     set.year = pattern(u"yyyy", locale);
     set.monthYear = pattern(u"MMMM-yyyy", locale);
+    // The locale's own order and words for a day of a month: "Apr 1", "1. Apr.", "1 avr.".
+    status = U_ZERO_ERROR;
+    if (std::unique_ptr<icu::DateTimePatternGenerator> generator(icu::DateTimePatternGenerator::createInstance(locale, status));
+        U_SUCCESS(status)) {
+        icu::UnicodeString best = generator->getBestPattern(icu::UnicodeString(u"MMMd"), status);
+        if (U_SUCCESS(status))
+            set.dayAndMonth = pattern(best.getTerminatedBuffer(), locale);
+    }
 
     std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(zoneId.constData())));
-    for (icu::DateFormat *f : {set.medium.get(), set.longStyle.get(), set.year.get(), set.monthYear.get()}) {
+    for (icu::DateFormat *f :
+         {set.medium.get(), set.longStyle.get(), set.year.get(), set.monthYear.get(), set.dayAndMonth.get()}) {
         if (f && zone && *zone != icu::TimeZone::getUnknown())
             f->setTimeZone(*zone);
     }
@@ -315,6 +326,17 @@ QString year(const QDateTime &date)
 QString monthYear(const QDateTime &date)
 {
     return formatDate(formatters().monthYear.get(), date);
+}
+
+QString mediumDay(QDate day)
+{
+    // Noon: the day is the same in every time zone the formatter might use.
+    return day.isValid() ? mediumDate(QDateTime(day, QTime(12, 0))) : QString();
+}
+
+QString dayAndMonth(QDate day)
+{
+    return day.isValid() ? formatDate(formatters().dayAndMonth.get(), QDateTime(day, QTime(12, 0))) : QString();
 }
 
 std::optional<QDateTime> parseMediumDate(const QString &text)

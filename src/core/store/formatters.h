@@ -25,6 +25,10 @@ namespace Formatters {
 // "MMMM-yyyy": "March-1975".
 [[nodiscard]] QString monthYear(const QDateTime &date);
 
+// A calendar day in the medium style ("Mar 3, 2026"), and without its year ("Apr 1").
+[[nodiscard]] QString mediumDay(QDate day);
+[[nodiscard]] QString dayAndMonth(QDate day);
+
 // Reads a medium-style date text back; the date at local midnight, or nullopt.
 [[nodiscard]] std::optional<QDateTime> parseMediumDate(const QString &text);
 // Reads a number as the current locale writes it: its digits, its decimal separator, its

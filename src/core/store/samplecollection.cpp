@@ -112,6 +112,28 @@ QByteArray sampleCoverJpeg(int variant, bool front)
     return encodeJpeg(image);
 }
 
+namespace {
+// A few of the records are lent out from the given day on: the third since three weeks, due back
+// in ten days after it was lent (so overdue), and back once before; the seventh since a week.
+Result<void> addSampleLoans(Store &store, const Vinyl &v, int index, QDate today)
+{
+    if (!today.isValid())
+        return {};
+    QList<Loan> loans;
+    if (index == 2) {
+        loans << Loan{0, v.rowId, u"Sam Okafor"_s, today.addDays(-90), today.addDays(-76), today.addDays(-70), QString()}
+              << Loan{0, v.rowId, u"Lena Brandt"_s, today.addDays(-21), today.addDays(-11), {}, u"With the inner sleeve"_s};
+    } else if (index == 6) {
+        loans << Loan{0, v.rowId, u"Sam Okafor"_s, today.addDays(-7), {}, {}, QString()};
+    }
+    for (Loan &loan : loans) {
+        if (auto r = store.insert(loan); !r)
+            return r;
+    }
+    return {};
+}
+} // namespace
+
 Result<void> addSampleCollection(Store &store, const SampleOptions &options)
 {
     return store.transaction([&]() -> Result<void> {
@@ -176,6 +198,8 @@ Result<void> addSampleCollection(Store &store, const SampleOptions &options)
                 if (auto r = store.insert(track); !r)
                     return r;
             }
+            if (auto r = addSampleLoans(store, v, i, options.loansFrom); !r)
+                return r;
         }
         return {};
     });

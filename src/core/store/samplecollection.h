@@ -3,6 +3,7 @@
 #include "store/result.h"
 
 #include <QByteArray>
+#include <QDate>
 
 class Store;
 
@@ -16,6 +17,8 @@ struct SampleOptions
     int tracksPerRecord = 12;
     bool covers = true;
     quint32 seed = 1975;
+    // Lends a few of the records out, as of this day (one overdue); none when invalid.
+    QDate loansFrom;
 };
 
 // Adds the records (numbered on from the highest id) in one transaction.

@@ -711,6 +711,26 @@ Result<void> Store::migrate()
             for (const QString &order : kListOrders + tableOrderNames())
                 statements << u"DROP INDEX IF EXISTS "_s + listOrderIndex(order) + u"Descending"_s;
         }
+        if (version < 10) {
+            // Loans: days as ISO dates (the collector's calendar days, whatever the time zone).
+            // A record is out at most once, which the store itself holds to.
+            statements << u"CREATE TABLE IF NOT EXISTS Loans (vinylRowId INTEGER NOT NULL, borrower TEXT NOT NULL, "
+                          "lent TEXT NOT NULL, due TEXT, returned TEXT, note TEXT)"_s
+                       << u"CREATE UNIQUE INDEX IF NOT EXISTS LoansOut ON Loans(vinylRowId) WHERE returned IS NULL"_s
+                       << u"CREATE INDEX IF NOT EXISTS LoansByRecord ON Loans(vinylRowId, lent)"_s
+                       << u"CREATE INDEX IF NOT EXISTS LoansOutByDay ON Loans(lent) WHERE returned IS NULL"_s
+                       // The albums sought: a record's attributes without its number, which only
+                       // the collection gives, and the most the collector would pay and how keenly.
+                       << u"CREATE TABLE IF NOT EXISTS Wanted (name TEXT, artist TEXT, releaseDate INTEGER, "
+                          "recordLabel TEXT, producer TEXT, quantity INTEGER, albumDuration REAL, vinylCondition TEXT, "
+                          "coverCondition TEXT, recordSpeed TEXT, doubleAlbum TEXT, cost REAL, value REAL, notes TEXT, "
+                          "frontImagePath TEXT, backImagePath TEXT, barcode TEXT, musicBrainzReleaseId TEXT, "
+                          "maxPrice REAL, priority INTEGER, frontImage BLOB, backImage BLOB)"_s
+                       << u"CREATE INDEX IF NOT EXISTS WantedByPriority ON Wanted(priority, artist, name)"_s
+                       << u"CREATE TABLE IF NOT EXISTS WantedTracks (wantedRowId INTEGER NOT NULL, trackNumber INTEGER, "
+                          "song TEXT, writtenBy TEXT, duration REAL)"_s
+                       << u"CREATE INDEX IF NOT EXISTS WantedTracksByAlbum ON WantedTracks(wantedRowId, trackNumber)"_s;
+        }
         statements << u"PRAGMA user_version = %1"_s.arg(kSchemaVersion);
         return execAll(statements);
     });
@@ -1314,10 +1334,95 @@ Result<void> Store::update(Entity conditionEntity, const Condition &condition)
 Result<void> Store::remove(Entity entity, qint64 rowId)
 {
     if (entity == Entity::Vinyl) {
-        if (auto r = write(u"DELETE FROM Quotes WHERE vinylRowId = ?"_s, {rowId}); !r)
-            return r;
+        for (const QString &sql : {u"DELETE FROM Quotes WHERE vinylRowId = ?"_s, u"DELETE FROM Loans WHERE vinylRowId = ?"_s}) {
+            if (auto r = write(sql, {rowId}); !r)
+                return r;
+        }
     }
     return write(u"DELETE FROM \""_s + tableName(entity) + u"\" WHERE rowid = ?"_s, {rowId});
+}
+
+namespace {
+const QString kLoanColumns = u"rowid, vinylRowId, borrower, lent, due, returned, note"_s;
+
+QVariant isoDay(QDate day)
+{
+    return day.isValid() ? QVariant(day.toString(Qt::ISODate)) : QVariant();
+}
+
+Loan readLoan(const Statement &q, int first = 0)
+{
+    const auto day = [&](int i) { return q.isNull(i) ? QDate() : QDate::fromString(q.string(i), Qt::ISODate); };
+    return Loan{q.integer(first), q.integer(first + 1), q.string(first + 2), day(first + 3),
+                day(first + 4),   day(first + 5),       q.string(first + 6)};
+}
+} // namespace
+
+Result<void> Store::insert(Loan &loan)
+{
+    return transaction([&]() -> Result<void> {
+        auto open = loans(loan.vinylRowId);
+        if (!open)
+            return open.error();
+        if (!open->isEmpty() && open->first().isOut())
+            return Error{kAlreadyLent.arg(open->first().borrower)};
+        return write(u"INSERT INTO Loans (vinylRowId, borrower, lent, due, returned, note) VALUES (?, ?, ?, ?, ?, ?)"_s,
+                     {loan.vinylRowId, loan.borrower, isoDay(loan.lent), isoDay(loan.due), isoDay(loan.returned),
+                      loan.note},
+                     &loan.rowId);
+    });
+}
+
+Result<void> Store::returnLoan(qint64 vinylRowId, QDate day)
+{
+    return transaction([&]() -> Result<void> {
+        auto open = loans(vinylRowId);
+        if (!open)
+            return open.error();
+        if (open->isEmpty() || !open->first().isOut())
+            return Error{kNotLent};
+        return write(u"UPDATE Loans SET returned = ? WHERE rowid = ?"_s, {isoDay(day), open->first().rowId});
+    });
+}
+
+Result<QList<Loan>> Store::loans(qint64 vinylRowId) const
+{
+    auto prepared = kept(u"SELECT "_s + kLoanColumns
+                         + u" FROM Loans WHERE vinylRowId = ? ORDER BY returned IS NOT NULL, lent DESC, rowid DESC"_s);
+    if (!prepared)
+        return Error{u"Cannot read the loans: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    sqlite3_bind_int64(q.handle(), 1, vinylRowId);
+    QList<Loan> list;
+    while (q.next())
+        list.append(readLoan(q));
+    return list;
+}
+
+Result<QList<LoanOut>> Store::loansOut() const
+{
+    auto prepared = kept(u"SELECT Loans.rowid, vinylRowId, borrower, lent, due, returned, note, Vinyl.name, Vinyl.artist "
+                         "FROM Loans INDEXED BY LoansOutByDay JOIN Vinyl ON Vinyl.rowid = Loans.vinylRowId "
+                         "WHERE returned IS NULL ORDER BY lent, Loans.rowid"_s);
+    if (!prepared)
+        return Error{u"Cannot read the loans: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    QList<LoanOut> list;
+    while (q.next())
+        list.append({readLoan(q), q.string(7), q.string(8)});
+    return list;
+}
+
+Result<QStringList> Store::borrowers() const
+{
+    auto prepared = kept(u"SELECT borrower FROM Loans GROUP BY borrower ORDER BY max(lent) DESC, max(rowid) DESC"_s);
+    if (!prepared)
+        return Error{u"Cannot read the loans: "_s + prepared.errorMessage()};
+    Statement q(*prepared, Statement::Kept);
+    QStringList names;
+    while (q.next())
+        names.append(q.string(0));
+    return names;
 }
 
 Result<void> Store::insert(Quote &quote)

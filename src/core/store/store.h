@@ -40,14 +40,18 @@ struct ExchangeEncoding
 };
 
 // The one embedded SQLite store: tables Vinyl, Tracks, VinylCondition and CoverCondition,
-// one nullable column per attribute, and Quotes, the value history of the records. Strings compare exactly and sort in code-point order;
+// one nullable column per attribute; Quotes, the value history of the records; Loans, who
+// borrowed which record when; and Wanted with WantedTracks, the albums sought. Strings compare exactly and sort in code-point order;
 // absent values sort first ascending. Cover BLOBs are only read when a fetch asks for them.
 //
 // A Store belongs to the thread that opened it (QtSql connections are per thread).
 class Store
 {
 public:
-    static constexpr int kSchemaVersion = 9;
+    static constexpr int kSchemaVersion = 10;
+    // What a loan of a record that is out, or a return of one that is not, answers.
+    static inline const QString kAlreadyLent = QStringLiteral("The record is lent to %1 already: it can be lent again once it is back.");
+    static inline const QString kNotLent = QStringLiteral("The record is not lent out.");
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows.
     static inline const QStringList kCardAttributes = {
@@ -170,6 +174,17 @@ public:
     Result<void> insert(Quote &quote);
     // The record's value history, newest first.
     Result<QList<Quote>> quotes(qint64 vinylRowId) const;
+
+    // Lends a record (sets loan.rowId); refused while the record is out already.
+    Result<void> insert(Loan &loan);
+    // Marks the record's loan returned on that day; an error when the record is not out.
+    Result<void> returnLoan(qint64 vinylRowId, QDate day);
+    // Every loan of a record, the open one first, then the latest lent first.
+    Result<QList<Loan>> loans(qint64 vinylRowId) const;
+    // The records out, the longest out first.
+    Result<QList<LoanOut>> loansOut() const;
+    // The names records were lent to, the latest first, each once.
+    Result<QStringList> borrowers() const;
 
     // Runs work in one transaction: committed when it succeeds, rolled back when it fails,
     // so one user action either happens whole or leaves the store as it was. Nested calls

@@ -1,6 +1,7 @@
 // The store: what it keeps and finds, its upgrades and refusals, the number and date formats it
 // reads and writes, and each record's value history.
 #include "entry/addvinylviewcontroller.h"
+#include "collection/loans.h"
 #include "entry/editvinylviewcontroller.h"
 #include "exchange/importfile.h"
 #include "exchange/importmerge.h"
@@ -789,7 +790,7 @@ private slots:
         QCOMPARE(allQuotes(t.store()), quotes);
     }
 
-    void deletingARecordDeletesItsQuotes()
+    void deletingARecordDeletesItsQuotesAndLoans()
     {
         TestApp t;
         const Vinyl kept = addValued(t);
@@ -797,10 +798,115 @@ private slots:
         for (const Vinyl &v : {kept, gone}) {
             Quote quote{0, v.rowId, QDateTime::currentDateTime(), 10, QuoteSources::Edit};
             QVERIFY(t.store().insert(quote).ok());
+            QVERIFY(Loans::lend(t.store(), v.rowId, u"Sam"_s, QDate(2026, 3, 3)).ok());
         }
         QVERIFY(t.store().transaction([&] { return t.store().remove(Entity::Vinyl, gone.rowId); }).ok());
         QCOMPARE(t.store().quotes(gone.rowId)->size(), 0);
+        QCOMPARE(t.store().loans(gone.rowId)->size(), 0);
         QCOMPARE(t.store().quotes(kept.rowId)->size(), 1);
+        QCOMPARE(t.store().loansOut()->size(), 1);
+    }
+
+    // A record is out to one borrower at a time; what is refused leaves the loans as they were.
+    void aRecordIsLentOnceAtATime()
+    {
+        TestApp t;
+        const Vinyl salt = t.addVinyl(u"Salt Roads"_s, u"Ada Moss"_s);
+        const Vinyl tides = t.addVinyl(u"Northern Tides"_s, u"Ada Moss"_s);
+        Store &store = t.store();
+        const QDate march3(2026, 3, 3);
+        QCOMPARE(Loans::lend(store, salt.rowId, u"  "_s, march3).errorMessage(), Loans::kNoBorrower);
+        QCOMPARE(Loans::lend(store, salt.rowId, u"Sam"_s, march3, march3.addDays(-1)).errorMessage(), Loans::kDueBeforeLent);
+        QCOMPARE(Loans::lend(store, salt.rowId + 99, u"Sam"_s, march3).errorMessage(), Loans::kNoRecord);
+        QCOMPARE(Loans::giveBack(store, salt.rowId, march3).errorMessage(), Store::kNotLent);
+        QCOMPARE(store.loans(salt.rowId)->size(), 0);
+
+        QVERIFY(Loans::lend(store, salt.rowId, u" Sam  Okafor "_s, march3, QDate(2026, 4, 1), u"sleeve"_s).ok());
+        QCOMPARE(Loans::lend(store, salt.rowId, u"Lena"_s, march3.addDays(1)).errorMessage(),
+                 Store::kAlreadyLent.arg(u"Sam Okafor"_s));
+        QCOMPARE(Loans::giveBack(store, salt.rowId, march3.addDays(-1)).errorMessage(), Loans::kBackBeforeLent);
+        QCOMPARE(store.loans(salt.rowId)->size(), 1);
+        // The store holds to it even when asked directly.
+        Loan second{0, salt.rowId, u"Lena"_s, march3, {}, {}, {}};
+        QVERIFY(!store.insert(second).ok());
+
+        QVERIFY(Loans::giveBack(store, salt.rowId, QDate(2026, 3, 20)).ok());
+        QVERIFY(Loans::lend(store, salt.rowId, u"Lena"_s, QDate(2026, 5, 2)).ok());
+        QVERIFY(Loans::lend(store, tides.rowId, u"Sam Okafor"_s, QDate(2026, 1, 9)).ok());
+
+        const auto history = store.loans(salt.rowId);
+        QCOMPARE(history->size(), 2);
+        QCOMPARE(history->at(0).borrower, u"Lena"_s);
+        QVERIFY(history->at(0).isOut());
+        QCOMPARE(Loans::historyLine(history->at(1)), u"Sam Okafor, Mar 3, 2026 \u2013 Mar 20, 2026"_s);
+        QCOMPARE(history->at(1).note, u"sleeve"_s);
+        // What is out, the longest out first; the names offered again, the latest first.
+        const auto out = store.loansOut();
+        QCOMPARE(out->size(), 2);
+        QCOMPARE(out->at(0).name + u" / "_s + out->at(0).loan.borrower, u"Northern Tides / Sam Okafor"_s);
+        QCOMPARE(out->at(1).name + u" / "_s + out->at(1).loan.borrower, u"Salt Roads / Lena"_s);
+        QCOMPARE(*store.borrowers(), (QStringList{u"Lena"_s, u"Sam Okafor"_s}));
+    }
+
+    // The days lent and due read in the collector's language, and overdue by the collector's
+    // own day, whatever the time zone: days are kept as days.
+    void loanStatusInTheLocaleAndOverdueByTheDay_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QDate>("due");
+        QTest::addColumn<QDate>("today");
+        QTest::addColumn<QString>("status");
+        const QDate april1(2026, 4, 1);
+        QTest::newRow("due today") << u"en_US"_s << QByteArray("America/New_York") << april1 << april1
+                                   << u"Lent to Sam since Mar 3, 2026, due Apr 1"_s;
+        QTest::newRow("a day late") << u"en_US"_s << QByteArray("Pacific/Kiritimati") << april1 << april1.addDays(1)
+                                    << u"Lent to Sam since Mar 3, 2026, due Apr 1 (overdue)"_s;
+        QTest::newRow("no due day") << u"en_US"_s << QByteArray("America/Adak") << QDate() << april1.addYears(1)
+                                    << u"Lent to Sam since Mar 3, 2026"_s;
+        QTest::newRow("next year") << u"en_US"_s << QByteArray("America/New_York") << QDate(2027, 1, 15) << april1
+                                   << u"Lent to Sam since Mar 3, 2026, due Jan 15, 2027"_s;
+        QTest::newRow("de_DE") << u"de_DE"_s << QByteArray("Europe/Berlin") << april1 << april1
+                               << u"Lent to Sam since 03.03.2026, due 1. Apr."_s;
+        QTest::newRow("fr_FR") << u"fr_FR"_s << QByteArray("Europe/Paris") << april1 << april1
+                               << u"Lent to Sam since 3 mars 2026, due 1 avr."_s;
+    }
+
+    void loanStatusInTheLocaleAndOverdueByTheDay()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QByteArray, zone);
+        QFETCH(QDate, due);
+        QFETCH(QDate, today);
+        QFETCH(QString, status);
+        const QByteArray tz = qgetenv("TZ");
+        qputenv("TZ", zone);
+        const auto restore = qScopeGuard([&] { qputenv("TZ", tz); });
+        ScopedLocale scoped(locale);
+        const Loan loan{1, 1, u"Sam"_s, QDate(2026, 3, 3), due, {}, {}};
+        QCOMPARE(Loans::status(loan, today), status);
+        QCOMPARE(Loans::isOverdue(loan, today), status.endsWith(u"(overdue)"_s));
+    }
+
+    // A store of the previous version gains the loans and the wantlist.
+    void previousVersionGainsLoansAndWantlist()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"Platterbox.sqlite"_s);
+        qint64 rowId = 0;
+        {
+            auto store = Store::open(path);
+            QVERIFY(store.ok());
+            rowId = RecordBuilder(u"Kept"_s).store(**store).rowId;
+            QCOMPARE(runSql((*store)->database(), {u"DROP TABLE Loans"_s, u"DROP TABLE Wanted"_s,
+                                                   u"DROP TABLE WantedTracks"_s, u"PRAGMA user_version = 9"_s}),
+                     QString());
+        }
+        auto reopened = Store::open(path);
+        QVERIFY2(reopened.ok(), qPrintable(reopened.errorMessage()));
+        QVERIFY(Loans::lend(**reopened, rowId, u"Sam"_s, QDate(2026, 3, 3)).ok());
+        QCOMPARE((*reopened)->loansOut()->first().name, u"Kept"_s);
+        QCOMPARE(sqlColumn((*reopened)->database(), u"SELECT count(*) FROM Wanted"_s), QStringList{u"0"_s});
     }
 
     // Newest first with date, amount and source; the chart gets them oldest first.
