@@ -44,6 +44,7 @@ QString Navigator::screenForUnwind(const QString &segue)
         {u"unwindToLabelTableView"_s, u"LabelBreakdownTableView"_s},
         {u"unwindToProducerTableView"_s, u"ProducerBreakdownTableView"_s},
         {u"unwindToYearTableView"_s, u"YearBreakdownTableView"_s},
+        {u"unwindToLoans"_s, u"LoansView"_s},
         {u"unwindToTrackTableView"_s, u"TracksTableView"_s},
         {u"unwindToEdit"_s, u"EditVinylView"_s},
         {u"unwindToVinylConditionTableView"_s, u"VinylConditionTableView"_s},

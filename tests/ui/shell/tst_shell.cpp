@@ -66,7 +66,7 @@ private slots:
         menu.HandleButtonClick();
         menu.viewWillAppear();
         QVERIFY(!menu.menuUnfolded());
-        QCOMPARE(menu.menuButtons().size(), 10);
+        QCOMPARE(menu.menuButtons().size(), 11);
     }
 
     // A collection whose folder cannot be written opens to be looked at: the main screen says so,
