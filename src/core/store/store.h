@@ -4,6 +4,7 @@
 #include "store/fetchrequest.h"
 #include "store/result.h"
 
+#include <QByteArrayView>
 #include <QList>
 #include <QHash>
 #include <QSqlDatabase>
@@ -18,6 +19,32 @@
 #include <optional>
 
 struct sqlite3_stmt;
+
+// Rows of one fetch, stepped through one at a time in the request's order, their values read as
+// stored without a copy: what a pass over the whole collection uses, which must not hold it in
+// memory. Columns are numbered as the request named them, the row identity being column 0.
+// Belongs to the store that made it and must not outlive it.
+class StoreRows
+{
+public:
+    explicit StoreRows(sqlite3_stmt *statement) : m_statement(statement) {}
+    ~StoreRows();
+    StoreRows(const StoreRows &) = delete;
+    StoreRows &operator=(const StoreRows &) = delete;
+
+    // Moves to the next row; false after the last one, or with an error when the store could not
+    // be read.
+    Result<bool> next();
+
+    [[nodiscard]] bool isNull(int column) const;
+    [[nodiscard]] qint64 integer(int column) const;
+    [[nodiscard]] double real(int column) const;
+    // A text's UTF-8 bytes or a BLOB's bytes; valid until next().
+    [[nodiscard]] QByteArrayView bytes(int column) const;
+
+private:
+    sqlite3_stmt *m_statement;
+};
 
 // A cover as the exchange file carries it: a re-encoding of the stored picture, kept beside it
 // once the exchange writer has made it, so that an export copies it instead of encoding every
@@ -111,6 +138,12 @@ public:
     // The row identity and the attributes of each object the request matches, in its order:
     // values as stored (dates as milliseconds), an absent one as a null QVariant.
     Result<QList<QVariantList>> fetchValues(const FetchRequest &request, const QStringList &attributes) const;
+    // The row identity and the attributes of each object the request matches, in its order, read
+    // one row at a time. With exchangeEncodings (records only) each row ends in four more columns,
+    // its covers as exchangeEncodings() reads them: the front's kept encoding, the front cover when
+    // none is kept, then the same of the back.
+    Result<std::unique_ptr<StoreRows>> rows(const FetchRequest &request, const QStringList &attributes,
+                                            bool exchangeEncodings = false) const;
     // How many of the request's objects come before the object rowId in its order; an error
     // when the request does not match that object.
     Result<qint64> position(const FetchRequest &request, qint64 rowId) const;
