@@ -1062,15 +1062,6 @@ Result<std::array<ExchangeEncoding, 2>> Store::exchangeEncodings(qint64 vinylRow
     return encodings;
 }
 
-Result<qint64> Store::exchangeEncodingsSize() const
-{
-    auto prepared = kept(u"SELECT total(length(frontImageExchange)) + total(length(backImageExchange)) FROM Vinyl"_s);
-    if (!prepared)
-        return Error{u"Cannot read the covers' sizes: "_s + prepared.errorMessage()};
-    Statement q(*prepared, Statement::Kept);
-    return q.next() ? q.integer(0) : 0;
-}
-
 Result<void> Store::keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
                                          const QByteArray &encoding)
 {

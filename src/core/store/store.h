@@ -161,8 +161,6 @@ public:
 
     // The exchange encodings of a record's covers, front then back.
     Result<std::array<ExchangeEncoding, 2>> exchangeEncodings(qint64 vinylRowId) const;
-    // The bytes of every kept encoding, read from the rows' headers alone.
-    Result<qint64> exchangeEncodingsSize() const;
     // Keeps the encoding made of `cover`, unless the record's cover is no longer that picture.
     Result<void> keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
                                       const QByteArray &encoding);
