@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QtConcurrent/QtConcurrentMap>
 
+#include <cstring>
+
 using namespace Qt::StringLiterals;
 namespace Msg = ExportMessages;
 
@@ -104,30 +106,34 @@ void appendReal(QByteArray &out, std::optional<double> value, const QString &mis
     Formatters::appendShortest(out, number(value));
 }
 
-// Base64 of bytes, written straight after the text: a cover's is the bulk of the file.
+// The base64 digits of every 12 bits, two at a time: a cover's base64 is the bulk of the file.
+constexpr auto kBase64Pairs = [] {
+    constexpr char digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::array<std::array<char, 2>, 4096> pairs{};
+    for (int i = 0; i < 4096; ++i)
+        pairs[i] = {digits[i >> 6], digits[i & 63]};
+    return pairs;
+}();
+
+// Base64 of bytes (with padding), written straight after the text.
 void appendBase64(QByteArray &out, QByteArrayView bytes)
 {
-    static constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     const qsizetype start = out.size();
     const qsizetype n = bytes.size();
     out.resize(start + (n + 2) / 3 * 4);
     char *to = out.data() + start;
     const auto *from = reinterpret_cast<const uchar *>(bytes.data());
     qsizetype i = 0;
-    for (; i + 3 <= n; i += 3) {
+    for (; i + 3 <= n; i += 3, to += 4) {
         const uint v = uint(from[i]) << 16 | uint(from[i + 1]) << 8 | from[i + 2];
-        to[0] = kDigits[v >> 18];
-        to[1] = kDigits[(v >> 12) & 63];
-        to[2] = kDigits[(v >> 6) & 63];
-        to[3] = kDigits[v & 63];
-        to += 4;
+        std::memcpy(to, kBase64Pairs[v >> 12].data(), 2);
+        std::memcpy(to + 2, kBase64Pairs[v & 4095].data(), 2);
     }
     if (i < n) {
         const bool two = n - i == 2;
         const uint v = uint(from[i]) << 16 | (two ? uint(from[i + 1]) << 8 : 0u);
-        to[0] = kDigits[v >> 18];
-        to[1] = kDigits[(v >> 12) & 63];
-        to[2] = two ? kDigits[(v >> 6) & 63] : '=';
+        std::memcpy(to, kBase64Pairs[v >> 12].data(), 2);
+        to[2] = two ? kBase64Pairs[v & 4095][0] : '=';
         to[3] = '=';
     }
 }
