@@ -178,6 +178,38 @@ int coverColumn(int side)
 enum TrackColumn { Duration = 1, Song, TrackNumber, VinylID, WrittenBy };
 const QStringList kTrackAttributes = {u"duration"_s, u"song"_s, u"trackNumber"_s, u"vinylID"_s, u"writtenBy"_s};
 
+// A release date as Exchange::formatDate() writes it ("yyyy.MM.dd HH:mm:ss" in local time); the
+// digits of a four-digit year are written here, as the locale's formatter takes longer than the
+// rest of the record line.
+QByteArray dateText(const QDateTime &date)
+{
+    const QDateTime local = date.toLocalTime();
+    const QDate day = local.date();
+    const QTime time = local.time();
+    if (day.year() < 1000 || day.year() > 9999)
+        return Exchange::formatDate(date).toUtf8();
+    QByteArray text(19, Qt::Uninitialized);
+    char *to = text.data();
+    const auto digits = [&to](int value, int count) {
+        for (int i = count - 1; i >= 0; --i, value /= 10)
+            to[i] = char('0' + value % 10);
+        to += count;
+    };
+    const auto put = [&to](char c) { *to++ = c; };
+    digits(day.year(), 4);
+    put('.');
+    digits(day.month(), 2);
+    put('.');
+    digits(day.day(), 2);
+    put(' ');
+    digits(time.hour(), 2);
+    put(':');
+    digits(time.minute(), 2);
+    put(':');
+    digits(time.second(), 2);
+    return text;
+}
+
 // A record line up to its covers, each field followed by the separator.
 void appendRecordFields(QByteArray &out, const StoreRows &row)
 {
@@ -196,7 +228,7 @@ void appendRecordFields(QByteArray &out, const StoreRows &row)
     const std::optional<QDateTime> date =
         row.isNull(ReleaseDate) ? std::nullopt : std::optional(QDateTime::fromMSecsSinceEpoch(row.integer(ReleaseDate)));
     if (date && date->isValid())
-        releaseDate = Exchange::formatDate(*date).toUtf8();
+        releaseDate = dateText(*date);
     else
         consoleLine(Msg::kReleaseDate);
 
