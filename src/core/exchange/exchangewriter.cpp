@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QtConcurrent/QtConcurrentMap>
 
+#include <charconv>
 #include <cstring>
 
 using namespace Qt::StringLiterals;
@@ -75,13 +76,20 @@ void appendText(QByteArray &out, Text value, QLatin1StringView attribute, const 
     }
 }
 
+// A 16-bit number's digits, without a string of their own: a track line holds two.
+void appendDigits(QByteArray &out, qint16 value)
+{
+    char digits[8];
+    out.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr - digits);
+}
+
 // Absent numbers are logged and written as the 0 they read as.
 void appendInteger(QByteArray &out, const StoreRows &row, int column, const QString &missingMessage)
 {
     if (row.isNull(column))
         consoleLine(missingMessage);
     // The attributes are 16-bit numbers, read as every other reader of the store reads them.
-    out.append(QByteArray::number(qint16(row.integer(column))));
+    appendDigits(out, qint16(row.integer(column)));
 }
 
 template<typename T>
@@ -96,7 +104,7 @@ void appendInteger(QByteArray &out, std::optional<qint16> value, const QString &
 {
     if (!value)
         consoleLine(missingMessage);
-    out.append(QByteArray::number(number(value)));
+    appendDigits(out, number(value));
 }
 
 void appendReal(QByteArray &out, std::optional<double> value, const QString &missingMessage)
