@@ -18,24 +18,30 @@ ScreenPage {
 
     AlertDialog { controller: controller }
 
+    Label {
+        id: summary
+        objectName: "LoansSummary"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 12
+        text: controller.summary
+        font.pixelSize: 15
+        color: "#555555"
+        wrapMode: Text.Wrap
+    }
+
     ListView {
         id: list
         objectName: "LoansList"
-        anchors.fill: parent
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: summary.bottom
+        anchors.bottom: parent.bottom
         anchors.margins: 12
         spacing: 8
         clip: true
         model: controller.loans
-
-        header: Label {
-            objectName: "LoansSummary"
-            width: list.width
-            bottomPadding: 8
-            text: controller.summary
-            font.pixelSize: 15
-            color: "#555555"
-            wrapMode: Text.Wrap
-        }
 
         delegate: Card {
             id: row
@@ -63,7 +69,7 @@ ScreenPage {
                     text: row.modelData.album + (row.modelData.artist !== "" ? " \u2013 " + row.modelData.artist : "")
                     font.pixelSize: 16
                     font.bold: true
-                    elide: Text.ElideRight
+                    wrapMode: Text.Wrap
                     Layout.fillWidth: true
                 }
                 Label {

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 const QStringList kScreenFolders = {u"shell"_s, u"entry"_s, u"browse"_s, u"reports"_s,
-                                    u"valuation"_s, u"exchange"_s, u"feedback"_s, u"stats"_s};
+                                    u"valuation"_s, u"exchange"_s, u"feedback"_s, u"stats"_s, u"loans"_s};
 
 QString resourcePath(const QString &screen)
 {

@@ -67,6 +67,9 @@ private slots:
         menu.viewWillAppear();
         QVERIFY(!menu.menuUnfolded());
         QCOMPARE(menu.menuButtons().size(), 11);
+        // Every button leads to a screen that exists.
+        for (const QVariant &button : menu.menuButtons())
+            QVERIFY2(button.toMap().value(u"enabled"_s).toBool(), qPrintable(button.toMap().value(u"screen"_s).toString()));
     }
 
     // A collection whose folder cannot be written opens to be looked at: the main screen says so,
