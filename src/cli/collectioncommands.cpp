@@ -9,9 +9,6 @@
 #include "store/samplecollection.h"
 
 #include <QJsonDocument>
-#include <QLocale>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -83,13 +80,7 @@ int loansCommand(CliContext &context)
         context.out << QJsonDocument(Loans::json(*out, today)).toJson(QJsonDocument::Indented);
         return CliOk;
     }
-    if (out->isEmpty()) {
-        context.out << "No record is lent out.\n";
-        return CliOk;
-    }
-    const auto overdue = std::count_if(out->cbegin(), out->cend(), [&](const LoanOut &o) { return Loans::isOverdue(o.loan, today); });
-    context.out << (out->size() == 1 ? u"1 record is lent out"_s : u"%1 records are lent out"_s.arg(QLocale().toString(out->size())))
-                << (overdue > 0 ? u", %1 overdue"_s.arg(QLocale().toString(qint64(overdue))) : QString()) << ".\n";
+    context.out << Loans::summary(*out, today) << "\n";
     for (const LoanOut &o : std::as_const(*out))
         context.out << o.name << " by " << (o.artist.isEmpty() ? u"no artist"_s : o.artist) << ": "
                     << Loans::status(o.loan, today) << "\n";

@@ -1,5 +1,5 @@
-// Tour steps of the statistics screen, its lower charts, a decade opened into its years, and the
-// edit screen of a record with a value history.
+// Tour steps of the statistics screen, its lower charts, a decade opened into its years, the
+// edit screen of a record with a value history and of one lent out (overdue), and the loans.
 #include "shell/appdelegate.h"
 #include "stats/statisticsviewcontroller.h"
 #include "store/store.h"
@@ -64,6 +64,30 @@ void openRecordWithHistory(TourContext &c)
     c.settle(600);
 }
 
+// The record lent out longest (the sample collection's is overdue), opened from the loans.
+void openLentRecord(TourContext &c)
+{
+    c.home();
+    auto out = c.app().persistentContainer().loansOut();
+    if (!out || out->isEmpty())
+        return;
+    const auto record = c.app().persistentContainer().vinylByRowId(out->first().loan.vinylRowId);
+    if (!record || !record->has_value())
+        return;
+    c.app().state()->setCurrentRecord(**record);
+    c.app().state()->setOriginScreen(OriginScreens::Loans);
+    c.show(u"EditVinylView"_s);
+    c.settle(600);
+    QObject *form = c.find(u"RecordForm"_s);
+    QObject *loans = c.find(u"LoanPanel"_s);
+    if (form && loans) {
+        form->setProperty("editedItem", QVariant::fromValue(loans));
+        QMetaObject::invokeMethod(form, "showEdited");
+        form->setProperty("editedItem", QVariant::fromValue<QQuickItem *>(nullptr));
+    }
+    c.settle(600);
+}
+
 } // namespace
 
 void addStatsSteps(QList<TourStep> &steps)
@@ -80,4 +104,10 @@ void addStatsSteps(QList<TourStep> &steps)
                       c.settle(600);
                   }});
     steps.append({u"edit-record-value-history.png"_s, openRecordWithHistory});
+    steps.append({u"loans.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"LoansView"_s);
+                      c.settle(600);
+                  }});
+    steps.append({u"edit-record-on-loan.png"_s, openLentRecord});
 }

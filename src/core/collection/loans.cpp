@@ -4,6 +4,9 @@
 #include "store/store.h"
 
 #include <QJsonObject>
+#include <QLocale>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +65,19 @@ QString historyLine(const Loan &loan)
 {
     return u"%1, %2 \u2013 %3"_s.arg(loan.borrower, Formatters::mediumDay(loan.lent),
                                      loan.isOut() ? u"now"_s : Formatters::mediumDay(loan.returned));
+}
+
+QString summary(const QList<LoanOut> &out, QDate today)
+{
+    if (out.isEmpty())
+        return u"No record is lent out."_s;
+    const QLocale locale;
+    const auto overdue = std::count_if(out.cbegin(), out.cend(), [&](const LoanOut &o) { return isOverdue(o.loan, today); });
+    QString text = out.size() == 1 ? u"1 record is lent out"_s
+                                   : u"%1 records are lent out"_s.arg(locale.toString(qint64(out.size())));
+    if (overdue > 0)
+        text += u", %1 overdue"_s.arg(locale.toString(qint64(overdue)));
+    return text + u'.';
 }
 
 QJsonArray json(const QList<LoanOut> &out, QDate today)

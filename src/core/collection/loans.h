@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 class Store;
 
@@ -19,6 +20,11 @@ inline const QString kNoBorrower = QStringLiteral("Say who borrows the record.")
 inline const QString kDueBeforeLent = QStringLiteral("The day it is due back comes before the day it is lent.");
 inline const QString kBackBeforeLent = QStringLiteral("The record cannot come back before the day it was lent.");
 inline const QString kNoRecord = QStringLiteral("The record is no longer in the collection.");
+// Asked before a record lent out is deleted.
+inline const QString kDeleteLentTitle = QStringLiteral("Delete a Record on Loan?");
+inline const QString kDeleteLentMessage = QStringLiteral("\"%1\" is lent to %2. Delete it and its loans anyway?");
+inline const QString kKeepButton = QStringLiteral("Keep");
+inline const QString kDeleteButton = QStringLiteral("Delete");
 inline const QString kNoDay = QStringLiteral("Choose the day the record is lent.");
 
 // Lends the record: the borrower's name without spaces around it; a due day, when given, on or
@@ -34,6 +40,8 @@ inline const QString kNoDay = QStringLiteral("Choose the day the record is lent.
 [[nodiscard]] QString status(const Loan &loan, QDate today);
 // A past loan as the record's history lists it: "Sam, Mar 3, 2026 – Mar 20, 2026".
 [[nodiscard]] QString historyLine(const Loan &loan);
+// "2 records are lent out, 1 overdue." or "No record is lent out."
+[[nodiscard]] QString summary(const QList<LoanOut> &out, QDate today);
 // The records out for scripts: album, artist, borrower, ISO days, overdue.
 [[nodiscard]] QJsonArray json(const QList<LoanOut> &out, QDate today);
 

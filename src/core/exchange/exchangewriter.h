@@ -4,12 +4,15 @@
 #include "store/result.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QList>
 
 #include <array>
 #include <functional>
+#include <memory>
 
 class Store;
+class StoreRows;
 
 // Console lines of the writer. The user never sees them.
 namespace ExportMessages {
@@ -46,6 +49,10 @@ inline const QString kCancelled = QStringLiteral("The export was cancelled.");
 // Absent numbers are written as the 0 they read as; a release date is written in local time;
 // covers are re-encoded as JPEG at quality 20 and written as base64. The re-encoding is kept
 // beside each cover in the store, so only covers new since the last export are encoded again.
+//
+// Records and tracks are each read in one ordered pass, a record's covers with its attributes,
+// and written from the stored bytes straight into the file's: the file is the only copy of the
+// collection the export holds.
 class ExchangeWriter
 {
 public:
@@ -53,6 +60,7 @@ public:
     using Progress = std::function<bool(qint64 done, qint64 total)>;
 
     ExchangeWriter(Store &store, bool exportImages);
+    ~ExchangeWriter();
 
     // The whole text at once; a cancel returns ExportMessages::kCancelled.
     static Result<QByteArray> build(Store &store, bool exportImages, int *unreadableImages = nullptr,
@@ -61,37 +69,33 @@ public:
     // a picture.
     [[nodiscard]] static QByteArray exchangeEncoding(const QByteArray &cover);
 
-    // One line each, without the final line feed (exposed for tests of single fields).
-    [[nodiscard]] QString recordLine(const Vinyl &vinyl);
+    // A track line without its line feed (exposed for tests of single fields).
     [[nodiscard]] static QString trackLine(const Track &track);
-    // Appends a track line, without its line feed, to the file's bytes.
-    static void appendTrackLine(QByteArray &out, const Track &track);
 
 private:
-    // Fetches the record list and counts the tracks; writes the first marker line.
+    // Opens the passes over the records and tracks and counts them; writes the first marker line.
     Result<void> start();
     // Appends up to maxLines record or track lines.
     Result<void> writeSome(int maxLines);
     [[nodiscard]] bool finished() const { return m_finished; }
-    [[nodiscard]] qint64 totalLines() const { return m_records.size() + m_trackTotal; }
+    [[nodiscard]] qint64 totalLines() const { return m_recordTotal + m_trackTotal; }
 
     Result<void> writeRecords(int maxLines, int *written);
     Result<void> writeTracks(int maxLines, int *written);
-    Result<bool> fetchNextTrackBlock();
-    // Front and back: absent without a cover, empty for a cover that is not a picture.
-    using Encodings = std::array<std::optional<QByteArray>, 2>;
-    // The encodings of the covers of records [from, to), made and kept where the store has none.
-    Result<QList<Encodings>> encodingsOf(int from, int to);
+    struct Waiting;
+    // Encodes the covers the waiting lines lack (on every core), keeps the encodings and appends
+    // the lines.
+    void writeWaiting(QList<Waiting> &waiting);
+    // Appends a cover's base64, or reports it when it is not a picture.
+    void writeCover(QByteArrayView encoding, int side, QByteArrayView name);
 
     Store &m_store;
     bool m_exportImages;
     QByteArray m_data;
-    QList<Vinyl> m_records;
-    int m_nextRecord = 0;
+    std::unique_ptr<StoreRows> m_records;
+    std::unique_ptr<StoreRows> m_tracks;
+    qint64 m_recordTotal = 0;
     qint64 m_trackTotal = 0;
-    QList<Track> m_trackBlock;
-    int m_nextTrack = 0;
-    int m_blockIndex = -1; // -1: tracks without a vinylID; then blocks of vinylID ranges
     bool m_tracksStarted = false;
     bool m_finished = false;
     qint64 m_linesWritten = 0;

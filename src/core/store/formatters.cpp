@@ -19,6 +19,7 @@
 #include <charconv>
 #include <cmath>
 #include <memory>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -168,25 +169,30 @@ QString formatDate(const icu::DateFormat *format, const QDateTime &date)
 
 // Shortest round-trip text in the style of the platform's number description: plain
 // decimal notation between 1e-4 and 2^significand bits, exponent notation outside, and
-// always a fraction part or an exponent.
+// always a fraction part or an exponent. Written into buffer (64 characters); returns its length.
 template<typename T>
-QString shortestText(T value, double exponentFrom)
+qsizetype shortestText(T value, double exponentFrom, char *buffer)
 {
+    const auto copied = [buffer](std::string_view text) {
+        std::copy(text.begin(), text.end(), buffer);
+        return qsizetype(text.size());
+    };
     if (std::isnan(value))
-        return u"nan"_s;
+        return copied("nan");
     if (std::isinf(value))
-        return value < 0 ? u"-inf"_s : u"inf"_s;
-    char buffer[64];
+        return copied(value < 0 ? "-inf" : "inf");
     const double magnitude = std::fabs(double(value));
     const bool scientific = magnitude != 0 && (magnitude < 1e-4 || magnitude >= exponentFrom);
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value,
+    // Room for ".0" after the longest plain text.
+    const auto result = std::to_chars(buffer, buffer + 62, value,
                                       scientific ? std::chars_format::scientific : std::chars_format::fixed);
-    QString text = QString::fromLatin1(buffer, result.ptr - buffer);
-    if (!scientific && !text.contains(u'.'))
-        text += u".0"_s;
-    return text;
+    qsizetype size = result.ptr - buffer;
+    if (!scientific && std::find(buffer, result.ptr, '.') == result.ptr) {
+        buffer[size++] = '.';
+        buffer[size++] = '0';
+    }
+    return size;
 }
-
 
 bool isSpaceLike(const QString &separator)
 {
@@ -384,14 +390,31 @@ QString numberFieldCharacters()
     return characters;
 }
 
+constexpr double kDoubleExponentFrom = 9007199254740992.0; // 2^53
+constexpr double kFloatExponentFrom = 16777216.0;         // 2^24
+
 QString shortest(double value)
 {
-    return shortestText(value, 9007199254740992.0); // 2^53
+    char buffer[64];
+    return QString::fromLatin1(buffer, shortestText(value, kDoubleExponentFrom, buffer));
 }
 
 QString shortest(float value)
 {
-    return shortestText(value, 16777216.0); // 2^24
+    char buffer[64];
+    return QString::fromLatin1(buffer, shortestText(value, kFloatExponentFrom, buffer));
+}
+
+void appendShortest(QByteArray &out, double value)
+{
+    char buffer[64];
+    out.append(buffer, shortestText(value, kDoubleExponentFrom, buffer));
+}
+
+void appendShortest(QByteArray &out, float value)
+{
+    char buffer[64];
+    out.append(buffer, shortestText(value, kFloatExponentFrom, buffer));
 }
 
 QString shortestInLocale(double value)

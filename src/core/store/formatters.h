@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 
@@ -48,6 +49,9 @@ namespace Formatters {
 [[nodiscard]] QString shortest(double value);
 // The same for a 32-bit float: 12.5 (not 12.5000000001).
 [[nodiscard]] QString shortest(float value);
+// shortest() appended to text that is being written, without a string of its own.
+void appendShortest(QByteArray &out, double value);
+void appendShortest(QByteArray &out, float value);
 // shortest() with the locale's decimal separator, for a field to show: "45,5" in de_DE.
 [[nodiscard]] QString shortestInLocale(double value);
 

@@ -119,7 +119,7 @@ class Statement
 {
 public:
     // A kept statement is the store's and is only reset when done with; any other is finalized.
-    enum Ownership { Own, Kept };
+    enum Ownership { Own, Kept, Released };
     explicit Statement(sqlite3_stmt *statement, Ownership ownership = Own)
         : m_statement(statement), m_ownership(ownership)
     {
@@ -129,7 +129,7 @@ public:
         if (m_ownership == Kept) {
             sqlite3_reset(m_statement);
             sqlite3_clear_bindings(m_statement);
-        } else {
+        } else if (m_ownership == Own) {
             sqlite3_finalize(m_statement);
         }
     }
@@ -154,6 +154,8 @@ public:
     }
 
     [[nodiscard]] sqlite3_stmt *handle() const { return m_statement; }
+    // Hands the statement over to the caller, who finalizes it.
+    void release() { m_ownership = Released; }
 
 private:
     sqlite3_stmt *m_statement;
@@ -1115,15 +1117,6 @@ Result<std::array<ExchangeEncoding, 2>> Store::exchangeEncodings(qint64 vinylRow
     return encodings;
 }
 
-Result<qint64> Store::exchangeEncodingsSize() const
-{
-    auto prepared = kept(u"SELECT total(length(frontImageExchange)) + total(length(backImageExchange)) FROM Vinyl"_s);
-    if (!prepared)
-        return Error{u"Cannot read the covers' sizes: "_s + prepared.errorMessage()};
-    Statement q(*prepared, Statement::Kept);
-    return q.next() ? q.integer(0) : 0;
-}
-
 Result<void> Store::keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
                                          const QByteArray &encoding)
 {
@@ -1186,6 +1179,72 @@ Result<qint64> Store::count(const FetchRequest &request) const
     if (!q)
         return q.error();
     return (*q)->next() ? (*q)->integer(0) : 0;
+}
+
+StoreRows::~StoreRows()
+{
+    sqlite3_finalize(m_statement);
+}
+
+Result<bool> StoreRows::next()
+{
+    const int rc = sqlite3_step(m_statement);
+    if (rc == SQLITE_ROW)
+        return true;
+    if (rc == SQLITE_DONE)
+        return false;
+    return Error{u"Cannot read the store: "_s + QString::fromUtf8(sqlite3_errmsg(sqlite3_db_handle(m_statement)))};
+}
+
+bool StoreRows::isNull(int column) const
+{
+    return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
+}
+
+qint64 StoreRows::integer(int column) const
+{
+    return sqlite3_column_int64(m_statement, column);
+}
+
+double StoreRows::real(int column) const
+{
+    return sqlite3_column_double(m_statement, column);
+}
+
+QByteArrayView StoreRows::bytes(int column) const
+{
+    // A text is asked for as text, so a value stored otherwise reads as the text SQLite makes of it.
+    const void *data = sqlite3_column_type(m_statement, column) == SQLITE_BLOB ? sqlite3_column_blob(m_statement, column)
+                                                                               : sqlite3_column_text(m_statement, column);
+    return QByteArrayView(static_cast<const char *>(data), sqlite3_column_bytes(m_statement, column));
+}
+
+Result<std::unique_ptr<StoreRows>> Store::rows(const FetchRequest &request, const QStringList &attributes,
+                                               bool exchangeEncodings) const
+{
+    QStringList names{u"rowid"_s};
+    for (const QString &attribute : attributes) {
+        const Column *column = findColumn(request.entity, attribute);
+        if (!column || column->kind == Kind::Blob)
+            return Error{u"Unknown attribute "_s + attribute + u" of "_s + entityName(request.entity)};
+        names << u'"' + column->name + u'"';
+    }
+    if (exchangeEncodings) {
+        if (request.entity != Entity::Vinyl)
+            return Error{u"Only records have covers"_s};
+        // As exchangeEncodings() reads them: a cover is read only without an encoding.
+        names << u"frontImageExchange, CASE WHEN frontImageExchange IS NULL THEN frontImage END, "
+                 "backImageExchange, CASE WHEN backImageExchange IS NULL THEN backImage END"_s;
+    }
+    auto built = buildSelect(request, names.join(u", "_s), true);
+    if (!built)
+        return built.error();
+    auto q = runSelect(database(), *built);
+    if (!q)
+        return q.error();
+    sqlite3_stmt *statement = (*q)->handle();
+    (*q)->release();
+    return std::make_unique<StoreRows>(statement);
 }
 
 Result<QList<QVariantList>> Store::fetchValues(const FetchRequest &request, const QStringList &attributes) const

@@ -4,6 +4,7 @@
 #include "store/fetchrequest.h"
 #include "store/result.h"
 
+#include <QByteArrayView>
 #include <QList>
 #include <QHash>
 #include <QSqlDatabase>
@@ -26,6 +27,32 @@ struct RecordKey
     QString name;
     QString artist;
     std::optional<qint16> id;
+};
+
+// Rows of one fetch, stepped through one at a time in the request's order, their values read as
+// stored without a copy: what a pass over the whole collection uses, which must not hold it in
+// memory. Columns are numbered as the request named them, the row identity being column 0.
+// Belongs to the store that made it and must not outlive it.
+class StoreRows
+{
+public:
+    explicit StoreRows(sqlite3_stmt *statement) : m_statement(statement) {}
+    ~StoreRows();
+    StoreRows(const StoreRows &) = delete;
+    StoreRows &operator=(const StoreRows &) = delete;
+
+    // Moves to the next row; false after the last one, or with an error when the store could not
+    // be read.
+    Result<bool> next();
+
+    [[nodiscard]] bool isNull(int column) const;
+    [[nodiscard]] qint64 integer(int column) const;
+    [[nodiscard]] double real(int column) const;
+    // A text's UTF-8 bytes or a BLOB's bytes; valid until next().
+    [[nodiscard]] QByteArrayView bytes(int column) const;
+
+private:
+    sqlite3_stmt *m_statement;
 };
 
 // A cover as the exchange file carries it: a re-encoding of the stored picture, kept beside it
@@ -127,6 +154,12 @@ public:
     // The row identity and the attributes of each object the request matches, in its order:
     // values as stored (dates as milliseconds), an absent one as a null QVariant.
     Result<QList<QVariantList>> fetchValues(const FetchRequest &request, const QStringList &attributes) const;
+    // The row identity and the attributes of each object the request matches, in its order, read
+    // one row at a time. With exchangeEncodings (records only) each row ends in four more columns,
+    // its covers as exchangeEncodings() reads them: the front's kept encoding, the front cover when
+    // none is kept, then the same of the back.
+    Result<std::unique_ptr<StoreRows>> rows(const FetchRequest &request, const QStringList &attributes,
+                                            bool exchangeEncodings = false) const;
     // How many of the request's objects come before the object rowId in its order; an error
     // when the request does not match that object.
     Result<qint64> position(const FetchRequest &request, qint64 rowId) const;
@@ -148,8 +181,6 @@ public:
 
     // The exchange encodings of a record's covers, front then back.
     Result<std::array<ExchangeEncoding, 2>> exchangeEncodings(qint64 vinylRowId) const;
-    // The bytes of every kept encoding, read from the rows' headers alone.
-    Result<qint64> exchangeEncodingsSize() const;
     // Keeps the encoding made of `cover`, unless the record's cover is no longer that picture.
     Result<void> keepExchangeEncoding(qint64 vinylRowId, CoverSide side, const QByteArray &cover,
                                       const QByteArray &encoding);

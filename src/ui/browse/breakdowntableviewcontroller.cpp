@@ -129,6 +129,19 @@ void BreakdownTableViewController::deleteRow(int row)
     QList<int> &list = searching() ? m_filteredList : m_vinylList;
     if (!app() || row < 0 || row >= list.size() || refusedAsReadOnly())
         return;
+    const qint64 rowId = m_records.at(list.at(row)).rowId;
+    const auto stillThere = [this, row, rowId] {
+        const QList<int> &now = searching() ? m_filteredList : m_vinylList;
+        if (row < now.size() && m_records.at(now.at(row)).rowId == rowId)
+            deleteRowNow(row);
+    };
+    if (!askedBeforeDeletingLent(rowId, stillThere))
+        deleteRowNow(row);
+}
+
+void BreakdownTableViewController::deleteRowNow(int row)
+{
+    QList<int> &list = searching() ? m_filteredList : m_vinylList;
     if (!deleteRecord(m_records.at(list.at(row)).rowId))
         return;
     // Only the list the row was deleted from changes; header, footer and the other list keep

@@ -89,6 +89,7 @@ protected:
     void reloadRecords() override { load(); }
 
 private:
+    void deleteRowNow(int row);
     void shareWritten(const Result<void> &written);
     void reloadTable();
     [[nodiscard]] const RecordCard &cardOf(int record, bool searching);

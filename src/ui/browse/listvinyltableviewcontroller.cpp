@@ -245,6 +245,17 @@ void ListVinylTableViewController::deleteRow(int row)
 {
     if (!app() || row < 0 || row >= m_model.rowCount() || refusedAsReadOnly())
         return;
+    const qint64 rowId = m_model.card(row).rowId;
+    const auto stillThere = [this, row, rowId] {
+        if (row < m_model.rowCount() && m_model.card(row).rowId == rowId)
+            deleteRowNow(row);
+    };
+    if (!askedBeforeDeletingLent(rowId, stillThere))
+        deleteRowNow(row);
+}
+
+void ListVinylTableViewController::deleteRowNow(int row)
+{
     // The rows beside it are read before anything changes, so the view's last look at them
     // is of the list as it was.
     (void)m_model.card(row - 1);

@@ -79,6 +79,7 @@ protected:
     void reloadRecords() override { refresh(); }
 
 private:
+    void deleteRowNow(int row);
     // A record deleted while searching: the whole list keeps showing it until the next
     // refresh, where it stood (after storePosition rows of the store).
     struct KeptRow

@@ -1,6 +1,7 @@
 #include "browse/recordlistcontroller.h"
 
 #include "collection/browsetexts.h"
+#include "collection/loans.h"
 #include "shell/appdelegate.h"
 #include "shell/coverimageprovider.h"
 
@@ -31,5 +32,21 @@ bool RecordListController::deleteRecord(qint64 rowId)
     }
     (void)app()->saveContext();
     CoverImageProvider::forget(rowId);
+    return true;
+}
+
+bool RecordListController::askedBeforeDeletingLent(qint64 rowId, std::function<void()> remove)
+{
+    Store &store = app()->persistentContainer();
+    auto loans = store.loans(rowId);
+    if (!loans || loans->isEmpty() || !loans->first().isOut())
+        return false;
+    auto record = store.vinylByRowId(rowId, false);
+    const QString album = record && *record ? text((*record)->name) : QString();
+    showAlert(Loans::kDeleteLentTitle, Loans::kDeleteLentMessage.arg(album, loans->first().borrower),
+              {Loans::kKeepButton, Loans::kDeleteButton}, [remove = std::move(remove)](int button) {
+                  if (button == 1)
+                      remove();
+              });
     return true;
 }

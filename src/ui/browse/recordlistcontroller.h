@@ -4,8 +4,11 @@
 
 #include <QString>
 
+#include <functional>
+
 // What the collection list and the breakdown lists share about a record's row: picked, it
-// opens the record in the editor; swiped away, it deletes the record.
+// opens the record in the editor; swiped away, it deletes the record (asking first when the
+// record is lent out).
 class RecordListController : public ScreenController
 {
     Q_OBJECT
@@ -22,6 +25,9 @@ protected:
     // Deletes the record in its own transaction and forgets its covers; false, with the
     // alert shown, when the store refused.
     bool deleteRecord(qint64 rowId);
+    // A record lent out is deleted only when the user says so, asked with the borrower named:
+    // answers true when it asked, and runs `remove` on "Delete". False when the record is in.
+    bool askedBeforeDeletingLent(qint64 rowId, std::function<void()> remove);
     // Reads the list again from the store.
     virtual void reloadRecords() {}
 };

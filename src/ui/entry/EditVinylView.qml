@@ -64,6 +64,12 @@ ScreenPage {
                 Layout.fillWidth: true
                 rows: controller.valueHistory
                 points: controller.valueHistoryPoints
+            },
+            LoanPanel {
+                objectName: "LoanPanel"
+                Layout.fillWidth: true
+                Layout.topMargin: 8
+                controller: controller
             }
         ]
 

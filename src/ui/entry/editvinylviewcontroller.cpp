@@ -1,5 +1,6 @@
 #include "entry/editvinylviewcontroller.h"
 
+#include "collection/loans.h"
 #include "feedback/reviewservice.h"
 #include "shell/appdelegate.h"
 #include "shell/coverimageprovider.h"
@@ -70,6 +71,83 @@ void EditVinylViewController::fillForm()
     };
     showStoredCovers(cover(record.frontImage, record.frontImagePath), cover(record.backImage, record.backImagePath));
     loadValueHistory();
+    loadLoans();
+}
+
+void EditVinylViewController::loadLoans()
+{
+    Store &store = app()->persistentContainer();
+    auto loans = store.loans(app()->state()->currentRecord().rowId);
+    auto borrowers = store.borrowers();
+    for (const QString &error : {loans.errorMessage(), borrowers.errorMessage()}) {
+        if (!error.isEmpty())
+            consoleLine(error);
+    }
+    m_loans = loans.valueOr({});
+    m_borrowers = borrowers.valueOr({});
+    emit loansChanged();
+}
+
+QString EditVinylViewController::loanStatus() const
+{
+    return onLoan() ? Loans::status(m_loans.first(), QDate::currentDate()) : QString();
+}
+
+bool EditVinylViewController::overdue() const
+{
+    return onLoan() && Loans::isOverdue(m_loans.first(), QDate::currentDate());
+}
+
+QStringList EditVinylViewController::loanHistory() const
+{
+    QStringList lines;
+    for (const Loan &loan : m_loans) {
+        if (!loan.isOut())
+            lines.append(Loans::historyLine(loan));
+    }
+    return lines;
+}
+
+QString EditVinylViewController::todayText() const
+{
+    return Formatters::mediumDay(QDate::currentDate());
+}
+
+bool EditVinylViewController::lend(const QString &borrower, const QString &lentText, const QString &dueText,
+                                   const QString &note)
+{
+    // An empty day is no day: today for the day lent, none for the day due.
+    const auto day = [this](const QString &text, QDate empty) -> std::optional<QDate> {
+        if (text.trimmed().isEmpty())
+            return empty;
+        if (const auto parsed = Formatters::parseMediumDate(text.trimmed()))
+            return parsed->date();
+        showAlert(kNotLentTitle, kNotADayMessage.arg(text.trimmed(), todayText()));
+        return std::nullopt;
+    };
+    const auto lent = day(lentText, QDate::currentDate());
+    if (!lent)
+        return false;
+    const auto due = day(dueText, QDate());
+    if (!due)
+        return false;
+    auto loan = Loans::lend(app()->persistentContainer(), app()->state()->currentRecord().rowId, borrower, *lent, *due,
+                            note);
+    if (!loan) {
+        showAlert(kNotLentTitle, loan.errorMessage());
+        return false;
+    }
+    loadLoans();
+    return true;
+}
+
+void EditVinylViewController::returned()
+{
+    if (auto back = Loans::giveBack(app()->persistentContainer(), app()->state()->currentRecord().rowId,
+                                    QDate::currentDate());
+        !back)
+        showAlert(kNotReturnedTitle, back.errorMessage());
+    loadLoans();
 }
 
 void EditVinylViewController::loadValueHistory()
@@ -224,6 +302,7 @@ void EditVinylViewController::returnToOpener()
         {OriginScreens::YearBreakdown, u"unwindToYearTableView"_s},
         {OriginScreens::ProducerBreakdown, u"unwindToProducerTableView"_s},
         {OriginScreens::LabelBreakdown, u"unwindToLabelTableView"_s},
+        {OriginScreens::Loans, u"unwindToLoans"_s},
     };
     const QString segue = segues.value(app()->state()->originScreen());
     if (!segue.isEmpty())

@@ -25,6 +25,7 @@ list(APPEND PB_UI_QML
     entry/EditTracksView.qml
     entry/EditVinylConditionView.qml
     entry/EditVinylView.qml
+    entry/LoanPanel.qml
     entry/LookupScanPage.qml
     entry/LookupSheet.qml
     entry/NotesView.qml

@@ -72,4 +72,5 @@ inline const QString ArtistBreakdown = ReportOrigins::ArtistBreakdown;
 inline const QString LabelBreakdown = ReportOrigins::LabelBreakdown;
 inline const QString ProducerBreakdown = ReportOrigins::ProducerBreakdown;
 inline const QString YearBreakdown = ReportOrigins::YearBreakdown;
+inline const QString Loans = QStringLiteral("Loans");
 } // namespace OriginScreens

@@ -50,7 +50,7 @@ ScreenPage {
                     id: figures
                     anchors.fill: parent
                     anchors.margins: 10
-                    columns: root.columns === 1 ? 2 : 5
+                    columns: root.columns === 1 ? 2 : root.columns === 2 ? 3 : 6
                     rowSpacing: 6
                     columnSpacing: 12
                     Repeater {

@@ -136,7 +136,9 @@ QVariantList StatisticsViewController::figures() const
             figure(u"Copies"_s, locale.toString(f.copies)),
             figure(u"Total Cost"_s, Formatters::currencyOrZero(f.totalCost)),
             figure(u"Total Value"_s, Formatters::currencyOrZero(f.totalValue)),
-            figure(StatisticsTexts::differenceTitle(f.difference()), StatisticsTexts::differenceText(f.difference()))};
+            figure(StatisticsTexts::differenceTitle(f.difference()), StatisticsTexts::differenceText(f.difference())),
+            figure(u"On Loan"_s, f.overdue > 0 ? u"%1 (%2 overdue)"_s.arg(locale.toString(f.onLoan), locale.toString(f.overdue))
+                                               : locale.toString(f.onLoan))};
 }
 
 QVariantList StatisticsViewController::charts() const

@@ -16,7 +16,8 @@ class StatisticsViewController : public ScreenController
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool loading READ loading NOTIFY loadingChanged)
-    // [{title, text}]: records, copies, total cost, total value, and the gain or loss.
+    // [{title, text}]: records, copies, total cost, total value, the gain or loss, and the
+    // records on loan.
     Q_PROPERTY(QVariantList figures READ figures NOTIFY statisticsChanged)
     // One entry per chart: {name, title, look ("columns", "bars", "pie", "line"), currency,
     // tappable, canGoBack, labels, values}; a line chart has points [{x: ms, y}] instead.

@@ -126,6 +126,13 @@ private slots:
             << QVariantMap{{u"name"_s, u"Two\r\nLines\n"_s}}
             << u"45.5^Some Artist^12.5^Near Mint^Single^3^TwoLines^"_s + tail
             << u"A caret or line break was removed from name."_s;
+        QTest::newRow("text beyond ASCII is written as stored")
+            << QVariantMap{{u"artist"_s, u"Mot\u00f6rhead \u266b"_s}, {u"notes"_s, u"Caf\u00e9 & \u00c9t\u00e9^"_s}}
+            << u"45.5^Mot\u00f6rhead \u266b^12.5^Near Mint^Single^3^Some Album^Caf\u00e9 and \u00c9t\u00e9"_s + tail << QString();
+        QTest::newRow("caret beside text beyond ASCII is removed")
+            << QVariantMap{{u"name"_s, u"\u00c0 ^ la carte"_s}}
+            << u"45.5^Some Artist^12.5^Near Mint^Single^3^\u00c0  la carte^"_s + tail
+            << u"A caret or line break was removed from name."_s;
         QTest::newRow("notes are cleaned")
             << QVariantMap{{u"notes"_s, u"Rock & Roll^\nDon't\r\nskip"_s}}
             << u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^Rock and Roll~Dont~skip"_s + tail << QString();
@@ -315,6 +322,12 @@ private slots:
         const auto first = ExchangeWriter::build(t.store(), true, &unreadable);
         QVERIFY(first.ok());
         QCOMPARE(unreadable, 1);
+        // Kept by the export that read the record: the next one copies it.
+        const auto keptAfterFirst = t.store().exchangeEncodings(v.rowId);
+        QVERIFY(keptAfterFirst.ok());
+        QVERIFY((*keptAfterFirst)[0].kept && (*keptAfterFirst)[1].kept);
+        QCOMPARE(*(*keptAfterFirst)[0].kept, ExchangeWriter::exchangeEncoding(pngCover(Qt::red)));
+        QCOMPARE(*(*keptAfterFirst)[1].kept, QByteArray());
 
         auto stored = t.store().vinylByRowId(v.rowId, change != 3);
         QVERIFY(stored.ok() && stored->has_value());

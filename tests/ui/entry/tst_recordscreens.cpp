@@ -2,6 +2,8 @@
 #include "entry/editvinylviewcontroller.h"
 #include "entry/notesviewcontroller.h"
 #include "entry/zoomviewcontroller.h"
+#include "browse/listvinyltableviewcontroller.h"
+#include "loans/loansviewcontroller.h"
 #include "store/recordnumbers.h"
 #include "testsupport.h"
 
@@ -472,6 +474,52 @@ private slots:
         // A return from the notes screen does not bring the picture back.
         edit.unwindToEdit();
         QCOMPARE(front ? edit.hasFrontImage() : edit.hasBackImage(), !removed);
+    }
+
+    // Lent from its form, the record shows who has it there and on the loans screen, which
+    // opens it again; deleting it while it is out asks first, naming the borrower.
+    void aRecordIsLentFromItsFormAndTakenBack()
+    {
+        TestApp t;
+        const Vinyl v = t.addVinyl(u"Salt Roads"_s, u"Ada Moss"_s, u"Reprise"_s, 1);
+        pick(t, v.rowId);
+        EditVinylViewController edit(&t.app());
+        QVERIFY(!edit.onLoan());
+        QVERIFY(!edit.lend(u"Sam"_s, QString(), u"soon"_s, QString()));
+        QCOMPARE(edit.lastAlertTitle(), kNotLentTitle);
+        QCOMPARE(edit.lastAlertMessage(), kNotADayMessage.arg(u"soon"_s, edit.todayText()));
+        QVERIFY(!edit.lend(u""_s, QString(), QString(), QString()));
+        QVERIFY(!edit.onLoan());
+
+        QVERIFY(edit.lend(u"Sam"_s, u"Mar 3, 2026"_s, u"Apr 1, 2026"_s, QString()));
+        QVERIFY(edit.onLoan());
+        const QDate today = QDate::currentDate();
+        QCOMPARE(edit.overdue(), today > QDate(2026, 4, 1));
+        QVERIFY(edit.loanStatus().startsWith(u"Lent to Sam since Mar 3, 2026, due Apr 1"_s));
+        QCOMPARE(edit.borrowers(), QStringList{u"Sam"_s});
+
+        LoansViewController loans(&t.app());
+        QCOMPARE(loans.loans().size(), 1);
+        QCOMPARE(loans.loans().first().toMap().value(u"album"_s).toString(), u"Salt Roads"_s);
+        loans.rowPicked(0);
+        QCOMPARE(t.app().navigator()->lastShown(), u"EditVinylView"_s);
+        EditVinylViewController opened(&t.app());
+        opened.SaveVinylButtonClicked();
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToLoans"_s);
+
+        ListVinylTableViewController list(&t.app());
+        list.deleteRow(0);
+        QCOMPARE(list.lastAlertMessage(), u"\"Salt Roads\" is lent to Sam. Delete it and its loans anyway?"_s);
+        list.answerAlert(0);
+        QVERIFY(t.store().vinylByRowId(v.rowId)->has_value());
+
+        opened.returned();
+        QVERIFY(!opened.onLoan());
+        QCOMPARE(opened.loanHistory().size(), 1);
+        loans.viewWillAppear();
+        QCOMPARE(loans.summary(), u"No record is lent out."_s);
+        list.deleteRow(0);
+        QVERIFY(!t.store().vinylByRowId(v.rowId)->has_value());
     }
 
     void sharesTheFormAsTextAndPictures()

@@ -66,7 +66,10 @@ private slots:
         menu.HandleButtonClick();
         menu.viewWillAppear();
         QVERIFY(!menu.menuUnfolded());
-        QCOMPARE(menu.menuButtons().size(), 10);
+        QCOMPARE(menu.menuButtons().size(), 11);
+        // Every button leads to a screen that exists.
+        for (const QVariant &button : menu.menuButtons())
+            QVERIFY2(button.toMap().value(u"enabled"_s).toBool(), qPrintable(button.toMap().value(u"screen"_s).toString()));
     }
 
     // A collection whose folder cannot be written opens to be looked at: the main screen says so,

@@ -1,8 +1,10 @@
 // The statistics: every chart's series on a small collection made by hand, the screen's taps,
 // and `platterbox stats --json`.
 #include "cli/cli.h"
+#include "collection/loans.h"
 #include "collection/statistics.h"
 #include "stats/statisticsviewcontroller.h"
+#include "store/fetchrequest.h"
 #include "store/keptfigures.h"
 #include "store/store.h"
 #include "testsupport.h"
@@ -245,6 +247,11 @@ private slots:
         QFETCH(QString, picked);
         TestApp t;
         fillCollection(t.store());
+        // Two records out, one of them due back yesterday.
+        const QList<Vinyl> records = *t.store().fetchVinyl(FetchRequest());
+        const QDate today = QDate::currentDate();
+        QVERIFY(Loans::lend(t.store(), records.at(0).rowId, u"Sam"_s, today.addDays(-9), today.addDays(-1)).ok());
+        QVERIFY(Loans::lend(t.store(), records.at(1).rowId, u"Lena"_s, today, today).ok());
         StatisticsViewController statistics(&t.app());
         statistics.job().waitForFinished();
         QVERIFY(!statistics.loading());
@@ -252,7 +259,7 @@ private slots:
         for (const QVariant &figure : statistics.figures())
             figures << figure.toMap().value(u"title"_s).toString() + u' ' + figure.toMap().value(u"text"_s).toString();
         QCOMPARE(figures, (QStringList{u"Records 5"_s, u"Copies 5"_s, u"Total Cost $80.00"_s, u"Total Value $147.50"_s,
-                                       u"Gain $67.50"_s}));
+                                       u"Gain $67.50"_s, u"On Loan 2 (1 overdue)"_s}));
 
         if (chart == u"recordsPerDecade"_s) {
             statistics.barTapped(chart, index); // the 1960s show their years

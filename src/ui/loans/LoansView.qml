@@ -1,0 +1,85 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The records lent out, the longest out first, overdue ones in red; a record picked opens in
+// the editor, where it is taken back.
+ScreenPage {
+    id: root
+
+    title: "Loans"
+    onAppeared: controller.viewWillAppear()
+
+    LoansViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    Label {
+        id: summary
+        objectName: "LoansSummary"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 12
+        text: controller.summary
+        font.pixelSize: 15
+        color: "#555555"
+        wrapMode: Text.Wrap
+    }
+
+    ListView {
+        id: list
+        objectName: "LoansList"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: summary.bottom
+        anchors.bottom: parent.bottom
+        anchors.margins: 12
+        spacing: 8
+        clip: true
+        model: controller.loans
+
+        delegate: Card {
+            id: row
+            required property var modelData
+            required property int index
+            objectName: "LoanRow" + index
+            width: list.width
+            implicitHeight: lines.implicitHeight + 20
+            hovered: pointer.hovered
+            fillColor: modelData.overdue ? "#fbe9e7" : Qt.hsva(0.5, 0.06, 0.96, 1)
+
+            HoverHandler {
+                id: pointer
+            }
+            TapHandler {
+                onTapped: controller.rowPicked(row.index)
+            }
+
+            ColumnLayout {
+                id: lines
+                anchors.fill: parent
+                anchors.margins: 10
+                spacing: 2
+                Label {
+                    text: row.modelData.album + (row.modelData.artist !== "" ? " \u2013 " + row.modelData.artist : "")
+                    font.pixelSize: 16
+                    font.bold: true
+                    wrapMode: Text.Wrap
+                    Layout.fillWidth: true
+                }
+                Label {
+                    text: row.modelData.status
+                    font.pixelSize: 14
+                    color: row.modelData.overdue ? "#b3261e" : "#333333"
+                    wrapMode: Text.Wrap
+                    Layout.fillWidth: true
+                }
+            }
+        }
+    }
+}
