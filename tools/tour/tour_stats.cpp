@@ -36,56 +36,47 @@ void scrollToEnd(TourContext &c)
     c.settle(600);
 }
 
-// A record with at least three quotes, opened from the collection list.
-void openRecordWithHistory(TourContext &c)
+// Opens the record in the editor, coming from `origin`, scrolled as the form scrolls to a field
+// being edited so that the part named `shown` is in sight.
+void openRecordShowing(TourContext &c, qint64 rowId, const QString &origin, const QString &shown)
 {
-    c.home();
-    Store &store = c.app().persistentContainer();
-    QSqlQuery q(store.database());
-    if (!q.exec(u"SELECT vinylRowId FROM Quotes GROUP BY vinylRowId HAVING COUNT(*) >= 3 ORDER BY vinylRowId LIMIT 1"_s)
-        || !q.next())
-        return;
-    const auto record = store.vinylByRowId(q.value(0).toLongLong());
-    q.finish();
+    const auto record = c.app().persistentContainer().vinylByRowId(rowId);
     if (!record || !record->has_value())
         return;
     c.app().state()->setCurrentRecord(**record);
-    c.app().state()->setOriginScreen(OriginScreens::List);
+    c.app().state()->setOriginScreen(origin);
     c.show(u"EditVinylView"_s);
     c.settle(600);
-    // Scrolled as the form scrolls to a field being edited, so the history is in sight.
     QObject *form = c.find(u"RecordForm"_s);
-    QObject *history = c.find(u"ValueHistory"_s);
-    if (form && history) {
-        form->setProperty("editedItem", QVariant::fromValue(history));
+    QObject *part = c.find(shown);
+    if (form && part) {
+        form->setProperty("editedItem", QVariant::fromValue(part));
         QMetaObject::invokeMethod(form, "showEdited");
         form->setProperty("editedItem", QVariant::fromValue<QQuickItem *>(nullptr));
     }
     c.settle(600);
 }
 
+// A record with at least three quotes, opened from the collection list.
+void openRecordWithHistory(TourContext &c)
+{
+    c.home();
+    QSqlQuery q(c.app().persistentContainer().database());
+    if (!q.exec(u"SELECT vinylRowId FROM Quotes GROUP BY vinylRowId HAVING COUNT(*) >= 3 ORDER BY vinylRowId LIMIT 1"_s)
+        || !q.next())
+        return;
+    const qint64 rowId = q.value(0).toLongLong();
+    q.finish();
+    openRecordShowing(c, rowId, OriginScreens::List, u"ValueHistory"_s);
+}
+
 // The record lent out longest (the sample collection's is overdue), opened from the loans.
 void openLentRecord(TourContext &c)
 {
     c.home();
-    auto out = c.app().persistentContainer().loansOut();
-    if (!out || out->isEmpty())
-        return;
-    const auto record = c.app().persistentContainer().vinylByRowId(out->first().loan.vinylRowId);
-    if (!record || !record->has_value())
-        return;
-    c.app().state()->setCurrentRecord(**record);
-    c.app().state()->setOriginScreen(OriginScreens::Loans);
-    c.show(u"EditVinylView"_s);
-    c.settle(600);
-    QObject *form = c.find(u"RecordForm"_s);
-    QObject *loans = c.find(u"LoanPanel"_s);
-    if (form && loans) {
-        form->setProperty("editedItem", QVariant::fromValue(loans));
-        QMetaObject::invokeMethod(form, "showEdited");
-        form->setProperty("editedItem", QVariant::fromValue<QQuickItem *>(nullptr));
-    }
-    c.settle(600);
+    const auto out = c.app().persistentContainer().loansOut();
+    if (out && !out->isEmpty())
+        openRecordShowing(c, out->first().loan.vinylRowId, OriginScreens::Loans, u"LoanPanel"_s);
 }
 
 } // namespace
