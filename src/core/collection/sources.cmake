@@ -14,5 +14,6 @@ list(APPEND PB_CORE_SOURCES
     collection/statistics.h collection/statistics.cpp
     collection/textorder.h
     collection/tracks.h collection/tracks.cpp
+    collection/wantlist.h collection/wantlist.cpp
     collection/valuation.h collection/valuation.cpp
 )

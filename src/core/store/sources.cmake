@@ -22,4 +22,5 @@ list(APPEND PB_CORE_SOURCES
     store/store.h store/store.cpp
     store/textfile.h store/textfile.cpp
     store/valuehistory.h store/valuehistory.cpp
+    store/wantedalbums.h store/wantedalbums.cpp
 )

@@ -9,6 +9,7 @@
 #include "store/recordnumbers.h"
 #include "store/samplecollection.h"
 #include "store/store.h"
+#include "store/wantedalbums.h"
 #include "testsupport.h"
 #include "valuation/valuationviewcontroller.h"
 
@@ -906,7 +907,10 @@ private slots:
         QVERIFY2(reopened.ok(), qPrintable(reopened.errorMessage()));
         QVERIFY(Loans::lend(**reopened, rowId, u"Sam"_s, QDate(2026, 3, 3)).ok());
         QCOMPARE((*reopened)->loansOut()->first().name, u"Kept"_s);
-        QCOMPARE(sqlColumn((*reopened)->database(), u"SELECT count(*) FROM Wanted"_s), QStringList{u"0"_s});
+        WantedAlbum wanted;
+        wanted.album.name = u"Sought"_s;
+        QVERIFY(WantedAlbums::insert(**reopened, wanted, {Track{}}).ok());
+        QCOMPARE(WantedAlbums::tracks(**reopened, wanted.rowId)->size(), 1);
     }
 
     // Newest first with date, amount and source; the chart gets them oldest first.

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "collection/recordform.h"
+#include "store/result.h"
+#include "store/wantedalbums.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class Store;
+
+// The rules of the wantlist: what a wanted album needs, how it reads in a list, how it joins the
+// collection once the collector has it, and which wanted albums a new record is.
+namespace Wantlist {
+
+// Texts the user sees.
+inline const QString kNotSavedTitle = QStringLiteral("Album not Saved!");
+inline const QString kRequiredMessage = QStringLiteral("Enter at least the album and the artist.");
+inline const QString kGone = QStringLiteral("The album is no longer on the wantlist.");
+inline const QString kGotItTitle = QStringLiteral("Got It");
+inline const QString kGotItPrompt = QStringLiteral("What did \"%1\" cost?");
+inline const QString kGotItDone = QStringLiteral("\"%1\" is in the collection now, numbered %2.");
+inline const QString kTakeOffTitle = QStringLiteral("On Your Wantlist");
+inline const QString kTakeOffMessage =
+    QStringLiteral("\"%1\" by %2 is on your wantlist. Take it off, now that it is in the collection?");
+inline const QString kTakeOffButton = QStringLiteral("Take Off");
+inline const QString kKeepButton = QStringLiteral("Keep");
+inline const QString kDeleteTitle = QStringLiteral("Delete Wanted Album?");
+inline const QString kDeleteMessage = QStringLiteral("Take \"%1\" by %2 off the wantlist?");
+// Priority 1 to 3, in that order.
+inline const QStringList kPriorityNames = {QStringLiteral("High"), QStringLiteral("Medium"), QStringLiteral("Low")};
+
+// A wanted album from the form: the record form's fields (the album and the artist required),
+// the most the collector would pay (money in the current locale, empty for no limit) and a
+// priority of 1 to 3. Fails, naming the field, on a number that does not read.
+[[nodiscard]] Result<WantedAlbum> fromForm(const RecordFormFields &fields, const QString &maxPrice, int priority);
+// The form's fields over a stored wanted album, as the record edit screen writes a record.
+[[nodiscard]] Result<void> applyForm(const RecordFormFields &fields, const QString &maxPrice, int priority,
+                                     WantedAlbum &wanted);
+// The form texts showing a wanted album; absent numbers show as empty fields.
+[[nodiscard]] RecordFormFields formFields(const WantedAlbum &wanted);
+[[nodiscard]] QString maxPriceText(const WantedAlbum &wanted);
+
+// What a list row says under the album: "High · up to $25.00 · Ember Row · 1974".
+[[nodiscard]] QString detailLine(const WantedAlbum &wanted);
+// Whether the album's name or artist holds the text, case aside; an empty text matches all.
+[[nodiscard]] bool matchesSearch(const WantedAlbum &wanted, const QString &search);
+
+// The collector has the album: it becomes a record numbered as a new record is, with its
+// fields, tracks and covers and the cost paid (none when nullopt), and leaves the wantlist; its
+// value starts the record's value history. All of it happens or none.
+[[nodiscard]] Result<Vinyl> gotIt(Store &store, qint64 wantedRowId, std::optional<float> cost);
+
+// The wanted albums that are this record: the same release of the online music database, or
+// the same name and artist (case and surrounding spaces aside).
+[[nodiscard]] Result<QList<WantedAlbum>> matching(const Store &store, const Vinyl &record);
+
+} // namespace Wantlist
