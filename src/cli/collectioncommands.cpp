@@ -27,6 +27,7 @@ int demoCommand(CliContext &context)
     SampleOptions options;
     options.records = count;
     options.loansFrom = QDate::currentDate();
+    options.wantlist = true;
     auto done = addSampleCollection(context.folder.persistentContainer(), options);
     if (!done) {
         context.err << "platterbox: " << done.errorMessage() << "\n";

@@ -3,6 +3,7 @@
 #include "shell/appdelegate.h"
 #include "shell/recordingplatformservices.h"
 #include "store/entities.h"
+#include "store/samplecollection.h"
 #include "store/store.h"
 
 #include <QAbstractItemModel>
@@ -166,6 +167,17 @@ public:
     ~ConsoleCapture();
     [[nodiscard]] QStringList lines() const;
 };
+
+// A sample collection of that many records, tracks each, with or without covers.
+inline SampleOptions sampleOptions(int records, int tracksPerRecord, bool covers, quint32 seed)
+{
+    SampleOptions options;
+    options.records = records;
+    options.tracksPerRecord = tracksPerRecord;
+    options.covers = covers;
+    options.seed = seed;
+    return options;
+}
 
 // A picture of one colour.
 [[nodiscard]] QImage solidPicture(QSize size, QColor color);

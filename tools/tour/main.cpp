@@ -111,6 +111,7 @@ int main(int argc, char *argv[])
     sample.records = 240;
     sample.tracksPerRecord = 10;
     sample.loansFrom = QDate::currentDate();
+    sample.wantlist = true;
     if (auto r = addSampleCollection((*app)->persistentContainer(), sample); !r) {
         fprintf(stderr, "tour: %s\n", qPrintable(r.errorMessage()));
         return 1;

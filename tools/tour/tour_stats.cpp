@@ -1,8 +1,10 @@
 // Tour steps of the statistics screen, its lower charts, a decade opened into its years, the
-// edit screen of a record with a value history and of one lent out (overdue), and the loans.
+// edit screen of a record with a value history and of one lent out (overdue), the loans, the
+// wantlist and a wanted album's form.
 #include "shell/appdelegate.h"
 #include "stats/statisticsviewcontroller.h"
 #include "store/store.h"
+#include "wantlist/wantlistviewcontroller.h"
 #include "tour.h"
 
 #include <QQuickItem>
@@ -101,4 +103,16 @@ void addStatsSteps(QList<TourStep> &steps)
                       c.settle(600);
                   }});
     steps.append({u"edit-record-on-loan.png"_s, openLentRecord});
+    steps.append({u"wantlist.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"WantlistView"_s);
+                      c.settle(600);
+                  }});
+    steps.append({u"wanted-album.png"_s, [](TourContext &c) {
+                      c.home();
+                      c.show(u"WantlistView"_s);
+                      if (auto *wantlist = qobject_cast<WantlistViewController *>(c.topController()))
+                          wantlist->rowPicked(0);
+                      c.settle(900);
+                  }});
 }

@@ -89,6 +89,14 @@ QString maxPriceText(const WantedAlbum &wanted)
     return wanted.maxPrice ? RecordForm::amountText(*wanted.maxPrice) : QString();
 }
 
+QString summary(qsizetype shown, qsizetype total)
+{
+    if (total == 0)
+        return u"Nothing on the wantlist yet: add the albums you are looking for, with the most you would pay."_s;
+    const QString albums = total == 1 ? u"1 album wanted"_s : u"%1 albums wanted"_s.arg(total);
+    return shown == total ? albums : u"%1 of %2"_s.arg(shown).arg(albums);
+}
+
 QString detailLine(const WantedAlbum &wanted)
 {
     QStringList parts{kPriorityNames.value(wanted.priority - 1)};

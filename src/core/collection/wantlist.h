@@ -26,6 +26,7 @@ inline const QString kTakeOffMessage =
     QStringLiteral("\"%1\" by %2 is on your wantlist. Take it off, now that it is in the collection?");
 inline const QString kTakeOffButton = QStringLiteral("Take Off");
 inline const QString kKeepButton = QStringLiteral("Keep");
+inline const QString kDeleteButton = QStringLiteral("Delete");
 inline const QString kDeleteTitle = QStringLiteral("Delete Wanted Album?");
 inline const QString kDeleteMessage = QStringLiteral("Take \"%1\" by %2 off the wantlist?");
 // Priority 1 to 3, in that order.
@@ -42,6 +43,9 @@ inline const QStringList kPriorityNames = {QStringLiteral("High"), QStringLitera
 [[nodiscard]] RecordFormFields formFields(const WantedAlbum &wanted);
 [[nodiscard]] QString maxPriceText(const WantedAlbum &wanted);
 
+// "3 albums wanted", "1 of 3 albums wanted" while a search hides some, or what an empty
+// wantlist is for.
+[[nodiscard]] QString summary(qsizetype shown, qsizetype total);
 // What a list row says under the album: "High · up to $25.00 · Ember Row · 1974".
 [[nodiscard]] QString detailLine(const WantedAlbum &wanted);
 // Whether the album's name or artist holds the text, case aside; an empty text matches all.

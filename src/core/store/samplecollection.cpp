@@ -2,6 +2,7 @@
 
 #include "store/recordnumbers.h"
 #include "store/store.h"
+#include "store/wantedalbums.h"
 
 #include <QBuffer>
 #include <QColor>
@@ -132,6 +133,44 @@ Result<void> addSampleLoans(Store &store, const Vinyl &v, int index, QDate today
     }
     return {};
 }
+
+// Albums sought, of every priority, one with a cover and its tracks.
+Result<void> addSampleWantlist(Store &store)
+{
+    struct Sought
+    {
+        QString name, artist, label;
+        int year;
+        qint16 priority;
+        std::optional<float> maxPrice;
+    };
+    const QList<Sought> sought = {
+        {u"Harbour Lights at Dusk"_s, u"The Velvet Orchard"_s, u"Ember Row"_s, 1971, 1, 45.0f},
+        {u"Copper Skies"_s, u"Nina Quill"_s, u"Blue Heron"_s, 1968, 1, 120.0f},
+        {u"Quiet Engines"_s, u"Jonah Reyes Trio"_s, QString(), 1979, 2, 25.0f},
+        {u"Søndag Morgen"_s, u"Ines Dahl"_s, u"Nordlys"_s, 1983, 3, std::nullopt},
+    };
+    for (qsizetype i = 0; i < sought.size(); ++i) {
+        const Sought &s = sought.at(i);
+        WantedAlbum wanted;
+        wanted.album.name = s.name;
+        wanted.album.artist = s.artist;
+        if (!s.label.isEmpty())
+            wanted.album.recordLabel = s.label;
+        wanted.album.releaseDate = QDateTime(QDate(s.year, 1, 1), QTime(0, 0));
+        wanted.priority = s.priority;
+        wanted.maxPrice = s.maxPrice;
+        QList<Track> tracks;
+        if (i == 0) {
+            wanted.album.frontImage = sampleCoverJpeg(5, true);
+            for (qint16 n = 1; n <= 4; ++n)
+                tracks.append(Track{0, 3.5 + n / 4.0, u"Lantern Song %1"_s.arg(n), n, std::nullopt, std::nullopt});
+        }
+        if (auto r = WantedAlbums::insert(store, wanted, tracks); !r)
+            return r;
+    }
+    return {};
+}
 } // namespace
 
 Result<void> addSampleCollection(Store &store, const SampleOptions &options)
@@ -201,6 +240,6 @@ Result<void> addSampleCollection(Store &store, const SampleOptions &options)
             if (auto r = addSampleLoans(store, v, i, options.loansFrom); !r)
                 return r;
         }
-        return {};
+        return options.wantlist ? addSampleWantlist(store) : Result<void>{};
     });
 }

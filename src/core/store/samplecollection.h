@@ -19,6 +19,8 @@ struct SampleOptions
     quint32 seed = 1975;
     // Lends a few of the records out, as of this day (one overdue); none when invalid.
     QDate loansFrom;
+    // Puts a few albums the collection lacks on the wantlist.
+    bool wantlist = false;
 };
 
 // Adds the records (numbered on from the highest id) in one transaction.

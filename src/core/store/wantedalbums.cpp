@@ -153,6 +153,11 @@ Result<void> update(Store &store, const WantedAlbum &wanted)
     });
 }
 
+Result<void> addTracks(Store &store, qint64 rowId, const QList<Track> &tracks)
+{
+    return store.transaction([&]() { return insertTracks(store, rowId, tracks); });
+}
+
 Result<void> remove(Store &store, qint64 rowId)
 {
     return store.transaction([&]() -> Result<void> {

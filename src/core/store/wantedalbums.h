@@ -33,6 +33,8 @@ inline constexpr qint16 kLowestPriority = 3;
 Result<void> insert(Store &store, WantedAlbum &wanted, const QList<Track> &tracks = {});
 // Writes the album's attributes; its covers only when wanted.album.imagesLoaded.
 Result<void> update(Store &store, const WantedAlbum &wanted);
+// Adds tracks to a stored album.
+Result<void> addTracks(Store &store, qint64 rowId, const QList<Track> &tracks);
 // Removes the album and its tracks.
 Result<void> remove(Store &store, qint64 rowId);
 

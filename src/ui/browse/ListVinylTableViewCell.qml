@@ -4,7 +4,8 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Platterbox
 
-// A record card: the front cover and five text lines; swiping left offers "delete".
+// A record card: the front cover, five text lines and, for a record lent out, who has it;
+// swiping left offers "delete".
 SwipeRow {
     id: root
 
@@ -14,6 +15,7 @@ SwipeRow {
     required property string costLabel
     required property string speedLabel
     required property string coverSource
+    required property string loanLabel
 
     signal picked()
 
@@ -74,6 +76,7 @@ SwipeRow {
             CardLine { objectName: "ProducerLabel"; text: root.producerLabel }
             CardLine { objectName: "CostLabel"; text: root.costLabel }
             CardLine { objectName: "SpeedLabel"; text: root.speedLabel }
+            CardLine { objectName: "LoanLabel"; text: root.loanLabel; color: "#8d3a00"; font.italic: true }
         }
     }
 }

@@ -68,6 +68,15 @@ RecordCard RecordCardModel::card(int row) const
     return m_lookup(m_records.at(row));
 }
 
+void RecordCardModel::setLoanLabels(QHash<qint64, QString> labels)
+{
+    if (labels == m_loanLabels)
+        return;
+    m_loanLabels = std::move(labels);
+    if (rowCount() > 0)
+        emit dataChanged(index(0), index(rowCount() - 1), {LoanLabelRole});
+}
+
 int RecordCardModel::rowCount(const QModelIndex &parent) const
 {
     if (parent.isValid())
@@ -98,6 +107,8 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
         return CoverImageProvider::source(card.rowId);
     case CellsRole:
         return card.cells;
+    case LoanLabelRole:
+        return m_loanLabels.value(card.rowId);
     default:
         return {};
     }
@@ -114,5 +125,6 @@ QHash<int, QByteArray> RecordCardModel::roleNames() const
         {SpeedLabelRole, "speedLabel"},
         {CoverSourceRole, "coverSource"},
         {CellsRole, "cells"},
+        {LoanLabelRole, "loanLabel"},
     };
 }

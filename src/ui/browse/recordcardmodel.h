@@ -4,6 +4,7 @@
 #include "collection/recordcard.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
@@ -30,6 +31,8 @@ public:
         CoverSourceRole,
         // The row's texts in the table, column by column.
         CellsRole,
+        // "Lent to Sam since Mar 3, 2026"; empty when the record is in.
+        LoanLabelRole,
     };
 
     explicit RecordCardModel(QObject *parent = nullptr);
@@ -43,6 +46,8 @@ public:
     // rows cards, read a page at a time by reader as the view asks for them.
     void setPages(qint64 rows, PageCache<RecordCard>::Reader reader);
     void removeCard(int row);
+    // What the cards of the records lent out say of it, by row identity.
+    void setLoanLabels(QHash<qint64, QString> labels);
     // The card of a shown row; an empty card outside the rows.
     [[nodiscard]] RecordCard card(int row) const;
 
@@ -59,4 +64,5 @@ private:
     CardLookup m_lookup;
     bool m_paged = false;
     mutable PageCache<RecordCard> m_pages;
+    QHash<qint64, QString> m_loanLabels;
 };

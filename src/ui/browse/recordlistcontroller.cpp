@@ -4,6 +4,7 @@
 #include "collection/loans.h"
 #include "shell/appdelegate.h"
 #include "shell/coverimageprovider.h"
+#include "store/logging.h"
 
 void RecordListController::openRecord(qint64 rowId, const QString &origin)
 {
@@ -49,4 +50,16 @@ bool RecordListController::askedBeforeDeletingLent(qint64 rowId, std::function<v
                       remove();
               });
     return true;
+}
+
+QHash<qint64, QString> RecordListController::loanLabels()
+{
+    const auto out = app()->persistentContainer().loansOut();
+    if (!out)
+        consoleLine(out.errorMessage());
+    QHash<qint64, QString> labels;
+    const QDate today = QDate::currentDate();
+    for (const LoanOut &entry : out.valueOr({}))
+        labels.insert(entry.loan.vinylRowId, Loans::status(entry.loan, today));
+    return labels;
 }

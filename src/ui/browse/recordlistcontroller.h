@@ -2,6 +2,7 @@
 
 #include "shell/screencontroller.h"
 
+#include <QHash>
 #include <QString>
 
 #include <functional>
@@ -30,4 +31,6 @@ protected:
     bool askedBeforeDeletingLent(qint64 rowId, std::function<void()> remove);
     // Reads the list again from the store.
     virtual void reloadRecords() {}
+    // What the cards of the records lent out say, by row identity: a few rows of one index.
+    [[nodiscard]] QHash<qint64, QString> loanLabels();
 };

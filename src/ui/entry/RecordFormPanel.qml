@@ -14,6 +14,8 @@ Item {
     required property QtObject controller
     // The add screen and the edit screen name two of their parts differently.
     property bool addScreen: true
+    // A record needs its label; a wanted album only its name and artist.
+    property bool labelRequired: true
     // Extra buttons under the form (the edit screen's tracks, notes and zoom).
     property alias footer: footerHolder.data
     // Shown under the cost and value fields (the edit screen's value history).
@@ -262,7 +264,7 @@ Item {
             RecordFormField {
                 objectName: "RecordLabelTextField"
                 caption: "Record Label"
-                required: true
+                required: root.labelRequired
                 value: root.controller.recordLabel
                 onEdited: (t) => root.controller.recordLabel = t
             }

@@ -1,5 +1,6 @@
 #include "entry/addvinylviewcontroller.h"
 
+#include "collection/wantlist.h"
 #include "shell/appdelegate.h"
 #include "store/formatters.h"
 #include "store/logging.h"
@@ -32,7 +33,7 @@ void AddVinylViewController::RemoveBackImage()
 void AddVinylViewController::SaveNewVinylButtonClicked()
 {
     // Saved already and leaving: a second tap must not store the record twice.
-    if (m_returning || refusedAsReadOnly())
+    if (m_returning || m_savedRowId != 0 || refusedAsReadOnly())
         return;
     if (!RecordForm::hasRequiredFields(fields())) {
         showAlert(RecordForm::kNotSavedTitle, RecordForm::kRequiredFieldsMessage);
@@ -87,7 +88,27 @@ void AddVinylViewController::SaveNewVinylButtonClicked()
         return;
     }
     m_savedRowId = vinyl->rowId;
-    returnToOpener();
+    offerToTakeOffWantlist(*vinyl);
+}
+
+void AddVinylViewController::offerToTakeOffWantlist(const Vinyl &saved)
+{
+    Store &store = app()->persistentContainer();
+    const auto wanted = Wantlist::matching(store, saved);
+    if (!wanted || wanted->isEmpty()) {
+        returnToOpener();
+        return;
+    }
+    showAlert(Wantlist::kTakeOffTitle, Wantlist::kTakeOffMessage.arg(text(saved.name), text(saved.artist)),
+              {Wantlist::kKeepButton, Wantlist::kTakeOffButton}, [this, &store, found = *wanted](int button) {
+                  for (const WantedAlbum &album : found) {
+                      if (button != 1)
+                          break;
+                      if (auto r = WantedAlbums::remove(store, album.rowId); !r)
+                          consoleLine(r.errorMessage());
+                  }
+                  returnToOpener();
+              });
 }
 
 void AddVinylViewController::lookupCopyAdded(const Vinyl &stored)

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] qint64 savedRowId() const { return m_savedRowId; }
 
 private:
+    // A record that is on the wantlist may come off it: asked before the screen returns.
+    void offerToTakeOffWantlist(const Vinyl &saved);
     void returnToOpener();
 
     qint64 m_savedRowId = 0;

@@ -284,8 +284,13 @@ void RecordFormController::forgetLookup()
 
 QStringList RecordFormController::lookedUpTrackLines() const
 {
+    return trackLines(m_lookedUpTracks);
+}
+
+QStringList RecordFormController::trackLines(const QList<Track> &tracks)
+{
     QStringList lines;
-    for (const Track &track : m_lookedUpTracks) {
+    for (const Track &track : tracks) {
         QString line = u"%1. %2"_s.arg(number(track.trackNumber)).arg(text(track.song));
         if (track.duration)
             line += u"  "_s + Formatters::twoDecimals(*track.duration);

@@ -174,6 +174,8 @@ protected:
     [[nodiscard]] const QString &lookedUpReleaseId() const { return m_lookedUpReleaseId; }
     // The form shows the stored record again: what a look-up brought is dropped.
     void forgetLookup();
+    // "1. Salt Roads  4.12", one line per track.
+    [[nodiscard]] static QStringList trackLines(const QList<Track> &tracks);
 
 private:
     void setField(QString &field, const QString &text);

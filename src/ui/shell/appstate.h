@@ -51,6 +51,10 @@ public:
 
     [[nodiscard]] QString currentRecordName() const { return m_current.name; }
 
+    // The wanted album handed from the wantlist to its form; 0 for a new one.
+    [[nodiscard]] qint64 currentWantedRowId() const { return m_currentWantedRowId; }
+    void setCurrentWantedRowId(qint64 rowId) { m_currentWantedRowId = rowId; }
+
 signals:
     void originScreenChanged();
     void sortAscendingChanged();
@@ -62,6 +66,7 @@ private:
     bool m_sortAscending = true;
     qint64 m_currentTrackRowId = 0;
     qint64 m_currentConditionRowId = 0;
+    qint64 m_currentWantedRowId = 0;
 };
 
 // The screens a record is picked from; the lists a report can be made from keep the report's names.

@@ -22,6 +22,7 @@ const QList<MenuButton> &buttons()
         {u"AddButton"_s, u"Add Vinyl"_s, u"AddVinylView"_s, true},
         {u"ValuationButton"_s, u"Valuation"_s, u"ValuationView"_s},
         {u"StatisticsButton"_s, u"Statistics"_s, u"StatisticsView"_s},
+        {u"WantlistButton"_s, u"Wantlist"_s, u"WantlistView"_s},
         {u"LoansButton"_s, u"Loans"_s, u"LoansView"_s},
         {u"ReferenceListButton"_s, u"Reference Lists"_s, u"ReferenceListsView"_s},
         {u"ImportExportButton"_s, u"Import / Export"_s, u"ImportExportView"_s},

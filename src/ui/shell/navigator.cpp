@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 const QStringList kScreenFolders = {u"shell"_s, u"entry"_s, u"browse"_s, u"reports"_s,
-                                    u"valuation"_s, u"exchange"_s, u"feedback"_s, u"stats"_s, u"loans"_s};
+                                    u"valuation"_s, u"exchange"_s, u"feedback"_s, u"stats"_s, u"loans"_s,
+                                    u"wantlist"_s};
 
 QString resourcePath(const QString &screen)
 {
@@ -45,6 +46,7 @@ QString Navigator::screenForUnwind(const QString &segue)
         {u"unwindToProducerTableView"_s, u"ProducerBreakdownTableView"_s},
         {u"unwindToYearTableView"_s, u"YearBreakdownTableView"_s},
         {u"unwindToLoans"_s, u"LoansView"_s},
+        {u"unwindToWantlist"_s, u"WantlistView"_s},
         {u"unwindToTrackTableView"_s, u"TracksTableView"_s},
         {u"unwindToEdit"_s, u"EditVinylView"_s},
         {u"unwindToVinylConditionTableView"_s, u"VinylConditionTableView"_s},

@@ -362,7 +362,7 @@ private slots:
     {
         QFETCH(int, cancelAfter);
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {300, 4, false, 7}).ok());
+        QVERIFY(addSampleCollection(t.store(), sampleOptions(300, 4, false, 7)).ok());
         QList<qint64> done;
         const auto built = ExchangeWriter::build(t.store(), true, nullptr, [&](qint64 lines, qint64 total) {
             if (total != 1500)

@@ -493,7 +493,7 @@ private slots:
     {
         QFETCH(int, found);
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {45, 0, true, 11}));
+        QVERIFY(addSampleCollection(t.store(), sampleOptions(45, 0, true, 11)));
         PagesWhileReading whileReading(u"List"_s, 8);
         auto records = ReportBuilder::readReport(t.store(), u"List"_s, {}, true, [&](const ReportRecords &read) {
             whileReading.add(read.records.constLast(), read.coverSizes.constLast());

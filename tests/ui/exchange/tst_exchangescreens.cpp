@@ -107,7 +107,7 @@ private slots:
     void cancelledExportKeepsNothing()
     {
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {200, 10, true, 5}).ok());
+        QVERIFY(addSampleCollection(t.store(), sampleOptions(200, 10, true, 5)).ok());
         ExportViewController controller(&t.app());
         QSignalSpy alerts(&controller, &ExportViewController::alert);
         QSignalSpy finished(&controller, &ExportViewController::buildFinished);

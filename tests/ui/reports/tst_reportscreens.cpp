@@ -173,7 +173,7 @@ private slots:
     void breakdownShareWritesAndSharesTheDocument()
     {
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {60, 0, true, 7}));
+        QVERIFY(addSampleCollection(t.store(), sampleOptions(60, 0, true, 7)));
         add(t, u"Arrival"_s, u"ABBA"_s, u"Polar"_s);
         add(t, u"Voulez-Vous"_s, u"ABBA"_s, u"Polar"_s);
         BreakdownTableViewController::setPdfWriter(&FilteredListPdf::write);
@@ -199,7 +199,7 @@ private slots:
     void cancelledShareLeavesNoFileAndSharesNothing()
     {
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {1000, 0, true, 5}));
+        QVERIFY(addSampleCollection(t.store(), sampleOptions(1000, 0, true, 5)));
         BreakdownTableViewController::setPdfWriter(&FilteredListPdf::write);
         t.app().state()->setCurrentRecord(t.store().fetchVinyl(FetchRequest(Entity::Vinyl).limitedTo(1))->first());
         LabelBreakdownTableViewController list(&t.app());
@@ -242,7 +242,7 @@ private slots:
         QFETCH(int, records);
         QFETCH(bool, covers);
         TestApp t;
-        QVERIFY(addSampleCollection(t.store(), {records, 0, covers, 3}));
+        QVERIFY(addSampleCollection(t.store(), sampleOptions(records, 0, covers, 3)));
         t.app().state()->setOriginScreen(u"List"_s);
         PrintVinylViewController report(&t.app());
         QAbstractItemModelTester tester(report.pages());

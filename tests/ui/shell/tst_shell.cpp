@@ -66,7 +66,7 @@ private slots:
         menu.HandleButtonClick();
         menu.viewWillAppear();
         QVERIFY(!menu.menuUnfolded());
-        QCOMPARE(menu.menuButtons().size(), 11);
+        QCOMPARE(menu.menuButtons().size(), 12);
         // Every button leads to a screen that exists.
         for (const QVariant &button : menu.menuButtons())
             QVERIFY2(button.toMap().value(u"enabled"_s).toBool(), qPrintable(button.toMap().value(u"screen"_s).toString()));

@@ -1,0 +1,129 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Platterbox
+
+// The albums sought, sought first first; a search narrows them, a row opens the album's form and
+// its cross takes it off the wantlist.
+ScreenPage {
+    id: root
+
+    title: "Wantlist"
+    onAppeared: controller.viewWillAppear()
+
+    function unwound(segue: string) {
+        controller.viewWillAppear()
+    }
+
+    actions: [
+        ToolbarButton {
+            objectName: "AddWantedButton"
+            text: "Add"
+            shortcut: StandardKey.New
+            font.bold: true
+            onClicked: controller.addClicked()
+        }
+    ]
+
+    WantlistViewController {
+        id: controller
+    }
+
+    AlertDialog { controller: controller }
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.topMargin: 10
+        spacing: 8
+
+        SearchField {
+            placeholderText: "Search album or artist"
+            results: list
+            Layout.fillWidth: true
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+            onTextChanged: controller.searchText = text
+        }
+
+        Label {
+            objectName: "WantlistSummary"
+            text: controller.summary
+            font.pixelSize: 15
+            color: "#555555"
+            wrapMode: Text.Wrap
+            Layout.fillWidth: true
+            Layout.maximumWidth: Adaptive.formWidth
+            Layout.alignment: Qt.AlignHCenter
+            horizontalAlignment: controller.albums.length > 0 ? Text.AlignLeft : Text.AlignHCenter
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+        }
+
+        ListView {
+            id: list
+            objectName: "WantlistList"
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.maximumWidth: Adaptive.formWidth
+            Layout.alignment: Qt.AlignHCenter
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+            spacing: 8
+            clip: true
+            model: controller.albums
+            keyNavigationEnabled: true
+            Keys.onReturnPressed: controller.rowPicked(currentIndex)
+            Keys.onDeletePressed: controller.deleteRow(currentIndex)
+
+            delegate: Card {
+                id: row
+                required property var modelData
+                required property int index
+                objectName: "WantedRow" + index
+                width: ListView.view.width
+                implicitHeight: lines.implicitHeight + 20
+                hovered: pointer.hovered || (ListView.isCurrentItem && list.activeFocus)
+                fillColor: row.modelData.priority === 1 ? "#fff4e0" : Qt.hsva(0.5, 0.06, 0.96, 1)
+
+                HoverHandler {
+                    id: pointer
+                }
+                TapHandler {
+                    onTapped: controller.rowPicked(row.index)
+                }
+
+                RowLayout {
+                    id: lines
+                    anchors.fill: parent
+                    anchors.margins: 10
+                    spacing: 8
+                    ColumnLayout {
+                        Layout.fillWidth: true
+                        spacing: 2
+                        Label {
+                            text: row.modelData.album + " \u2013 " + row.modelData.artist
+                            font.pixelSize: 16
+                            font.bold: true
+                            wrapMode: Text.Wrap
+                            Layout.fillWidth: true
+                        }
+                        Label {
+                            text: row.modelData.detail
+                            font.pixelSize: 14
+                            color: "#333333"
+                            wrapMode: Text.Wrap
+                            Layout.fillWidth: true
+                        }
+                    }
+                    ToolButton {
+                        objectName: "DeleteWantedButton" + row.index
+                        text: "\u2715"
+                        Accessible.name: "Delete " + row.modelData.album
+                        onClicked: controller.deleteRow(row.index)
+                    }
+                }
+            }
+        }
+    }
+}
