@@ -6,6 +6,7 @@
 #include "exchange/exchangewriter.h"
 #include "exchange/importfile.h"
 #include "exchange/importmerge.h"
+#include "exchange/wantlistcsv.h"
 #include "store/datafolder.h"
 #include "store/snapshots.h"
 #include "store/textfile.h"
@@ -42,6 +43,54 @@ int exportCsv(CliContext &context, const QString &path, bool oneFile)
     return CliOk;
 }
 
+int exportWantlist(CliContext &context, const QString &path)
+{
+    auto text = WantlistCsv::write(context.folder.persistentContainer());
+    if (!text) {
+        context.err << "platterbox: " << text.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    return writeFile(context, path, *text) ? CliOk : CliBadInput;
+}
+
+void printProblems(CliContext &context, const QList<ImportProblem> &problems, qint64 more)
+{
+    for (const ImportProblem &problem : problems)
+        context.out << ImportMerge::problemText(problem) << "\n";
+    if (more > 0)
+        context.out << ImportMessages::kMoreProblems.arg(more) << "\n";
+}
+
+// The file's albums go onto the wantlist; the collection is not touched.
+int importWantlist(CliContext &context, const QString &path, const QByteArray &bytes, bool dryRun)
+{
+    const WantlistCsv::WantlistFile file = WantlistCsv::read(bytes);
+    if (file.format() == ImportFormat::Unknown) {
+        context.err << "platterbox: " << WantlistCsv::kNotAWantlist << " in " << path << "\n";
+        return CliBadInput;
+    }
+    context.out << file.summary() << "\n";
+    if (!file.ignoredColumns().isEmpty())
+        context.out << "Not read: " << file.ignoredColumns().join(u", "_s) << "\n";
+    Store &store = context.folder.persistentContainer();
+    Result<WantlistCsv::WantlistCounts> counts = Error{};
+    if (dryRun) {
+        counts = WantlistCsv::preview(store, file);
+    } else {
+        Snapshots snapshots = context.folder.snapshots();
+        counts = WantlistCsv::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
+    }
+    if (!counts) {
+        context.err << "Unresolved error " << counts.errorMessage() << "\n";
+        return CliBadInput;
+    }
+    context.out << (dryRun ? WantlistCsv::previewText(*counts) : WantlistCsv::countsText(*counts)) << "\n";
+    printProblems(context, counts->problems, counts->moreProblems);
+    if (dryRun)
+        context.out << "Dry run: nothing was changed.\n";
+    return CliOk;
+}
+
 } // namespace
 
 int exportCommand(CliContext &context)
@@ -50,12 +99,16 @@ int exportCommand(CliContext &context)
     const bool images = !arguments.removeOne(u"--no-images"_s);
     const bool csv = arguments.removeOne(u"--csv"_s);
     const bool oneFile = arguments.removeOne(u"--one-file"_s);
-    if (arguments.size() != 1 || arguments.first().startsWith(u'-') || (oneFile && !csv)) {
+    const bool wantlist = arguments.removeOne(u"--wantlist"_s);
+    if (arguments.size() != 1 || arguments.first().startsWith(u'-') || (oneFile && !csv) || (wantlist && (!csv || oneFile))) {
         context.err << "usage: platterbox [--data-dir DIR] export FILE [--no-images]\n"
-                       "       platterbox [--data-dir DIR] export FILE --csv [--one-file]\n";
+                       "       platterbox [--data-dir DIR] export FILE --csv [--one-file]\n"
+                       "       platterbox [--data-dir DIR] export FILE --csv --wantlist\n";
         return CliBadUsage;
     }
     const QString path = arguments.first();
+    if (wantlist)
+        return exportWantlist(context, path);
     if (csv)
         return exportCsv(context, path, oneFile);
     int unreadable = 0;
@@ -75,8 +128,10 @@ int importCommand(CliContext &context)
 {
     QStringList arguments = context.arguments;
     const bool dryRun = arguments.removeOne(u"--dry-run"_s);
+    const bool wantlist = arguments.removeOne(u"--wantlist"_s);
     if (arguments.size() != 1 || arguments.first().startsWith(u'-')) {
-        context.err << "usage: platterbox [--data-dir DIR] import FILE [--dry-run]\n";
+        context.err << "usage: platterbox [--data-dir DIR] import FILE [--dry-run]\n"
+                       "       platterbox [--data-dir DIR] import --wantlist FILE [--dry-run]\n";
         return CliBadUsage;
     }
     const QString path = arguments.first();
@@ -89,6 +144,8 @@ int importCommand(CliContext &context)
         context.err << "platterbox: " << bytes.errorMessage() << "\n";
         return CliBadInput;
     }
+    if (wantlist)
+        return importWantlist(context, path, *bytes, dryRun);
     const ImportFile file = ImportFiles::read(std::move(*bytes));
     if (file.format == ImportFormat::Unknown
         || (file.format == ImportFormat::Exchange && !Exchange::hasRecordSection(file.text))) {
@@ -114,10 +171,7 @@ int importCommand(CliContext &context)
         return CliBadInput;
     }
     context.out << ImportMerge::countsText(*counts) << "\n";
-    for (const ImportProblem &problem : std::as_const(counts->problems))
-        context.out << ImportMerge::problemText(problem) << "\n";
-    if (counts->moreProblems > 0)
-        context.out << ImportMessages::kMoreProblems.arg(counts->moreProblems) << "\n";
+    printProblems(context, counts->problems, counts->moreProblems);
     if (counts->unreadableImages > 0)
         context.err << "platterbox: " << counts->unreadableImages
                     << " cover pictures could not be read and were left out\n";

@@ -3,9 +3,11 @@
 #include "barcodepicture.h"
 #include "cli/cli.h"
 #include "fakecatalogue.h"
+#include "exchange/wantlistcsv.h"
 #include "store/fetchrequest.h"
 #include "store/store.h"
 #include "store/textfile.h"
+#include "store/wantedalbums.h"
 #include "testsupport.h"
 
 #include <QDate>
@@ -28,6 +30,11 @@ private:
     {
         auto store = Store::open(QDir(m_dir->path()).filePath(Store::kFileName));
         return store ? (*store)->fetchVinyl(FetchRequest(Entity::Vinyl)).valueOr(QList<Vinyl>()) : QList<Vinyl>();
+    }
+    qint64 wantedCount()
+    {
+        auto store = Store::open(QDir(m_dir->path()).filePath(Store::kFileName));
+        return store ? WantedAlbums::count(**store).valueOr(-1) : -1;
     }
     void serveSaltRoads()
     {
@@ -86,6 +93,7 @@ private slots:
         QTest::newRow("report") << QStringList{u"report"_s, u"--pdf"_s, u"OUT/r.pdf"_s} << u"OUT/r.pdf"_s;
         QTest::newRow("backup") << QStringList{u"backup"_s, u"OUT/c.backup"_s} << u"OUT/c.backup"_s;
         QTest::newRow("import") << QStringList{u"import"_s, u"OUT/new.csv"_s} << QString();
+        QTest::newRow("wantlist import") << QStringList{u"import"_s, u"--wantlist"_s, u"OUT/new.csv"_s} << QString();
         QTest::newRow("demo") << QStringList{u"demo"_s, u"2"_s} << QString();
         QTest::newRow("restore") << QStringList{u"restore"_s, u"OUT/c.backup"_s} << QString();
         QTest::newRow("undo-import") << QStringList{u"undo-import"_s} << QString();
@@ -193,6 +201,10 @@ private slots:
         QTest::newRow("one file without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--one-file"_s} << int(CliBadUsage)
                                                 << u"usage:"_s;
         QTest::newRow("import two files") << QStringList{u"import"_s, u"a"_s, u"b"_s} << int(CliBadUsage) << u"usage:"_s;
+        QTest::newRow("wantlist export without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--wantlist"_s}
+                                                       << int(CliBadUsage) << u"usage:"_s;
+        QTest::newRow("wantlist export in one file") << QStringList{u"export"_s, u"FILE"_s, u"--csv"_s, u"--wantlist"_s, u"--one-file"_s}
+                                                     << int(CliBadUsage) << u"usage:"_s;
     }
 
     void exitCodes()
@@ -212,25 +224,31 @@ private slots:
     void refusedFilesChangeNothing_data()
     {
         QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("wantlist");
         QTest::addColumn<QString>("message");
         QTest::newRow("saved as Windows-1252")
-            << QByteArray("[VINYLCOLLECTION]\n0.0^Beyonc\xe9^0.0^^^1^Lemonade^^^1^^^^0.0^^^\n") << u"Line 2 is not UTF-8"_s;
-        QTest::newRow("no record section") << QByteArray("[TRACKCOLLECTION]\n3.0^Song^1^1^\n")
+            << QByteArray("[VINYLCOLLECTION]\n0.0^Beyonc\xe9^0.0^^^1^Lemonade^^^1^^^^0.0^^^\n") << false << u"Line 2 is not UTF-8"_s;
+        QTest::newRow("no record section") << QByteArray("[TRACKCOLLECTION]\n3.0^Song^1^1^\n") << false
                                            << u"no [VINYLCOLLECTION] section in "_s;
+        QTest::newRow("exchange file into the wantlist")
+            << QByteArray("[VINYLCOLLECTION]\n0.0^Someone^0.0^^^1^Album^^^1^^^^0.0^^^\n") << true
+            << u"platterbox: "_s + WantlistCsv::kNotAWantlist + u" in "_s;
     }
 
     void refusedFilesChangeNothing()
     {
         QFETCH(QByteArray, bytes);
+        QFETCH(bool, wantlist);
         QFETCH(QString, message);
         QCOMPARE(run({u"demo"_s, u"2"_s}).code, int(CliOk));
         const QString file = m_dir->filePath(u"in.csv"_s);
         QVERIFY(writeBytes(file, bytes));
         const QString before = run({u"stats"_s}).out;
-        const CliRun r = run({u"import"_s, file});
+        const CliRun r = run(wantlist ? QStringList{u"import"_s, u"--wantlist"_s, file} : QStringList{u"import"_s, file});
         QCOMPARE(r.code, int(CliBadInput));
         QVERIFY2(r.err.contains(message), qPrintable(r.err));
         QCOMPARE(run({u"stats"_s}).out, before);
+        QCOMPARE(wantedCount(), 0);
     }
 
     void backupRestoreAndUndo()
@@ -290,6 +308,43 @@ private slots:
         QVERIFY(run({u"stats"_s}).out.startsWith(u"Records: 12\n"_s));
         const CliRun again = run({u"import"_s, file, u"--dry-run"_s});
         QVERIFY2(again.out.contains(u"\n0 new, 0 updated, 12 unchanged, 0 problems\n"_s), qPrintable(again.out));
+    }
+
+    // A wantlist import adds wanted albums and never records; its dry run changes nothing, undo
+    // takes the albums off again, and the wantlist's CSV file brings the same albums into
+    // another store.
+    void wantlistImportExportAndUndo()
+    {
+        QCOMPARE(run({u"demo"_s, u"2"_s}).code, int(CliOk));
+        const QString file = QStringLiteral(PB_TEST_DATA "/discogs-wantlist.csv");
+        const QString head = u"Discogs export: 5 albums\nNot read: Rating\n"_s;
+        const QString skipped = u"Line 4: no name (the Title is empty)\nLine 7: the same album as line 3\n"_s;
+        const CliRun dry = run({u"import"_s, u"--wantlist"_s, file, u"--dry-run"_s});
+        QCOMPARE(dry.code, int(CliOk));
+        QCOMPARE(dry.out, head + u"3 wanted albums to add, 2 to skip\n"_s + skipped + u"Dry run: nothing was changed.\n"_s);
+        QCOMPARE(wantedCount(), 0);
+
+        const CliRun imported = run({u"import"_s, u"--wantlist"_s, file});
+        QCOMPARE(imported.code, int(CliOk));
+        QCOMPARE(imported.out, head + u"3 wanted albums added, 2 skipped\n"_s + skipped);
+        QCOMPARE(wantedCount(), 3);
+        QVERIFY(run({u"stats"_s}).out.startsWith(u"Records: 2\n"_s));
+        const CliRun again = run({u"import"_s, file, u"--wantlist"_s});
+        QVERIFY2(again.out.contains(u"\n0 wanted albums added, 5 skipped\n"_s), qPrintable(again.out));
+
+        QTemporaryDir target;
+        const QString exported = m_dir->filePath(u"wantlist.csv"_s);
+        QCOMPARE(run({u"export"_s, exported, u"--csv"_s, u"--wantlist"_s}).out, u"Wrote %1\n"_s.arg(exported));
+        const CliRun copied = runCommand({u"--data-dir"_s, target.path(), u"import"_s, u"--wantlist"_s, exported});
+        QCOMPARE(copied.out, u"CSV file: 3 albums\n3 wanted albums added, 0 skipped\n"_s);
+        const QString again2 = target.filePath(u"again.csv"_s);
+        QCOMPARE(runCommand({u"--data-dir"_s, target.path(), u"export"_s, again2, u"--csv"_s, u"--wantlist"_s}).code, int(CliOk));
+        QCOMPARE(fileBytes(again2), fileBytes(exported));
+        QCOMPARE(runCommand({u"--data-dir"_s, target.path(), u"stats"_s}).out.section(u'\n', 0, 0), u"Records: 0"_s);
+
+        QCOMPARE(run({u"undo-import"_s}).code, int(CliOk));
+        QCOMPARE(wantedCount(), 0);
+        QVERIFY(run({u"stats"_s}).out.startsWith(u"Records: 2\n"_s));
     }
 
     void csvExportWritesTracksBesideOrInside_data()

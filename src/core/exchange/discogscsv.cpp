@@ -267,7 +267,7 @@ bool recognises(const QStringList &header)
            && Csv::column(header, kColumns.at(ReleaseId)) >= 0;
 }
 
-void read(QList<Csv::RowStart> rows, ImportFile &file)
+void read(QList<Csv::RowStart> rows, ImportFile &file, Export kind)
 {
     file.format = ImportFormat::Discogs;
     auto lines = std::make_shared<DiscogsLines>();
@@ -275,6 +275,8 @@ void read(QList<Csv::RowStart> rows, ImportFile &file)
     lines->columns = header.size();
     for (const QString &name : kColumns)
         lines->positions.append(Csv::column(header, name));
+    if (kind == Export::Wantlist && lines->positions.at(Notes) < 0)
+        lines->positions[Notes] = Csv::column(header, u"Notes"_s);
     for (qsizetype i = 0; i < header.size(); ++i) {
         if (!lines->positions.contains(i) && !header.at(i).trimmed().isEmpty())
             file.ignoredColumns.append(header.at(i).trimmed());
@@ -301,7 +303,7 @@ void read(QList<Csv::RowStart> rows, ImportFile &file)
             else
                 unlisted = true;
         }
-        const QString release = f.at(ReleaseId);
+        const QString release = kind == Export::Wantlist ? QString() : f.at(ReleaseId);
         const auto last = release.isEmpty() ? lastCopy.end() : lastCopy.find(release);
         // A row with a problem is listed on its own: the release's record is its first good row.
         const bool good = problemOf(f).isEmpty();

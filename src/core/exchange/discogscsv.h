@@ -34,7 +34,11 @@ struct ConditionGrade
 
 // Whether a CSV header line is a Discogs collection export's.
 [[nodiscard]] bool recognises(const QStringList &header);
+// What the file lists: the collection, or the wantlist, whose notes column is "Notes" and
+// whose rows are each an album of their own (a release listed twice is the same album twice).
+enum class Export { Collection, Wantlist };
+
 // Reads the rows of file.text after the header (rows.first()) into file.
-void read(QList<Csv::RowStart> rows, ImportFile &file);
+void read(QList<Csv::RowStart> rows, ImportFile &file, Export kind = Export::Collection);
 
 } // namespace DiscogsCsv

@@ -1,6 +1,7 @@
 #include "exchange/fileattributes.h"
 
 #include "store/formatters.h"
+#include "store/wantedalbums.h"
 
 #include <array>
 #include <cfloat>
@@ -244,6 +245,8 @@ std::optional<QDateTime> parseIsoDate(const QString &text)
     template void clear(const FileAttribute<Entity> &, Entity &);
 PB_FILE_ATTRIBUTE_FUNCTIONS(Vinyl)
 PB_FILE_ATTRIBUTE_FUNCTIONS(Track)
+// The most the collector would pay for a wanted album reads and writes as a record's amounts do.
+PB_FILE_ATTRIBUTE_FUNCTIONS(WantedAlbum)
 #undef PB_FILE_ATTRIBUTE_FUNCTIONS
 
 QString excerpt(const QString &text)

@@ -9,4 +9,5 @@ list(APPEND PB_CORE_SOURCES
     exchange/fileattributes.h exchange/fileattributes.cpp
     exchange/importfile.h exchange/importfile.cpp
     exchange/importmerge.h exchange/importmerge.cpp
+    exchange/wantlistcsv.h exchange/wantlistcsv.cpp
 )

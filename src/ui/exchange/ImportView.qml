@@ -5,7 +5,8 @@ import QtQuick.Dialogs
 import QtQuick.Layouts
 import Platterbox
 
-// Loads an exchange, Discogs or CSV file, shows what importing it would change, and imports it.
+// Loads an exchange, Discogs or CSV file, shows what importing it would change, and imports it,
+// into the collection or, with the switch on, onto the wantlist.
 ScreenPage {
     id: root
 
@@ -34,6 +35,19 @@ ScreenPage {
         anchors.bottom: parent.bottom
         anchors.margins: 16
         spacing: 10
+
+        RowLayout {
+            Layout.fillWidth: true
+            Label { text: "Into the Wantlist"; font.pixelSize: 15; Layout.fillWidth: true }
+            Switch {
+                objectName: "IntoWantlistSwitch"
+                checked: controller.intoWantlist
+                enabled: controller.loadFileButtonEnabled
+                Accessible.name: "Into the Wantlist"
+                Accessible.description: "Add the albums of the file to the wantlist instead of the collection"
+                onToggled: controller.intoWantlist = checked
+            }
+        }
 
         RowLayout {
             Layout.fillWidth: true
@@ -118,9 +132,11 @@ ScreenPage {
             Layout.fillWidth: true
         }
 
+        // The wantlist takes a file's albums without a line-by-line preview.
         TabBar {
             id: pages
             objectName: "PreviewTabs"
+            visible: !controller.intoWantlist
             Layout.fillWidth: true
             TabButton { text: "Preview" }
             TabButton { text: "File" }
@@ -128,7 +144,7 @@ ScreenPage {
 
         // Which kind of line the preview shows.
         RowLayout {
-            visible: pages.currentIndex === 0 && controller.countsLabel.length > 0
+            visible: pages.currentIndex === 0 && controller.countsLabel.length > 0 && !controller.intoWantlist
             spacing: 8
             Layout.fillWidth: true
             Label { text: "Show"; font.pixelSize: 14 }
@@ -145,6 +161,7 @@ ScreenPage {
 
         StackLayout {
             currentIndex: pages.currentIndex
+            visible: !controller.intoWantlist
             Layout.fillWidth: true
             Layout.fillHeight: true
 
@@ -190,6 +207,11 @@ ScreenPage {
                     }
                 }
             }
+        }
+
+        Item {
+            visible: controller.intoWantlist
+            Layout.fillHeight: true
         }
 
         // The help is for choosing a file; a preview takes its room.

@@ -21,6 +21,9 @@ struct ImportViewController::Work
     ImportMerge::Preview preview;
     QString shownText;
     ImportCounts applied;
+    // A file picked for the wantlist, and what importing it would do or did.
+    std::shared_ptr<const WantlistCsv::WantlistFile> wantlist;
+    WantlistCsv::WantlistCounts wantlistCounts;
 };
 
 namespace {
@@ -32,11 +35,30 @@ QString unreadableNote(qint64 count)
                                    : u"%1 cover pictures could not be read and were left out."_s.arg(count));
 }
 
+QString notRead(const QStringList &columns)
+{
+    return columns.isEmpty() ? QString() : u"Not read: "_s + columns.join(u", "_s);
+}
+
+// "Skipped:" and the first lines skipped, each with its reason.
+QString skippedLines(const QList<ImportProblem> &problems, qint64 count, qsizetype listedAtMost)
+{
+    if (problems.isEmpty())
+        return {};
+    QString text = u"\n\nSkipped:"_s;
+    const qsizetype listed = std::min(problems.size(), listedAtMost);
+    for (qsizetype i = 0; i < listed; ++i)
+        text += u'\n' + ImportMerge::problemText(problems.at(i));
+    if (count > listed)
+        text += u'\n' + ImportMessages::kMoreProblems.arg(QLocale().toString(count - listed));
+    return text;
+}
+
 QString remarks(const ImportFile &file)
 {
     QStringList lines;
     if (!file.ignoredColumns.isEmpty())
-        lines.append(u"Not read: "_s + file.ignoredColumns.join(u", "_s));
+        lines.append(notRead(file.ignoredColumns));
     if (!file.remarks.isEmpty())
         lines.append(u"Conditions: "_s + file.remarks.join(u"; "_s));
     return lines.join(u'\n');
@@ -66,7 +88,16 @@ ImportViewController::~ImportViewController()
 QString ImportViewController::helpText()
 {
     return u"YOU CAN IMPORT THE FILE CREATED BY THIS APP, A DISCOGS COLLECTION EXPORT OR A CSV FILE.\n"_s
-           + u"1: Select the file you saved to your iCloud drive\n"_s + u"2: Import the file into your device"_s;
+           + u"1: Select the file you saved to your iCloud drive\n"_s + u"2: Import the file into your device"_s
+           + u"\n\nWith Into the Wantlist on, a Discogs wantlist export or a CSV file adds its albums to the wantlist."_s;
+}
+
+void ImportViewController::setIntoWantlist(bool on)
+{
+    if (on == m_intoWantlist || !loadFileButtonEnabled())
+        return;
+    m_intoWantlist = on;
+    emit changed();
 }
 
 void ImportViewController::LoadFile()
@@ -84,6 +115,27 @@ void ImportViewController::documentPicked(const QUrl &url)
     work->storePath = app()->persistentContainer().filePath();
     m_work = work;
     m_filename = QFileInfo(work->path).fileName();
+    if (m_intoWantlist) {
+        m_job.start([work](const BackgroundJob::Progress &) -> Result<void> {
+            auto bytes = TextFile::readUtf8(work->path);
+            if (!bytes)
+                return bytes.error();
+            auto file = std::make_shared<const WantlistCsv::WantlistFile>(WantlistCsv::read(std::move(*bytes)));
+            if (file->format() == ImportFormat::Unknown)
+                return Error{WantlistCsv::kNotAWantlist};
+            auto store = Store::open(work->storePath);
+            if (!store)
+                return store.error();
+            auto counts = WantlistCsv::preview(**store, *file);
+            if (!counts)
+                return counts.error();
+            work->wantlist = std::move(file);
+            work->wantlistCounts = std::move(*counts);
+            return {};
+        }, false);
+        emit changed();
+        return;
+    }
     m_job.start([work](const BackgroundJob::Progress &progress) -> Result<void> {
         auto bytes = TextFile::readUtf8(work->path);
         if (!bytes)
@@ -106,6 +158,10 @@ void ImportViewController::documentPicked(const QUrl &url)
 void ImportViewController::previewDone(const Result<void> &result)
 {
     const std::shared_ptr<Work> work = std::move(m_work);
+    if (result && work && work->wantlist && !m_job.cancelled()) {
+        wantlistPreviewDone(*work);
+        return;
+    }
     if (!result || !work || !work->file) {
         m_filename.clear();
         emit changed();
@@ -135,9 +191,25 @@ void ImportViewController::ImportTextFile()
     auto work = std::make_shared<Work>();
     work->storePath = app()->persistentContainer().filePath();
     work->file = m_file;
+    work->wantlist = m_wantlist;
     const QString source = m_filename;
     m_work = work;
     m_importing = true;
+    if (m_wantlist) {
+        // The albums are added all at once: there is nothing to stop half-way.
+        m_job.start([work, source, snapshots = app()->snapshots()](const BackgroundJob::Progress &) mutable -> Result<void> {
+            auto store = Store::open(work->storePath);
+            if (!store)
+                return store.error();
+            auto counts = WantlistCsv::applyAfterSnapshot(**store, *work->wantlist, snapshots, source);
+            if (!counts)
+                return counts.error();
+            work->wantlistCounts = std::move(*counts);
+            return {};
+        }, false);
+        emit changed();
+        return;
+    }
     m_job.start([work, source, snapshots = app()->snapshots()](const BackgroundJob::Progress &progress) mutable
                 -> Result<void> {
         auto store = Store::open(work->storePath);
@@ -158,6 +230,10 @@ void ImportViewController::importDone(const Result<void> &result)
     m_importing = false;
     emit changed();
     emit importFinished();
+    if (work && work->wantlist) {
+        wantlistImportDone(result, *work);
+        return;
+    }
     if (m_job.cancelled() && (!result || (work->applied.stopped && work->applied.linesApplied == 0))) {
         showAlert(kCancelledTitle, ImportMessages::kCancelled);
         return;
@@ -184,17 +260,36 @@ void ImportViewController::importDone(const Result<void> &result)
 
 QString ImportViewController::completionMessage() const
 {
-    QString message = kCompleted + u"\n\n"_s + ImportMerge::countsText(m_counts);
-    const QList<ImportProblem> &problems = m_counts.problems;
-    if (!problems.isEmpty()) {
-        message += u"\n\nSkipped:"_s;
-        const qsizetype listed = std::min<qsizetype>(problems.size(), kListedProblems);
-        for (qsizetype i = 0; i < listed; ++i)
-            message += u'\n' + ImportMerge::problemText(problems.at(i));
-        if (m_counts.problemCount() > listed)
-            message += u'\n' + ImportMessages::kMoreProblems.arg(QLocale().toString(m_counts.problemCount() - listed));
+    return kCompleted + u"\n\n"_s + ImportMerge::countsText(m_counts)
+           + skippedLines(m_counts.problems, m_counts.problemCount(), kListedProblems) + unreadableNote(m_counts.unreadableImages);
+}
+
+void ImportViewController::wantlistPreviewDone(const Work &work)
+{
+    m_wantlist = work.wantlist;
+    m_formatLabel = m_wantlist->summary();
+    m_countsLabel = WantlistCsv::previewText(work.wantlistCounts);
+    m_remarksLabel = notRead(m_wantlist->ignoredColumns());
+    emit changed();
+    emit previewFinished();
+    showAlert(kTitle, kLoaded);
+}
+
+void ImportViewController::wantlistImportDone(const Result<void> &result, const Work &work)
+{
+    if (!result) {
+        showAlert(kTitle, kStoreErrorTitle + result.errorMessage());
+        return;
     }
-    return message + unreadableNote(m_counts.unreadableImages);
+    const WantlistCsv::WantlistCounts &counts = work.wantlistCounts;
+    m_countsLabel = WantlistCsv::countsText(counts);
+    emit changed();
+    showAlert(kTitle, kWantlistCompleted + u"\n\n"_s + m_countsLabel
+                          + skippedLines(counts.problems, counts.skipped(), kListedProblems),
+              {u"OK"_s}, [this](int) {
+                  if (app())
+                      app()->navigator()->unwind(u"unwindToMenu"_s);
+              });
 }
 
 void ImportViewController::CancelButtonTapped()

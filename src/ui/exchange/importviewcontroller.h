@@ -2,6 +2,7 @@
 
 #include "exchange/importmerge.h"
 #include "exchange/importpreviewmodel.h"
+#include "exchange/wantlistcsv.h"
 #include "shell/screencontroller.h"
 #include "store/backgroundjob.h"
 
@@ -16,6 +17,9 @@
 // import can be undone, and merges the file in batches of lines; the completion alert
 // lists the lines skipped and leads back to the main menu. Reading, the preview and the import
 // run on a worker thread with progress and cancel.
+//
+// With "Into the Wantlist" on, the picked CSV file's albums go onto the wantlist instead: the
+// screen says how many would be added and skipped, and Import adds them all at once.
 class ImportViewController : public ScreenController
 {
     Q_OBJECT
@@ -39,12 +43,15 @@ class ImportViewController : public ScreenController
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(QString progressText READ progressText NOTIFY progressChanged)
     Q_PROPERTY(QString helpText READ helpText CONSTANT)
+    // The next file picked goes onto the wantlist; set while no file is loaded.
+    Q_PROPERTY(bool intoWantlist READ intoWantlist WRITE setIntoWantlist NOTIFY changed)
 
 public:
     static inline const QString kTitle = QStringLiteral("Data Import File");
     static inline const QString kLoaded = QStringLiteral("File Loaded and Ready to Import");
     static inline const QString kCompleted = ImportMessages::kCompleted;
     static inline const QString kCancelledTitle = QStringLiteral("Import Cancelled");
+    static inline const QString kWantlistCompleted = QStringLiteral("Wantlist Import Completed");
     static constexpr int kPreviewCharacters = 60000;
     // Problem lines listed by name in the completion alert; the rest are counted.
     static constexpr int kListedProblems = 20;
@@ -52,8 +59,8 @@ public:
     explicit ImportViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
     ~ImportViewController() override;
 
-    [[nodiscard]] bool importButtonEnabled() const { return m_file && !busy(); }
-    [[nodiscard]] bool loadFileButtonEnabled() const { return !m_file && !busy(); }
+    [[nodiscard]] bool importButtonEnabled() const { return (m_file || m_wantlist) && !busy(); }
+    [[nodiscard]] bool loadFileButtonEnabled() const { return !m_file && !m_wantlist && !busy(); }
     [[nodiscard]] QString importText() const { return m_importText; }
     [[nodiscard]] QString filename() const { return m_filename; }
     [[nodiscard]] QString formatLabel() const { return m_formatLabel; }
@@ -66,6 +73,8 @@ public:
     [[nodiscard]] double progress() const { return m_job.progress(); }
     [[nodiscard]] QString progressText() const { return m_job.progressText(); }
     [[nodiscard]] static QString helpText();
+    [[nodiscard]] bool intoWantlist() const { return m_intoWantlist; }
+    void setIntoWantlist(bool on);
     // The counts of the preview shown, or of the import done.
     [[nodiscard]] const ImportCounts &counts() const { return m_counts; }
 
@@ -96,10 +105,13 @@ private:
     void previewDone(const Result<void> &result);
     void importDone(const Result<void> &result);
     [[nodiscard]] QString completionMessage() const;
+    void wantlistPreviewDone(const Work &work);
+    void wantlistImportDone(const Result<void> &result, const Work &work);
 
     BackgroundJob m_job;
     std::shared_ptr<Work> m_work;
     std::shared_ptr<const ImportFile> m_file;
+    std::shared_ptr<const WantlistCsv::WantlistFile> m_wantlist;
     ImportPreviewModel m_preview;
     ImportCounts m_counts;
     QString m_importText;
@@ -108,4 +120,5 @@ private:
     QString m_countsLabel;
     QString m_remarksLabel;
     bool m_importing = false;
+    bool m_intoWantlist = false;
 };

@@ -1,4 +1,4 @@
-// Imports of CSV files and Discogs collection exports, and the preview that decides what an import
+// Imports of CSV files and Discogs collection and wantlist exports, and the preview that decides what an import
 // does.
 #include "exchange/collectioncsv.h"
 #include "exchange/csv.h"
@@ -6,12 +6,14 @@
 #include "exchange/fileattributes.h"
 #include "exchange/importfile.h"
 #include "exchange/importmerge.h"
+#include "exchange/wantlistcsv.h"
 #include "exchange/importpreviewmodel.h"
 #include "store/fetchrequest.h"
 #include "store/firstlaunch.h"
 #include "store/recordnumbers.h"
 #include "store/store.h"
 #include "store/textfile.h"
+#include "store/wantedalbums.h"
 #include "testsupport.h"
 
 #include <QAbstractItemModelTester>
@@ -661,6 +663,155 @@ private slots:
             QVERIFY(applied.errorMessage().endsWith(
                 kept > 0 ? ImportMessages::kPartlyImported.arg(QLocale().toString(kept)) : ImportMessages::kNothingImported));
         }
+    }
+
+    // A Discogs wantlist export (byte-order mark, CR LF, quoted fields, accented names) becomes
+    // wanted albums; each line is added or skipped with its reason, and nothing joins the collection.
+    void discogsWantlistBecomesWantedAlbums_data()
+    {
+        QTest::addColumn<qint64>("line");
+        QTest::addColumn<QStringList>("album"); // empty for a line skipped
+        QTest::addColumn<QString>("skipped");
+        QTest::newRow("double album, label of two, month without a day")
+            << qint64(2)
+            << QStringList{u"name=Kirsebær Nætter"_s, u"artist=Mølle & Søn"_s, u"releaseDate=1974-05-01T00:00:00"_s,
+                           u"recordLabel=Nordlys"_s, u"quantity=1"_s, u"recordSpeed=33 RPM"_s, u"doubleAlbum=Double Album"_s,
+                           u"notes=Only the first pressing, with the \"red\" label\nCatalog#: HRV 101\nrelease_id: 700101"_s}
+            << QString();
+        QTest::newRow("single at 45") << qint64(3)
+                                      << QStringList{u"name=Été Indien"_s, u"artist=Chloé Ardèche"_s,
+                                                     u"releaseDate=1981-01-01T00:00:00"_s, u"recordLabel=Salamandre"_s,
+                                                     u"quantity=1"_s, u"recordSpeed=45 RPM"_s, u"doubleAlbum=Single Album"_s,
+                                                     u"notes=Catalog#: EM-7\nrelease_id: 700102"_s}
+                                      << QString();
+        QTest::newRow("no title") << qint64(4) << QStringList() << u"no name (the Title is empty)"_s;
+        QTest::newRow("notes over two lines") << qint64(5)
+                                              << QStringList{u"name=Lamps Along The Quay"_s, u"artist=Quiet Harbour, The"_s,
+                                                             u"releaseDate=2003-10-21T00:00:00"_s, u"recordLabel=Tinplate"_s,
+                                                             u"quantity=1"_s, u"recordSpeed=33 RPM"_s,
+                                                             u"doubleAlbum=Single Album"_s,
+                                                             u"notes=Two\nlines\nCatalog#: TP-44\nrelease_id: 700104"_s}
+                                              << QString();
+        QTest::newRow("an earlier line's album, letter case aside") << qint64(7) << QStringList() << WantlistCsv::kSameAsLine.arg(3);
+    }
+    void discogsWantlistBecomesWantedAlbums()
+    {
+        QFETCH(qint64, line);
+        QFETCH(QStringList, album);
+        QFETCH(QString, skipped);
+        TestApp t;
+        const WantlistCsv::WantlistFile file =
+            WantlistCsv::read(TextFile::readUtf8(QStringLiteral(PB_TEST_DATA "/discogs-wantlist.csv")).valueOr({}));
+        QCOMPARE(file.summary(), u"Discogs export: 5 albums"_s);
+        QCOMPARE(file.ignoredColumns(), QStringList{u"Rating"_s});
+        auto counts = WantlistCsv::apply(t.store(), file);
+        QVERIFY(counts.ok());
+        QCOMPARE(WantlistCsv::countsText(*counts), u"3 wanted albums added, 2 skipped"_s);
+        QCOMPARE(t.count(), 0);
+
+        const auto problem = std::find_if(counts->problems.begin(), counts->problems.end(),
+                                          [line](const ImportProblem &p) { return p.line == line; });
+        QCOMPARE(problem == counts->problems.end() ? QString() : problem->reason, skipped);
+        if (album.isEmpty())
+            return;
+        const QList<WantedAlbum> wanted = WantedAlbums::all(t.store()).valueOr({});
+        const auto found = std::find_if(wanted.begin(), wanted.end(),
+                                        [&](const WantedAlbum &w) { return w.album.name == album.first().mid(5); });
+        QVERIFY(found != wanted.end());
+        // The release id is the other site's: it never becomes the MusicBrainz release id.
+        QCOMPARE(attributeTexts(found->album), album);
+        QCOMPARE(found->priority, qint16(2));
+        QVERIFY(!found->maxPrice);
+    }
+
+    // The wantlist's CSV file reads back the same albums, in every locale: its numbers are the
+    // same whatever the locale writes or reads. A second import adds nothing.
+    void wantlistCsvReadsBackTheSameAlbums_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::newRow("en_US") << u"en_US"_s;
+        QTest::newRow("de_DE") << u"de_DE"_s;
+        QTest::newRow("fr_FR") << u"fr_FR"_s;
+    }
+    void wantlistCsvReadsBackTheSameAlbums()
+    {
+        QFETCH(QString, locale);
+        const ScopedLocale scoped(locale);
+        TestApp source;
+        WantedAlbum full;
+        full.album.name = u"Copper Weather, \"Live\""_s;
+        full.album.artist = u"Ada Lindqvist"_s;
+        full.album.releaseDate = day(1977, 6, 1);
+        full.album.recordLabel = u"Tinplate"_s;
+        full.album.notes = u"Gatefold, with the insert\nSecond line"_s;
+        full.album.recordSpeed = u"33 RPM"_s;
+        full.album.value = 18.75f;
+        full.maxPrice = 1234.5f;
+        full.priority = 1;
+        WantedAlbum sparse;
+        sparse.album.name = u"Salt And Static"_s;
+        sparse.album.artist = u"Foghorn Choir"_s;
+        sparse.priority = 3;
+        WantedAlbum cheap;
+        cheap.album.name = u"Été Indien"_s;
+        cheap.album.artist = u"Chloé Ardèche"_s;
+        cheap.maxPrice = 0.99f;
+        for (WantedAlbum *w : {&full, &sparse, &cheap})
+            QVERIFY(WantedAlbums::insert(source.store(), *w).ok());
+
+        auto written = WantlistCsv::write(source.store());
+        QVERIFY(written.ok());
+        QVERIFY(written->startsWith("\xEF\xBB\xBFid,name,artist,releaseDate,"));
+        QVERIFY(written->contains(",musicBrainzReleaseId,maxPrice,priority\r\n"));
+        QVERIFY(written->contains(",18.75,\"Gatefold, with the insert\nSecond line\",,,1234.5,1\r\n"));
+        QVERIFY(written->contains(",,0.99,2\r\n"));
+
+        TestApp target;
+        const WantlistCsv::WantlistFile file = WantlistCsv::read(TextFile::utf8(*written).valueOr({}));
+        QCOMPARE(file.format(), ImportFormat::Spreadsheet);
+        QVERIFY(file.ignoredColumns().isEmpty());
+        auto counts = WantlistCsv::apply(target.store(), file);
+        QVERIFY(counts.ok());
+        QCOMPARE(WantlistCsv::countsText(*counts), u"3 wanted albums added, 0 skipped"_s);
+        const auto shown = [](const QList<WantedAlbum> &list) {
+            QStringList texts;
+            for (const WantedAlbum &w : list)
+                texts << attributeTexts(w.album).join(u'|') + u"|max="_s + (w.maxPrice ? QString::number(*w.maxPrice) : u"-"_s)
+                             + u"|priority="_s + QString::number(w.priority);
+            return texts;
+        };
+        QCOMPARE(shown(WantedAlbums::all(target.store()).valueOr({})), shown(WantedAlbums::all(source.store()).valueOr({})));
+
+        counts = WantlistCsv::apply(target.store(), file);
+        QVERIFY(counts.ok());
+        QCOMPARE(WantlistCsv::countsText(*counts), u"0 wanted albums added, 3 skipped"_s);
+        QCOMPARE(WantedAlbums::count(target.store()).valueOr(-1), 3);
+    }
+
+    // A number or priority that does not read skips its line with the field named, and a file
+    // whose every line is skipped adds nothing.
+    void wantlistLinesThatCannotBeWanted_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("problem");
+        QTest::newRow("no artist") << u"Blue Hour,,10,1"_s << WantlistCsv::kNoArtist;
+        QTest::newRow("no name") << u" ,Somebody,10,1"_s << u"no name"_s;
+        QTest::newRow("price") << u"Blue Hour,Somebody,ten,1"_s << u"Most I Would Pay \"ten\" is not a number"_s;
+        QTest::newRow("priority") << u"Blue Hour,Somebody,10,4"_s << WantlistCsv::kNotAPriority.arg(u"4"_s);
+        QTest::newRow("priority by name") << u"Blue Hour,Somebody,10,low"_s << QString();
+    }
+    void wantlistLinesThatCannotBeWanted()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, problem);
+        TestApp t;
+        const auto file = WantlistCsv::read((u"Album Name,Artist,Most I Would Pay,Priority\n"_s + line + u'\n').toUtf8());
+        auto counts = WantlistCsv::apply(t.store(), file);
+        QVERIFY(counts.ok());
+        QCOMPARE(counts->added, problem.isEmpty() ? 1 : 0);
+        QCOMPARE(counts->problems.value(0).reason, problem);
+        if (problem.isEmpty())
+            QCOMPARE(WantedAlbums::all(t.store()).valueOr({}).value(0).priority, qint16(3));
     }
 };
 

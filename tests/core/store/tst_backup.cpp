@@ -8,6 +8,7 @@
 #include "store/backup.h"
 #include "store/fetchrequest.h"
 #include "store/snapshots.h"
+#include "store/wantedalbums.h"
 #include "testsupport.h"
 
 #include <QDir>
@@ -163,6 +164,13 @@ private slots:
     {
         TestApp source;
         fillCollection(source);
+        WantedAlbum wanted;
+        wanted.album.name = u"Copper Weather"_s;
+        wanted.album.artist = u"Ada Lindqvist"_s;
+        wanted.maxPrice = 30.0f;
+        Track song;
+        song.song = u"Tidewater"_s;
+        QVERIFY(WantedAlbums::insert(source.store(), wanted, {song}).ok());
         QTemporaryDir out;
         const QString file = out.filePath(u"collection.platterbox"_s);
         auto written = Backup::write(source.app().backupPaths(), file, {}, true);
@@ -172,8 +180,20 @@ private slots:
 
         TestApp target;
         target.addVinyl(u"Replaced"_s, u"Whoever"_s);
+        WantedAlbum replaced;
+        replaced.album.name = u"Replaced"_s;
+        QVERIFY(WantedAlbums::insert(target.store(), replaced).ok());
         auto restored = Backup::restore(file, target.app().backupPaths());
         QVERIFY2(restored.ok(), qPrintable(restored.errorMessage()));
+        // The wantlist comes back with the collection, its tracks too.
+        const auto wantlist = [](Store &store) {
+            QStringList albums;
+            for (const WantedAlbum &w : WantedAlbums::all(store).valueOr({}))
+                albums << text(w.album.name) + u'/' + QString::number(w.maxPrice.value_or(-1)) + u'/'
+                              + QString::number(WantedAlbums::tracks(store, w.rowId).valueOr({}).size());
+            return albums;
+        };
+        QCOMPARE(wantlist(target.store()), QStringList{u"Copper Weather/30/1"_s});
         QCOMPARE(collectionOf(target.store()), collectionOf(source.store()));
         QCOMPARE(valueHistory(target.store()), valueHistory(source.store()));
         // The figures the store keeps are the restored collection's, not the replaced one's.

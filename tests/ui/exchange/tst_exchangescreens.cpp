@@ -4,6 +4,7 @@
 #include "store/samplecollection.h"
 #include "store/snapshots.h"
 #include "store/store.h"
+#include "store/wantedalbums.h"
 #include "testsupport.h"
 
 #include <QDir>
@@ -372,6 +373,40 @@ private slots:
                            : ImportMessages::kStopped.arg(locale.toString(kept), u"20,000"_s,
                                                           ImportMerge::countsText(controller.counts())));
         QVERIFY(controller.importButtonEnabled()); // it can be started again
+    }
+
+    // With the switch on, the picked file's albums go onto the wantlist, with no line-by-line
+    // preview, and never into the collection; the switch stays as it is while a file is loaded.
+    void importScreenPutsAFileOnTheWantlist()
+    {
+        TestApp t;
+        t.addVinyl(u"Blue Hour"_s, u"Somebody"_s);
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, u"wanted.csv"_s, "name,artist,maxPrice,priority,shelf\n"
+                                                            "Blue Hour,Somebody,12.5,1,A\nGreen Hour,Somebody,,3,B\n,Nobody,,,C\n");
+        ImportViewController controller(&t.app());
+        controller.setIntoWantlist(true);
+        QVERIFY(pick(controller, path));
+        QCOMPARE(controller.lastAlertMessage(), u"File Loaded and Ready to Import"_s);
+        QCOMPARE(controller.formatLabel(), u"CSV file: 3 albums"_s);
+        QCOMPARE(controller.countsLabel(), u"2 wanted albums to add, 1 to skip"_s);
+        QCOMPARE(controller.remarksLabel(), u"Not read: shelf"_s);
+        QCOMPARE(controller.previewLines()->rowCount(), 0);
+        QVERIFY(!controller.loadFileButtonEnabled());
+        controller.setIntoWantlist(false);
+        QVERIFY(controller.intoWantlist());
+        QCOMPARE(WantedAlbums::count(t.store()).valueOr(-1), 0);
+
+        QVERIFY(import(controller));
+        QCOMPARE(controller.lastAlertMessage(),
+                 u"Wantlist Import Completed\n\n2 wanted albums added, 1 skipped\n\nSkipped:\nLine 4: no name"_s);
+        QCOMPARE(WantedAlbums::count(t.store()).valueOr(-1), 2);
+        QCOMPARE(t.count(), 1);
+        const auto snapshot = t.app().snapshots().latest();
+        QVERIFY(snapshot.has_value());
+        QCOMPARE(snapshot->info.source, u"wanted.csv"_s);
+        controller.answerAlert(0);
+        QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToMenu"_s);
     }
 
     void fileWithoutMarkerStillCompletes()
