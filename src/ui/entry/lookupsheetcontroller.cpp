@@ -201,7 +201,7 @@ void LookupSheetController::fetchNextThumbnail()
 void LookupSheetController::releaseFetched(const LookupRelease &release)
 {
     m_release = release;
-    if (m_form && m_form->screen() == FormScreen::Add) {
+    if (m_form && m_form->asksAboutStoredCopies()) {
         const auto stored = LookedUp::inCollection(m_form->app()->persistentContainer(), release);
         if (!stored)
             return stop(stored.errorMessage());

@@ -144,6 +144,9 @@ public:
     // Fills the form from the release (covers at the size the archive sent them); the tracks
     // and the release id wait for the save. `coverProblem`, when not empty, is shown in an alert.
     void takeLookup(const LookedUpRecord &found, const LookupCovers &covers, const QString &coverProblem = {});
+    // Whether a release the collection has already is asked about first (one more copy of it?):
+    // on the add screen, which stores a record.
+    [[nodiscard]] virtual bool asksAboutStoredCopies() const { return m_screen == FormScreen::Add; }
     // The sheet added a copy to a stored record instead: the add screen's work is done.
     virtual void lookupCopyAdded(const Vinyl &stored) { Q_UNUSED(stored); }
     [[nodiscard]] QStringList lookedUpTrackLines() const;

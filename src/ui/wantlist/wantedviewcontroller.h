@@ -41,6 +41,9 @@ public:
     Q_INVOKABLE void RemoveFrontImage() override { clearCover(CoverSide::Front); }
     Q_INVOKABLE void RemoveBackImage() override { clearCover(CoverSide::Back); }
 
+    // A wanted album is not stored in the collection, so no copy of a stored record is offered.
+    [[nodiscard]] bool asksAboutStoredCopies() const override { return false; }
+
     // The record Got It made (0 before).
     [[nodiscard]] qint64 collectedRowId() const { return m_collectedRowId; }
 

@@ -8,7 +8,9 @@
 #include "fakecatalogue.h"
 #include "lookup/lookuptexts.h"
 #include "store/fetchrequest.h"
+#include "store/wantedalbums.h"
 #include "testsupport.h"
+#include "wantlist/wantedviewcontroller.h"
 
 #include <cstring>
 #include <QAbstractItemModelTester>
@@ -166,6 +168,30 @@ private slots:
         QCOMPARE(t.count(), 1);
         QCOMPARE(form.albumName(), albumName);
         QCOMPARE(t.app().navigator()->lastUnwind(), unwind);
+    }
+
+    // On the wantlist a release the collection has fills the form all the same, and the album
+    // is saved with its tracks and its release id, in the wantlist, not the collection.
+    void aReleaseFoundFillsAWantedAlbum()
+    {
+        serveSaltRoads();
+        TestApp t;
+        t.addVinyl(u"Salt Roads"_s, u"Ana Ström & The Quiet"_s, u"Harbour Light"_s, 4);
+        WantedViewController form(&t.app());
+        LookupSheetController sheet;
+        sheet.setForm(&form);
+        QVERIFY(search(sheet, u"Ana Ström - Salt Roads"_s));
+        QSignalSpy closed(&sheet, &LookupSheetController::closeRequested);
+        sheet.CandidateChosen(0);
+        QVERIFY(closed.wait(10000));
+        QCOMPARE(form.albumName(), u"Salt Roads"_s);
+        form.save();
+        const QList<WantedAlbum> wanted = WantedAlbums::all(t.store()).valueOr({});
+        QCOMPARE(wanted.size(), 1);
+        QCOMPARE(text(wanted.first().album.musicBrainzReleaseId), kSaltRoadsId);
+        QVERIFY((*WantedAlbums::byRowId(t.store(), wanted.first().rowId))->album.frontImage);
+        QCOMPARE(WantedAlbums::tracks(t.store(), wanted.first().rowId)->size(), 6);
+        QCOMPARE(t.count(), 1);
     }
 
     // The edit screen shows what the release would fill in, only what is empty, before it does;
