@@ -1,6 +1,6 @@
 // Tour steps of the statistics screen, its lower charts, a decade opened into its years, the
 // edit screen of a record with a value history and of one lent out (overdue), the loans, the
-// wantlist and a wanted album's form.
+// list card of a record lent out, the wantlist and a wanted album's form.
 #include "shell/appdelegate.h"
 #include "stats/statisticsviewcontroller.h"
 #include "store/store.h"
@@ -103,6 +103,16 @@ void addStatsSteps(QList<TourStep> &steps)
                       c.settle(600);
                   }});
     steps.append({u"edit-record-on-loan.png"_s, openLentRecord});
+    // The list found the record lent out longest: its card says who has it.
+    steps.append({u"collection-list-lent.png"_s, [](TourContext &c) {
+                      c.home();
+                      const auto out = c.app().persistentContainer().loansOut();
+                      c.show(u"ListVinylTableView"_s);
+                      QObject *field = c.find(u"SearchField"_s);
+                      if (field && out && !out->isEmpty())
+                          field->setProperty("text", out->first().name);
+                      c.settle(700);
+                  }});
     steps.append({u"wantlist.png"_s, [](TourContext &c) {
                       c.home();
                       c.show(u"WantlistView"_s);

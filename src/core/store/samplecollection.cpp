@@ -134,7 +134,7 @@ Result<void> addSampleLoans(Store &store, const Vinyl &v, int index, QDate today
     return {};
 }
 
-// Albums sought, of every priority, one with a cover and its tracks.
+// Albums sought, of every priority; the first listed has a cover and its tracks.
 Result<void> addSampleWantlist(Store &store)
 {
     struct Sought
@@ -161,7 +161,7 @@ Result<void> addSampleWantlist(Store &store)
         wanted.priority = s.priority;
         wanted.maxPrice = s.maxPrice;
         QList<Track> tracks;
-        if (i == 0) {
+        if (s.name == u"Copper Skies"_s) {
             wanted.album.frontImage = sampleCoverJpeg(5, true);
             for (qint16 n = 1; n <= 4; ++n)
                 tracks.append(Track{0, 3.5 + n / 4.0, u"Lantern Song %1"_s.arg(n), n, std::nullopt, std::nullopt});

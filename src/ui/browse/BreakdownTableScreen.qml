@@ -18,6 +18,8 @@ ScreenPage {
     function unwound(segue) {
         controller.unwound(segue)
     }
+    // Back from a record lent or taken back meanwhile: its card says so.
+    onAppeared: controller.viewWillAppear()
 
     AlertDialog { controller: root.controller }
 

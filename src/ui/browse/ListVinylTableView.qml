@@ -17,6 +17,8 @@ ScreenPage {
     function unwound(segue) {
         controller.unwindToList()
     }
+    // Back from a record lent or taken back meanwhile: its card says so.
+    onAppeared: controller.viewWillAppear()
 
     ListVinylTableViewController {
         id: controller

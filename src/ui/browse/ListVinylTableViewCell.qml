@@ -4,8 +4,8 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Platterbox
 
-// A record card: the front cover, five text lines and, for a record lent out, who has it;
-// swiping left offers "delete".
+// A record card: the front cover, five text lines and, on the cover of a record lent out, a
+// band that says so (who has it when pointed at); swiping left offers "delete".
 SwipeRow {
     id: root
 
@@ -16,6 +16,8 @@ SwipeRow {
     required property string speedLabel
     required property string coverSource
     required property string loanLabel
+    required property string loanBadge
+    required property bool loanOverdue
 
     signal picked()
 
@@ -53,6 +55,29 @@ SwipeRow {
             Layout.preferredWidth: 86
             Layout.preferredHeight: 86
             Layout.alignment: Qt.AlignVCenter
+
+            Rectangle {
+                objectName: "LoanBadge"
+                visible: root.loanBadge !== ""
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
+                height: badgeText.implicitHeight + 4
+                color: root.loanOverdue ? "#b3261e" : "#37474f"
+                opacity: 0.92
+                Label {
+                    id: badgeText
+                    anchors.centerIn: parent
+                    text: root.loanBadge
+                    color: "white"
+                    font.pixelSize: 11
+                    font.bold: true
+                }
+                HoverHandler { id: badgeHover }
+                ToolTip.text: root.loanLabel
+                ToolTip.visible: badgeHover.hovered
+                Accessible.name: root.loanLabel
+            }
         }
         ColumnLayout {
             spacing: 1
@@ -76,7 +101,6 @@ SwipeRow {
             CardLine { objectName: "ProducerLabel"; text: root.producerLabel }
             CardLine { objectName: "CostLabel"; text: root.costLabel }
             CardLine { objectName: "SpeedLabel"; text: root.speedLabel }
-            CardLine { objectName: "LoanLabel"; text: root.loanLabel; color: "#8d3a00"; font.italic: true }
         }
     }
 }

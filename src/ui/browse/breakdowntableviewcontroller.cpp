@@ -78,7 +78,7 @@ void BreakdownTableViewController::load()
     m_cards[1].clear();
     m_vinylList.clear();
     m_filteredList.clear();
-    m_model.setLoanLabels(loanLabels());
+    markLoans(m_model);
 
     // A failed fetch leaves the list empty.
     if (const auto request = Breakdown::request(m_kind, app()->state()->currentRecord(), *m_sortAsc)) {

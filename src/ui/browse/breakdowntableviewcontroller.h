@@ -68,6 +68,7 @@ public:
     Q_INVOKABLE void rowSelected(int row);
     // The editor came back by this list's named return.
     Q_INVOKABLE void unwound(const QString &segue);
+    void viewWillAppear() override { markLoans(m_model); }
     // The share / print button: the shown records as a PDF document, written off the UI
     // thread and then shared.
     Q_INVOKABLE void ShareButtonClicked();

@@ -152,7 +152,7 @@ void ListVinylTableViewController::reload()
     m_wholeRows = rows ? std::make_shared<FetchedRows>(std::move(*rows)) : nullptr;
     // A search typed before stays in the field but finds again only when typed on.
     m_foundRows = m_wholeRows;
-    m_model.setLoanLabels(loanLabels());
+    markLoans(m_model);
     showList();
 }
 

@@ -65,6 +65,7 @@ public:
     Q_INVOKABLE void addButtonTapped();
     // The editor came back by "unwindToList".
     Q_INVOKABLE void unwindToList() { refresh(); }
+    void viewWillAppear() override { markLoans(m_model); }
 
     // Fetches again: flips the direction, then sorts by the sort choice.
     void refresh();

@@ -4,6 +4,8 @@
 
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 RecordCardModel::RecordCardModel(QObject *parent) : QAbstractListModel(parent) {}
 
 void RecordCardModel::setCards(QList<RecordCard> cards)
@@ -68,13 +70,13 @@ RecordCard RecordCardModel::card(int row) const
     return m_lookup(m_records.at(row));
 }
 
-void RecordCardModel::setLoanLabels(QHash<qint64, QString> labels)
+void RecordCardModel::setLoanMarks(QHash<qint64, LoanMark> marks)
 {
-    if (labels == m_loanLabels)
+    if (marks == m_loanMarks)
         return;
-    m_loanLabels = std::move(labels);
+    m_loanMarks = std::move(marks);
     if (rowCount() > 0)
-        emit dataChanged(index(0), index(rowCount() - 1), {LoanLabelRole});
+        emit dataChanged(index(0), index(rowCount() - 1), {LoanLabelRole, LoanBadgeRole, LoanOverdueRole});
 }
 
 int RecordCardModel::rowCount(const QModelIndex &parent) const
@@ -108,7 +110,15 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
     case CellsRole:
         return card.cells;
     case LoanLabelRole:
-        return m_loanLabels.value(card.rowId);
+        return m_loanMarks.value(card.rowId).label;
+    case LoanOverdueRole:
+        return m_loanMarks.value(card.rowId).overdue;
+    case LoanBadgeRole: {
+        const auto mark = m_loanMarks.constFind(card.rowId);
+        if (mark == m_loanMarks.cend())
+            return QString();
+        return mark->overdue ? u"Overdue"_s : u"On Loan"_s;
+    }
     default:
         return {};
     }
@@ -126,5 +136,7 @@ QHash<int, QByteArray> RecordCardModel::roleNames() const
         {CoverSourceRole, "coverSource"},
         {CellsRole, "cells"},
         {LoanLabelRole, "loanLabel"},
+        {LoanBadgeRole, "loanBadge"},
+        {LoanOverdueRole, "loanOverdue"},
     };
 }

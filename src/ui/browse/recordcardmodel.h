@@ -33,6 +33,9 @@ public:
         CellsRole,
         // "Lent to Sam since Mar 3, 2026"; empty when the record is in.
         LoanLabelRole,
+        // What the card's cover says of it: "On Loan", "Overdue" or nothing.
+        LoanBadgeRole,
+        LoanOverdueRole,
     };
 
     explicit RecordCardModel(QObject *parent = nullptr);
@@ -46,8 +49,14 @@ public:
     // rows cards, read a page at a time by reader as the view asks for them.
     void setPages(qint64 rows, PageCache<RecordCard>::Reader reader);
     void removeCard(int row);
+    struct LoanMark
+    {
+        QString label;
+        bool overdue = false;
+        bool operator==(const LoanMark &) const = default;
+    };
     // What the cards of the records lent out say of it, by row identity.
-    void setLoanLabels(QHash<qint64, QString> labels);
+    void setLoanMarks(QHash<qint64, LoanMark> marks);
     // The card of a shown row; an empty card outside the rows.
     [[nodiscard]] RecordCard card(int row) const;
 
@@ -64,5 +73,5 @@ private:
     CardLookup m_lookup;
     bool m_paged = false;
     mutable PageCache<RecordCard> m_pages;
-    QHash<qint64, QString> m_loanLabels;
+    QHash<qint64, LoanMark> m_loanMarks;
 };

@@ -52,14 +52,16 @@ bool RecordListController::askedBeforeDeletingLent(qint64 rowId, std::function<v
     return true;
 }
 
-QHash<qint64, QString> RecordListController::loanLabels()
+void RecordListController::markLoans(RecordCardModel &model)
 {
+    if (!app())
+        return;
     const auto out = app()->persistentContainer().loansOut();
     if (!out)
         consoleLine(out.errorMessage());
-    QHash<qint64, QString> labels;
+    QHash<qint64, RecordCardModel::LoanMark> marks;
     const QDate today = QDate::currentDate();
     for (const LoanOut &entry : out.valueOr({}))
-        labels.insert(entry.loan.vinylRowId, Loans::status(entry.loan, today));
-    return labels;
+        marks.insert(entry.loan.vinylRowId, {Loans::status(entry.loan, today), Loans::isOverdue(entry.loan, today)});
+    model.setLoanMarks(std::move(marks));
 }

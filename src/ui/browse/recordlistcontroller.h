@@ -1,8 +1,8 @@
 #pragma once
 
+#include "browse/recordcardmodel.h"
 #include "shell/screencontroller.h"
 
-#include <QHash>
 #include <QString>
 
 #include <functional>
@@ -31,6 +31,7 @@ protected:
     bool askedBeforeDeletingLent(qint64 rowId, std::function<void()> remove);
     // Reads the list again from the store.
     virtual void reloadRecords() {}
-    // What the cards of the records lent out say, by row identity: a few rows of one index.
-    [[nodiscard]] QHash<qint64, QString> loanLabels();
+    // Marks the cards of the records lent out now, saying who has them: one indexed read of a
+    // few rows.
+    void markLoans(RecordCardModel &model);
 };

@@ -507,7 +507,11 @@ private slots:
         opened.SaveVinylButtonClicked();
         QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToLoans"_s);
 
+        // Its card says so, and who has it.
         ListVinylTableViewController list(&t.app());
+        const QModelIndex card = list.model()->index(0, 0);
+        QCOMPARE(card.data(RecordCardModel::LoanBadgeRole).toString(), today > QDate(2026, 4, 1) ? u"Overdue"_s : u"On Loan"_s);
+        QCOMPARE(card.data(RecordCardModel::LoanLabelRole).toString(), edit.loanStatus());
         list.deleteRow(0);
         QCOMPARE(list.lastAlertMessage(), u"\"Salt Roads\" is lent to Sam. Delete it and its loans anyway?"_s);
         list.answerAlert(0);
@@ -518,6 +522,8 @@ private slots:
         QCOMPARE(opened.loanHistory().size(), 1);
         loans.viewWillAppear();
         QCOMPARE(loans.summary(), u"No record is lent out."_s);
+        list.viewWillAppear();
+        QCOMPARE(list.model()->index(0, 0).data(RecordCardModel::LoanBadgeRole).toString(), QString());
         list.deleteRow(0);
         QVERIFY(!t.store().vinylByRowId(v.rowId)->has_value());
     }
