@@ -5,34 +5,107 @@
 #include "shell/desktopplatformservices.h"
 #include "store/datafolder.h"
 #include "store/logging.h"
+#include "store/version.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QIcon>
 #include <QMessageBox>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
+#include <cstdio>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// The window's own options. Qt's (-platform, -style, ...) are QApplication's, which takes them
+// out of the arguments when it is made.
+struct AppOptions
+{
+    QCommandLineOption dataDir{u"data-dir"_s,
+                               u"Work on the collection in DIR instead of $PLATTERBOX_DATA_DIR or the app's data folder."_s,
+                               u"DIR"_s};
+    QCommandLineOption help{{u"h"_s, u"help"_s}, u"Print these options and exit."_s};
+    QCommandLineOption version{u"version"_s, u"Print the name and version and exit."_s};
+
+    void addTo(QCommandLineParser &parser) const
+    {
+        parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+        parser.addOptions({dataDir, help, version});
+    }
+
+    [[nodiscard]] QString helpText() const
+    {
+        QString text = u"usage: platterbox-app [--data-dir DIR]\n\nThe Platterbox window.\n\noptions:\n"_s;
+        for (const QCommandLineOption &option : {dataDir, help, version}) {
+            QStringList names;
+            for (const QString &name : option.names())
+                names << (name.size() == 1 ? u"-"_s : u"--"_s) + name;
+            QString name = names.join(u", "_s);
+            if (!option.valueName().isEmpty())
+                name += u' ' + option.valueName();
+            text += u"  "_s + name.leftJustified(16) + u"  "_s + option.description() + u'\n';
+        }
+        return text;
+    }
+};
+
+void print(FILE *stream, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
     installConsoleFormat();
+    const AppOptions options;
+    // --help and --version are answered before the application is made: they open no window and
+    // need no display. Qt's own options are not known yet, so this parse's errors wait for the next.
+    {
+        QStringList raw;
+        for (int i = 0; i < argc; ++i)
+            raw << QString::fromLocal8Bit(argv[i]);
+        QCommandLineParser parser;
+        options.addTo(parser);
+        (void)parser.parse(raw);
+        if (parser.isSet(options.help)) {
+            print(stdout, options.helpText());
+            return 0;
+        }
+        if (parser.isSet(options.version)) {
+            print(stdout, Version::nameAndNumber() + u'\n');
+            return 0;
+        }
+    }
+
     QApplication application(argc, argv);
     QApplication::setOrganizationName(u"Platterbox"_s);
     QApplication::setApplicationName(u"Platterbox"_s);
+    QApplication::setApplicationVersion(Version::number());
     // The desktop entry, the icon and the metainfo are named after this (packaging/).
     QApplication::setDesktopFileName(u"com.example.platterbox"_s);
     QApplication::setWindowIcon(QIcon(u":/packaging/icons/com.example.platterbox-256.png"_s));
 
-    QStringList arguments = QApplication::arguments();
-    bool chosen = false;
-    bool malformed = false;
-    const QString dataDirOption = DataFolder::takeOption(arguments, &malformed);
-    if (malformed) {
-        qCritical().noquote() << u"usage: platterbox-app [--data-dir DIR] (DIR must not be empty)"_s;
+    QCommandLineParser parser;
+    options.addTo(parser);
+    QString problem;
+    if (!parser.parse(QApplication::arguments()))
+        problem = parser.errorText();
+    else if (!parser.positionalArguments().isEmpty())
+        problem = u"unexpected argument '%1'."_s.arg(parser.positionalArguments().first());
+    // An empty folder name must not quietly mean the collector's own collection.
+    else if (parser.isSet(options.dataDir) && parser.value(options.dataDir).trimmed().isEmpty())
+        problem = u"--data-dir needs a folder."_s;
+    if (!problem.isEmpty()) {
+        print(stderr, u"platterbox-app: "_s + problem + u"\n\n"_s + options.helpText());
         return 2;
     }
-    const QString dataDir = DataFolder::resolve(dataDirOption, &chosen);
+    bool chosen = false;
+    const QString dataDir = DataFolder::resolve(parser.value(options.dataDir), &chosen);
     auto app = AppDelegate::create(dataDir, chosen, std::make_unique<DesktopPlatformServices>());
     if (!app) {
         // Only a store that cannot be opened ends the program.

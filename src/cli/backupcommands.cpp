@@ -8,18 +8,15 @@
 
 namespace {
 
-bool oneFileArgument(CliContext &context, const char *usage)
+bool oneFileArgument(const CliContext &context)
 {
-    if (context.arguments.size() == 1 && !context.arguments.first().startsWith(u'-'))
-        return true;
-    context.err << "usage: platterbox [--data-dir DIR] " << usage << "\n";
-    return false;
+    return context.arguments.size() == 1 && !context.arguments.first().startsWith(u'-');
 }
 
 // A read-only collection is neither replaced nor put back; said before anything is read.
 bool writable(CliContext &context)
 {
-    const auto writable = context.folder.persistentContainer().checkWritable();
+    const auto writable = context.folder().persistentContainer().checkWritable();
     if (!writable)
         context.err << "platterbox: " << writable.errorMessage() << "\n";
     return writable.ok();
@@ -29,9 +26,11 @@ bool writable(CliContext &context)
 
 int backupCommand(CliContext &context)
 {
-    if (!oneFileArgument(context, "backup FILE"))
+    if (!oneFileArgument(context))
         return CliBadUsage;
-    auto written = Backup::backUp(context.folder.backupPaths(), context.arguments.first());
+    if (!context.openFolder())
+        return CliBadInput;
+    auto written = Backup::backUp(context.folder().backupPaths(), context.arguments.first());
     if (!written) {
         context.err << "platterbox: " << written.errorMessage() << "\n";
         return CliBadInput;
@@ -43,9 +42,9 @@ int backupCommand(CliContext &context)
 
 int restoreCommand(CliContext &context)
 {
-    if (!oneFileArgument(context, "restore FILE"))
+    if (!oneFileArgument(context))
         return CliBadUsage;
-    if (!writable(context))
+    if (!context.openFolder() || !writable(context))
         return CliBadInput;
     const QString path = context.arguments.first();
     const auto info = Backup::inspect(path);
@@ -53,7 +52,7 @@ int restoreCommand(CliContext &context)
         context.err << "platterbox: " << info.errorMessage() << "\n";
         return CliBadInput;
     }
-    if (auto restored = context.folder.snapshots().restore(path); !restored) {
+    if (auto restored = context.folder().snapshots().restore(path); !restored) {
         context.err << "platterbox: " << restored.errorMessage() << "\n";
         return CliBadInput;
     }
@@ -64,13 +63,11 @@ int restoreCommand(CliContext &context)
 
 int undoImportCommand(CliContext &context)
 {
-    if (!context.arguments.isEmpty()) {
-        context.err << "usage: platterbox [--data-dir DIR] undo-import\n";
+    if (!context.arguments.isEmpty())
         return CliBadUsage;
-    }
-    if (!writable(context))
+    if (!context.openFolder() || !writable(context))
         return CliBadInput;
-    const auto undone = context.folder.snapshots().undoLatest();
+    const auto undone = context.folder().snapshots().undoLatest();
     if (!undone) {
         context.err << "platterbox: " << undone.errorMessage() << "\n";
         return CliBadInput;

@@ -1,85 +1,176 @@
 #include "cli/cli.h"
 
 #include "store/datafolder.h"
+#include "store/version.h"
+
+#include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+// Each command once: its forms (what follows "platterbox [--data-dir DIR] "), what it does, and
+// the function that runs it. `--help`, `COMMAND --help` and every usage error print from here.
 struct Command
 {
     QString name;
-    QString usage;
+    QStringList forms;
+    QString summary;
     int (*run)(CliContext &);
 };
 
 const QList<Command> &commands()
 {
     static const QList<Command> list = {
-        {u"demo"_s, u"demo N                 add N sample records (made-up albums with tracks and covers)"_s, demoCommand},
-        {u"stats"_s, u"stats [--json]         print the number of records, copies and their total value (--json: every figure and chart)"_s, statsCommand},
-        {u"loans"_s, u"loans [--json]         list the records lent out, the longest out first, and which are overdue"_s, loansCommand},
-        {u"export"_s, u"export FILE [--no-images | --csv [--one-file | --wantlist]]   write the collection (or the wantlist) to an exchange file or CSV files"_s, exportCommand},
-        {u"import"_s, u"import [--wantlist] FILE [--dry-run]   merge an exchange, Discogs or CSV file into the collection (or add a CSV file's albums to the wantlist)"_s, importCommand},
-        {u"report"_s, u"report --pdf OUT [...]  write the printed collection report as a PDF file"_s, reportCommand},
-        {u"backup"_s, u"backup FILE            copy the whole collection, cover files included, into FILE"_s, backupCommand},
-        {u"restore"_s, u"restore FILE           replace the collection with a backup (undo-import puts it back)"_s, restoreCommand},
-        {u"lookup"_s, u"lookup BARCODE | --image FILE | --search \"ARTIST - TITLE\" [--add [--pick N]]   find a release in the online catalogue; --add stores it"_s, lookupCommand},
-        {u"undo-import"_s, u"undo-import            put the collection back as it was before the last import or restore"_s, undoImportCommand},
+        {u"demo"_s, {u"demo N"_s}, u"Add N sample records (made-up albums with tracks and covers)."_s, demoCommand},
+        {u"stats"_s, {u"stats [--json]"_s},
+         u"Print the number of records, copies and their total value (--json: every figure and chart)."_s, statsCommand},
+        {u"loans"_s, {u"loans [--json]"_s}, u"List the records lent out, the longest out first, and which are overdue."_s,
+         loansCommand},
+        {u"export"_s,
+         {u"export FILE [--no-images]"_s, u"export FILE --csv [--one-file]"_s, u"export FILE --csv --wantlist"_s},
+         u"Write the collection to an exchange file or CSV files, or the wantlist to a CSV file."_s, exportCommand},
+        {u"import"_s, {u"import FILE [--dry-run]"_s, u"import --wantlist FILE [--dry-run]"_s},
+         u"Merge an exchange, Discogs or CSV file into the collection, or add a file's albums to the wantlist."_s,
+         importCommand},
+        {u"report"_s,
+         {u"report --pdf OUT [--origin List|ArtistBreakdown|LabelBreakdown|ProducerBreakdown|YearBreakdown] "
+          "[--artist T|--label T|--producer T|--date YYYY-MM-DD] [--descending]"_s},
+         u"Write the printed collection report as a PDF file."_s, reportCommand},
+        {u"backup"_s, {u"backup FILE"_s}, u"Copy the whole collection, cover files included, into FILE."_s, backupCommand},
+        {u"restore"_s, {u"restore FILE"_s}, u"Replace the collection with a backup (undo-import puts it back)."_s,
+         restoreCommand},
+        {u"lookup"_s, {u"lookup BARCODE | --image FILE | --search \"ARTIST - TITLE\" [--add [--pick N]]"_s},
+         u"Find a release in the online catalogue; --add stores it."_s, lookupCommand},
+        {u"undo-import"_s, {u"undo-import"_s},
+         u"Put the collection back as it was before the last import or restore."_s, undoImportCommand},
     };
     return list;
 }
 
-void printUsage(QTextStream &stream)
+const Command *findCommand(const QString &name)
 {
-    stream << "usage: platterbox [--data-dir DIR] COMMAND\n\ncommands:\n";
-    for (const Command &c : commands())
-        stream << "  " << c.usage << '\n';
-    stream << "\nThe store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.\n";
-    stream.flush();
+    for (const Command &c : commands()) {
+        if (c.name == name)
+            return &c;
+    }
+    return nullptr;
 }
 
-int usage(QTextStream &err)
+bool isHelp(const QString &argument)
 {
-    printUsage(err);
-    return CliBadUsage;
+    return argument == u"--help"_s || argument == u"-h"_s;
+}
+
+// "usage: platterbox [--data-dir DIR] FORM", one line for each form of the command.
+void printForms(QTextStream &stream, const Command &command)
+{
+    for (qsizetype i = 0; i < command.forms.size(); ++i)
+        stream << (i == 0 ? "usage: " : "       ") << "platterbox [--data-dir DIR] " << command.forms.at(i) << '\n';
+}
+
+void printCommandHelp(QTextStream &stream, const Command &command)
+{
+    printForms(stream, command);
+    stream << '\n' << command.summary << '\n';
+}
+
+void printUsage(QTextStream &stream)
+{
+    stream << "usage: platterbox [--data-dir DIR] COMMAND [ARGUMENTS]\n"
+              "       platterbox COMMAND --help\n"
+              "       platterbox --help | --version\n\ncommands:\n";
+    for (const Command &c : commands()) {
+        for (const QString &form : c.forms)
+            stream << "  " << form << '\n';
+        stream << "      " << c.summary << '\n';
+    }
+    stream << "\nThe store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.\n";
+}
+
+// Whatever was asked for, answered without a store: the version, the overall usage or a
+// command's usage. nullopt when the arguments ask for none of them.
+std::optional<int> answerWithoutStore(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    if (arguments.isEmpty()) {
+        printUsage(err);
+        return CliBadUsage;
+    }
+    const QString &first = arguments.first();
+    if (first == u"--version"_s && arguments.size() == 1) {
+        out << Version::nameAndNumber() << '\n';
+        return CliOk;
+    }
+    if ((isHelp(first) || first == u"help"_s) && arguments.size() == 1) {
+        printUsage(out);
+        return CliOk;
+    }
+    if (first == u"help"_s && arguments.size() == 2 && findCommand(arguments.at(1))) {
+        printCommandHelp(out, *findCommand(arguments.at(1)));
+        return CliOk;
+    }
+    const Command *command = findCommand(first);
+    if (!command) {
+        err << "platterbox: unknown command " << first << "\n";
+        printUsage(err);
+        return CliBadUsage;
+    }
+    if (std::any_of(arguments.cbegin() + 1, arguments.cend(), isHelp)) {
+        printCommandHelp(out, *command);
+        return CliOk;
+    }
+    return std::nullopt;
 }
 
 } // namespace
+
+CliContext::CliContext(QString dataDirOption, QStringList arguments, QTextStream &out, QTextStream &err)
+    : arguments(std::move(arguments)), out(out), err(err), m_dataDirOption(std::move(dataDirOption))
+{
+}
+
+CliContext::~CliContext() = default;
+
+bool CliContext::openFolder()
+{
+    bool chosen = false;
+    const QString dataDir = DataFolder::resolve(m_dataDirOption, &chosen);
+    auto folder = DataFolder::open(dataDir, chosen);
+    if (!folder) {
+        err << "Unresolved error " << folder.errorMessage() << "\n";
+        return false;
+    }
+    m_folder = std::move(*folder);
+    return true;
+}
+
+DataFolder &CliContext::folder()
+{
+    Q_ASSERT(m_folder);
+    return *m_folder;
+}
 
 int runCli(QStringList arguments, QTextStream &out, QTextStream &err)
 {
     bool malformed = false;
     const QString dataDirOption = DataFolder::takeOption(arguments, &malformed);
-    // Asked for, the usage is the answer: on standard output, with success.
-    if (!malformed && (arguments.value(0) == u"--help"_s || arguments.value(0) == u"-h"_s)) {
-        printUsage(out);
-        return 0;
-    }
-    if (malformed || arguments.isEmpty())
-        return usage(err);
-
-    const QString name = arguments.takeFirst();
-    const Command *command = nullptr;
-    for (const Command &c : commands()) {
-        if (c.name == name)
-            command = &c;
-    }
-    if (!command) {
-        err << "platterbox: unknown command " << name << "\n";
-        return usage(err);
-    }
-
-    bool chosen = false;
-    const QString dataDir = DataFolder::resolve(dataDirOption, &chosen);
-    auto folder = DataFolder::open(dataDir, chosen);
-    if (!folder) {
-        err << "Unresolved error " << folder.errorMessage() << "\n";
+    if (malformed) {
+        printUsage(err);
         err.flush();
-        return CliBadInput;
+        return CliBadUsage;
     }
-    CliContext context{**folder, arguments, out, err};
-    const int code = command->run(context);
+    if (const std::optional<int> answered = answerWithoutStore(arguments, out, err)) {
+        out.flush();
+        err.flush();
+        return *answered;
+    }
+
+    const Command &command = *findCommand(arguments.takeFirst());
+    CliContext context(dataDirOption, arguments, out, err);
+    const int code = command.run(context);
+    if (code == CliBadUsage)
+        printForms(err, command);
     out.flush();
     err.flush();
     return code;

@@ -3,18 +3,36 @@
 #include <QStringList>
 #include <QTextStream>
 
+#include <memory>
+
 class DataFolder;
 
 // Exit codes of the command-line tool.
 enum CliExit { CliOk = 0, CliBadInput = 1, CliBadUsage = 2 };
 
-// What a command works with: the opened data folder, its own arguments and the two streams.
-struct CliContext
+// What a command works with: its own arguments, the two streams and the data folder, which it
+// opens only once its arguments are known to be good. A command that returns CliBadUsage may say
+// why first; its usage follows from the one table of commands (cli.cpp).
+class CliContext
 {
-    DataFolder &folder;
+public:
+    CliContext(QString dataDirOption, QStringList arguments, QTextStream &out, QTextStream &err);
+    ~CliContext();
+
     QStringList arguments; // after the command name
     QTextStream &out;
     QTextStream &err;
+
+    // Opens the store in the data folder (creating the folder when missing); false, with the
+    // error said on err, when it cannot be opened. --help and a usage error never get here, so
+    // they leave no folder and no store behind.
+    [[nodiscard]] bool openFolder();
+    // The folder openFolder() opened.
+    [[nodiscard]] DataFolder &folder();
+
+private:
+    QString m_dataDirOption;
+    std::unique_ptr<DataFolder> m_folder;
 };
 
 // Runs `platterbox [--data-dir DIR] COMMAND ...` (arguments without the program name).

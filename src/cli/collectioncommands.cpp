@@ -16,19 +16,19 @@ int demoCommand(CliContext &context)
 {
     bool isNumber = false;
     const int count = context.arguments.value(0).toInt(&isNumber);
-    if (context.arguments.size() != 1 || !isNumber) {
-        context.err << "usage: platterbox [--data-dir DIR] demo N\n";
+    if (context.arguments.size() != 1 || !isNumber)
         return CliBadUsage;
-    }
     if (count < 1 || count > 32767) {
         context.err << "platterbox: N must be between 1 and 32767\n";
         return CliBadInput;
     }
+    if (!context.openFolder())
+        return CliBadInput;
     SampleOptions options;
     options.records = count;
     options.loansFrom = QDate::currentDate();
     options.wantlist = true;
-    auto done = addSampleCollection(context.folder.persistentContainer(), options);
+    auto done = addSampleCollection(context.folder().persistentContainer(), options);
     if (!done) {
         context.err << "platterbox: " << done.errorMessage() << "\n";
         return CliBadInput;
@@ -40,12 +40,12 @@ int demoCommand(CliContext &context)
 int statsCommand(CliContext &context)
 {
     const bool json = context.arguments == QStringList{u"--json"_s};
-    if (!context.arguments.isEmpty() && !json) {
-        context.err << "usage: platterbox [--data-dir DIR] stats [--json]\n";
+    if (!context.arguments.isEmpty() && !json)
         return CliBadUsage;
-    }
+    if (!context.openFolder())
+        return CliBadInput;
     if (json) {
-        auto statistics = StatisticsQueries::compute(context.folder.persistentContainer());
+        auto statistics = StatisticsQueries::compute(context.folder().persistentContainer());
         if (!statistics) {
             context.err << "platterbox: " << statistics.errorMessage() << "\n";
             return CliBadInput;
@@ -53,7 +53,7 @@ int statsCommand(CliContext &context)
         context.out << QJsonDocument(statisticsJson(*statistics)).toJson(QJsonDocument::Indented);
         return CliOk;
     }
-    auto totals = collectionTotals(context.folder.persistentContainer());
+    auto totals = collectionTotals(context.folder().persistentContainer());
     if (!totals) {
         context.err << "platterbox: " << totals.errorMessage() << "\n";
         return CliBadInput;
@@ -67,11 +67,11 @@ int statsCommand(CliContext &context)
 int loansCommand(CliContext &context)
 {
     const bool json = context.arguments == QStringList{u"--json"_s};
-    if (!context.arguments.isEmpty() && !json) {
-        context.err << "usage: platterbox [--data-dir DIR] loans [--json]\n";
+    if (!context.arguments.isEmpty() && !json)
         return CliBadUsage;
-    }
-    auto out = context.folder.persistentContainer().loansOut();
+    if (!context.openFolder())
+        return CliBadInput;
+    auto out = context.folder().persistentContainer().loansOut();
     if (!out) {
         context.err << "platterbox: " << out.errorMessage() << "\n";
         return CliBadInput;

@@ -31,7 +31,7 @@ bool writeFile(CliContext &context, const QString &path, const QByteArray &data)
 
 int exportCsv(CliContext &context, const QString &path, bool oneFile)
 {
-    auto files = CollectionCsv::write(context.folder.persistentContainer(), oneFile);
+    auto files = CollectionCsv::write(context.folder().persistentContainer(), oneFile);
     if (!files) {
         context.err << "platterbox: " << files.errorMessage() << "\n";
         return CliBadInput;
@@ -45,7 +45,7 @@ int exportCsv(CliContext &context, const QString &path, bool oneFile)
 
 int exportWantlist(CliContext &context, const QString &path)
 {
-    auto text = WantlistCsv::write(context.folder.persistentContainer());
+    auto text = WantlistCsv::write(context.folder().persistentContainer());
     if (!text) {
         context.err << "platterbox: " << text.errorMessage() << "\n";
         return CliBadInput;
@@ -72,12 +72,12 @@ int importWantlist(CliContext &context, const QString &path, const QByteArray &b
     context.out << file.summary() << "\n";
     if (!file.ignoredColumns().isEmpty())
         context.out << "Not read: " << file.ignoredColumns().join(u", "_s) << "\n";
-    Store &store = context.folder.persistentContainer();
+    Store &store = context.folder().persistentContainer();
     Result<WantlistCsv::WantlistCounts> counts = Error{};
     if (dryRun) {
         counts = WantlistCsv::preview(store, file);
     } else {
-        Snapshots snapshots = context.folder.snapshots();
+        Snapshots snapshots = context.folder().snapshots();
         counts = WantlistCsv::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
     }
     if (!counts) {
@@ -100,19 +100,17 @@ int exportCommand(CliContext &context)
     const bool csv = arguments.removeOne(u"--csv"_s);
     const bool oneFile = arguments.removeOne(u"--one-file"_s);
     const bool wantlist = arguments.removeOne(u"--wantlist"_s);
-    if (arguments.size() != 1 || arguments.first().startsWith(u'-') || (oneFile && !csv) || (wantlist && (!csv || oneFile))) {
-        context.err << "usage: platterbox [--data-dir DIR] export FILE [--no-images]\n"
-                       "       platterbox [--data-dir DIR] export FILE --csv [--one-file]\n"
-                       "       platterbox [--data-dir DIR] export FILE --csv --wantlist\n";
+    if (arguments.size() != 1 || arguments.first().startsWith(u'-') || (oneFile && !csv) || (wantlist && (!csv || oneFile)))
         return CliBadUsage;
-    }
+    if (!context.openFolder())
+        return CliBadInput;
     const QString path = arguments.first();
     if (wantlist)
         return exportWantlist(context, path);
     if (csv)
         return exportCsv(context, path, oneFile);
     int unreadable = 0;
-    auto text = ExchangeWriter::build(context.folder.persistentContainer(), images, &unreadable);
+    auto text = ExchangeWriter::build(context.folder().persistentContainer(), images, &unreadable);
     if (!text) {
         context.err << "platterbox: " << text.errorMessage() << "\n";
         return CliBadInput;
@@ -129,13 +127,12 @@ int importCommand(CliContext &context)
     QStringList arguments = context.arguments;
     const bool dryRun = arguments.removeOne(u"--dry-run"_s);
     const bool wantlist = arguments.removeOne(u"--wantlist"_s);
-    if (arguments.size() != 1 || arguments.first().startsWith(u'-')) {
-        context.err << "usage: platterbox [--data-dir DIR] import FILE [--dry-run]\n"
-                       "       platterbox [--data-dir DIR] import --wantlist FILE [--dry-run]\n";
+    if (arguments.size() != 1 || arguments.first().startsWith(u'-'))
         return CliBadUsage;
-    }
+    if (!context.openFolder())
+        return CliBadInput;
     const QString path = arguments.first();
-    if (const auto writable = context.folder.persistentContainer().checkWritable(); !dryRun && !writable) {
+    if (const auto writable = context.folder().persistentContainer().checkWritable(); !dryRun && !writable) {
         context.err << "platterbox: " << writable.errorMessage() << "\n";
         return CliBadInput;
     }
@@ -157,13 +154,13 @@ int importCommand(CliContext &context)
     if (!file.ignoredColumns.isEmpty())
         context.out << "Not read: " << file.ignoredColumns.join(u", "_s) << "\n";
 
-    Store &store = context.folder.persistentContainer();
+    Store &store = context.folder().persistentContainer();
     Result<ImportCounts> counts = Error{};
     if (dryRun) {
         auto preview = ImportMerge::preview(store, file);
         counts = preview ? Result<ImportCounts>(preview->counts) : Result<ImportCounts>(preview.error());
     } else {
-        Snapshots snapshots = context.folder.snapshots();
+        Snapshots snapshots = context.folder().snapshots();
         counts = ImportMerge::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
     }
     if (!counts) {

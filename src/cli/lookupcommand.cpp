@@ -10,9 +10,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const char *const kUsage = "usage: platterbox [--data-dir DIR] lookup BARCODE | --image FILE | --search \"ARTIST - TITLE\" "
-                           "[--add [--pick N]]\n";
-
 struct LookupOptions
 {
     QString barcode;
@@ -65,11 +62,15 @@ QString describe(const LookupCandidate &c)
 int lookupCommand(CliContext &context)
 {
     const auto options = parse(context.arguments);
-    if (!options) {
-        context.err << kUsage;
+    if (!options)
+        return CliBadUsage;
+    if (!options->barcode.isEmpty() && BarcodeDigits::searchForms(options->barcode).isEmpty()) {
+        context.err << "platterbox: \"" << options->barcode << "\" is not a barcode: give its 8, 12 or 13 digits\n";
         return CliBadUsage;
     }
-    Store &store = context.folder.persistentContainer();
+    if (!context.openFolder())
+        return CliBadInput;
+    Store &store = context.folder().persistentContainer();
     if (options->add) {
         if (const auto writable = store.checkWritable(); !writable) {
             context.err << "platterbox: " << writable.errorMessage() << "\n";
@@ -86,9 +87,6 @@ int lookupCommand(CliContext &context)
         }
         barcode = read->digits;
         context.out << "Read " << read->formatName() << " " << barcode << " from " << options->image << "\n";
-    } else if (!barcode.isEmpty() && BarcodeDigits::searchForms(barcode).isEmpty()) {
-        context.err << "platterbox: \"" << barcode << "\" is not a barcode: give its 8, 12 or 13 digits\n";
-        return CliBadUsage;
     }
 
     LookupClient client;

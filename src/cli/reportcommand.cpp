@@ -14,10 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const char *const kUsage =
-    "usage: platterbox [--data-dir DIR] report --pdf OUT [--origin List|ArtistBreakdown|LabelBreakdown|"
-    "ProducerBreakdown|YearBreakdown] [--artist T|--label T|--producer T|--date YYYY-MM-DD] [--descending]\n";
-
 // The group option each origin needs.
 QString groupOption(const QString &origin)
 {
@@ -58,10 +54,8 @@ int reportCommand(CliContext &context)
             continue;
         }
         const bool takesValue = a == u"--pdf"_s || a == u"--origin"_s || !originOf(a).isEmpty();
-        if (!takesValue || i + 1 >= args.size()) {
-            context.err << kUsage;
+        if (!takesValue || i + 1 >= args.size())
             return CliBadUsage;
-        }
         const QString value = args.at(++i);
         if (a == u"--pdf"_s) {
             output = value;
@@ -77,10 +71,8 @@ int reportCommand(CliContext &context)
     }
     if (origin.isEmpty())
         origin = option.isEmpty() ? ReportOrigins::List : originOf(option);
-    if (output.isEmpty() || (origin != ReportOrigins::List && groupOption(origin).isEmpty())) {
-        context.err << kUsage;
+    if (output.isEmpty() || (origin != ReportOrigins::List && groupOption(origin).isEmpty()))
         return CliBadUsage;
-    }
     if (groupOption(origin) != option) {
         if (option.isEmpty())
             context.err << "platterbox: --origin " << origin << " needs " << groupOption(origin) << "\n";
@@ -105,7 +97,9 @@ int reportCommand(CliContext &context)
         selected.releaseDate = date.startOfDay();
     }
 
-    Store &store = context.folder.persistentContainer();
+    if (!context.openFolder())
+        return CliBadInput;
+    Store &store = context.folder().persistentContainer();
     auto records = ReportBuilder::fetchReport(store, origin, selected, ascending);
     if (!records) {
         context.err << "platterbox: " << records.errorMessage() << "\n";

@@ -136,49 +136,98 @@ private slots:
         QVERIFY(run({u"stats"_s}).out.startsWith(u"Records: 3\n"_s));
     }
 
+    // A command line that is wrong says so on standard error and touches no data folder: the
+    // one given is never even created, and the app's own is not used in its place. A command's
+    // usage error shows the usage its --help shows.
     void badUsageAndBadInput_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("code");
-        QTest::newRow("no command") << QStringList{} << int(CliBadUsage);
-        QTest::newRow("unknown command") << QStringList{u"dance"_s} << int(CliBadUsage);
-        QTest::newRow("demo without N") << QStringList{u"demo"_s} << int(CliBadUsage);
-        QTest::newRow("demo with words") << QStringList{u"demo"_s, u"many"_s} << int(CliBadUsage);
-        QTest::newRow("demo beyond the numbers") << QStringList{u"demo"_s, u"40000"_s} << int(CliBadInput);
-        QTest::newRow("stats with extra") << QStringList{u"stats"_s, u"x"_s} << int(CliBadUsage);
-        QTest::newRow("loans with extra") << QStringList{u"loans"_s, u"--all"_s} << int(CliBadUsage);
-        QTest::newRow("data dir without folder") << QStringList{u"--data-dir"_s} << int(CliBadUsage);
+        QTest::addColumn<bool>("commandUsage"); // the command's usage ends the message
+        QTest::newRow("no command") << QStringList{} << int(CliBadUsage) << false;
+        QTest::newRow("unknown command") << QStringList{u"dance"_s} << int(CliBadUsage) << false;
+        QTest::newRow("demo without N") << QStringList{u"demo"_s} << int(CliBadUsage) << true;
+        QTest::newRow("demo with words") << QStringList{u"demo"_s, u"many"_s} << int(CliBadUsage) << true;
+        QTest::newRow("demo beyond the numbers") << QStringList{u"demo"_s, u"40000"_s} << int(CliBadInput) << false;
+        QTest::newRow("stats with extra") << QStringList{u"stats"_s, u"x"_s} << int(CliBadUsage) << true;
+        QTest::newRow("loans with extra") << QStringList{u"loans"_s, u"--all"_s} << int(CliBadUsage) << true;
+        QTest::newRow("export without a file") << QStringList{u"export"_s} << int(CliBadUsage) << true;
+        QTest::newRow("import two files") << QStringList{u"import"_s, u"a"_s, u"b"_s} << int(CliBadUsage) << true;
+        QTest::newRow("report without --pdf") << QStringList{u"report"_s, u"--descending"_s} << int(CliBadUsage) << true;
+        QTest::newRow("report of a date that is none")
+            << QStringList{u"report"_s, u"--pdf"_s, u"r.pdf"_s, u"--date"_s, u"May"_s} << int(CliBadInput) << false;
+        QTest::newRow("backup without a file") << QStringList{u"backup"_s} << int(CliBadUsage) << true;
+        QTest::newRow("restore an option") << QStringList{u"restore"_s, u"--now"_s} << int(CliBadUsage) << true;
+        QTest::newRow("undo-import with extra") << QStringList{u"undo-import"_s, u"x"_s} << int(CliBadUsage) << true;
+        QTest::newRow("lookup of a word") << QStringList{u"lookup"_s, u"vinyl"_s} << int(CliBadUsage) << true;
+        QTest::newRow("--version with extra") << QStringList{u"--version"_s, u"x"_s} << int(CliBadUsage) << false;
+        QTest::newRow("help of no command") << QStringList{u"help"_s, u"dance"_s} << int(CliBadUsage) << false;
+        QTest::newRow("data dir without folder") << QStringList{u"--data-dir"_s} << int(CliBadUsage) << false;
         // An empty folder must not mean the collector's own collection.
-        QTest::newRow("data dir empty after =") << QStringList{u"--data-dir="_s, u"demo"_s, u"3"_s} << int(CliBadUsage);
-        QTest::newRow("data dir empty") << QStringList{u"--data-dir"_s, u""_s, u"demo"_s, u"3"_s} << int(CliBadUsage);
+        QTest::newRow("data dir empty after =") << QStringList{u"--data-dir="_s, u"demo"_s, u"3"_s} << int(CliBadUsage) << false;
+        QTest::newRow("data dir empty") << QStringList{u"--data-dir"_s, u""_s, u"demo"_s, u"3"_s} << int(CliBadUsage) << false;
     }
     void badUsageAndBadInput()
     {
         QFETCH(QStringList, arguments);
         QFETCH(int, code);
-        QTemporaryDir dir;
+        QFETCH(bool, commandUsage);
+        const QString folder = m_dir->filePath(u"collection"_s);
         QStringList all = arguments;
         if (!arguments.contains(u"--data-dir"_s) && !arguments.contains(u"--data-dir="_s))
-            all.prepend(dir.path()), all.prepend(u"--data-dir"_s);
+            all = QStringList{u"--data-dir"_s, folder} + arguments;
         // Where the app's own data folder would be, had the option fallen back to it.
         QTemporaryDir home;
         qputenv("XDG_DATA_HOME", home.path().toUtf8());
         const CliRun result = runCommand(all);
         qunsetenv("XDG_DATA_HOME");
         QCOMPARE(result.code, code);
+        QCOMPARE(result.out, QString());
         QVERIFY(!result.err.isEmpty());
+        QVERIFY(!QFileInfo::exists(folder));
         QVERIFY(QDir(home.path()).isEmpty());
+        if (commandUsage) {
+            const QString usage = runCommand({arguments.first(), u"--help"_s}).out.section(u"\n\n"_s, 0, 0) + u'\n';
+            QVERIFY2(result.err.endsWith(usage), qPrintable(result.err));
+        }
     }
 
-    void helpAnswersOnStandardOutputWithoutAStore()
+    // Asked for, the version, the overall usage or a command's usage is the answer: on standard
+    // output, with success, before any data folder is made or opened.
+    void answersWithoutADataFolder_data()
     {
-        for (const QString &flag : {u"--help"_s, u"-h"_s}) {
-            const CliRun help = run({flag});
-            QCOMPARE(help.code, int(CliOk));
-            QVERIFY(help.out.startsWith(u"usage: platterbox [--data-dir DIR] COMMAND\n"_s));
-            QVERIFY(help.err.isEmpty());
-        }
-        QVERIFY(!QFile::exists(m_dir->filePath(u"Platterbox.sqlite"_s)));
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("output"); // how standard output begins
+        const QString overall = u"usage: platterbox [--data-dir DIR] COMMAND [ARGUMENTS]\n"
+                                "       platterbox COMMAND --help\n"_s;
+        QTest::newRow("--version") << QStringList{u"--version"_s} << u"Platterbox " PB_PROJECT_VERSION "\n"_s;
+        QTest::newRow("--help") << QStringList{u"--help"_s} << overall;
+        QTest::newRow("-h") << QStringList{u"-h"_s} << overall;
+        QTest::newRow("help") << QStringList{u"help"_s} << overall;
+        QTest::newRow("a command's --help")
+            << QStringList{u"demo"_s, u"--help"_s}
+            << u"usage: platterbox [--data-dir DIR] demo N\n\nAdd N sample records (made-up albums with tracks and covers).\n"_s;
+        QTest::newRow("help of a command")
+            << QStringList{u"help"_s, u"export"_s}
+            << u"usage: platterbox [--data-dir DIR] export FILE [--no-images]\n"
+               "       platterbox [--data-dir DIR] export FILE --csv [--one-file]\n"
+               "       platterbox [--data-dir DIR] export FILE --csv --wantlist\n\nWrite "_s;
+        QTest::newRow("--help after a command's arguments")
+            << QStringList{u"import"_s, u"in.csv"_s, u"--dry-run"_s, u"--help"_s}
+            << u"usage: platterbox [--data-dir DIR] import FILE [--dry-run]\n"_s;
+        QTest::newRow("-h of a command that takes none") << QStringList{u"undo-import"_s, u"-h"_s}
+                                                         << u"usage: platterbox [--data-dir DIR] undo-import\n\n"_s;
+    }
+    void answersWithoutADataFolder()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, output);
+        const QString folder = m_dir->filePath(u"collection"_s);
+        const CliRun answer = runCommand(QStringList{u"--data-dir"_s, folder} + arguments);
+        QCOMPARE(answer.code, int(CliOk));
+        QCOMPARE(answer.out.left(output.size()), output);
+        QCOMPARE(answer.err, QString());
+        QVERIFY(!QFileInfo::exists(folder));
     }
 
     void demoContinuesNumbering()
@@ -198,7 +247,6 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::newRow("export") << QStringList{u"export"_s, u"FILE"_s} << int(CliOk) << QString();
         QTest::newRow("export without images") << QStringList{u"export"_s, u"FILE"_s, u"--no-images"_s} << int(CliOk) << QString();
-        QTest::newRow("export without a file") << QStringList{u"export"_s} << int(CliBadUsage) << u"usage:"_s;
         QTest::newRow("export into a missing folder") << QStringList{u"export"_s, u"DIR/no/such/folder.csv"_s}
                                                       << int(CliBadInput) << u"cannot write"_s;
         QTest::newRow("import a missing file") << QStringList{u"import"_s, u"DIR/missing.csv"_s} << int(CliBadInput)
@@ -207,7 +255,6 @@ private slots:
         QTest::newRow("CSV export") << QStringList{u"export"_s, u"FILE"_s, u"--csv"_s} << int(CliOk) << QString();
         QTest::newRow("one file without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--one-file"_s} << int(CliBadUsage)
                                                 << u"usage:"_s;
-        QTest::newRow("import two files") << QStringList{u"import"_s, u"a"_s, u"b"_s} << int(CliBadUsage) << u"usage:"_s;
         QTest::newRow("wantlist export without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--wantlist"_s}
                                                        << int(CliBadUsage) << u"usage:"_s;
         QTest::newRow("wantlist export in one file") << QStringList{u"export"_s, u"FILE"_s, u"--csv"_s, u"--wantlist"_s, u"--one-file"_s}

@@ -127,7 +127,7 @@ int main(int argc, char **argv)
     QPdfWriter writer(args.at(2));
     writer.setResolution(72);
     writer.setTitle(u"Platterbox: Vinyl Collection Overview"_s);
-    writer.setCreator(u"Platterbox"_s);
+    writer.setCreator(QStringLiteral("Platterbox " PLATTERBOX_VERSION));
     writer.setPageLayout(QPageLayout(QPageSize(QSizeF(kPageWidth, kPageHeight), QPageSize::Point), QPageLayout::Portrait,
                                      QMarginsF(0, 0, 0, 0)));
     document.documentLayout()->setPaintDevice(&writer);

@@ -167,6 +167,11 @@ ReportContent::ReportContent(Kind kind, QString title, int titlePointSize, QList
 {
 }
 
+QString ReportContent::documentTitle() const
+{
+    return m_kind == Kind::FilteredList ? ReportTexts::kFilteredListDocument : ReportTexts::kCollectionReportDocument;
+}
+
 Result<ReportContent> ReportContent::filteredList(const BreakdownKind &kind, QList<Vinyl> records)
 {
     if (records.isEmpty())

@@ -75,6 +75,8 @@ public:
     static Result<ReportContent> printedReport(const QString &originScreen, QList<Vinyl> records);
 
     [[nodiscard]] QString title() const { return m_title; }
+    // What a PDF file of it is called in its document information ("Collection report").
+    [[nodiscard]] QString documentTitle() const;
     [[nodiscard]] int titlePointSize() const { return m_titlePointSize; }
     [[nodiscard]] int recordCount() const { return int(m_records.size()); }
     [[nodiscard]] const Vinyl &record(int index) const { return m_records.at(index); }

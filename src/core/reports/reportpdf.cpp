@@ -5,6 +5,7 @@
 #include "reports/reportpages.h"
 #include "reports/reporttexts.h"
 #include "store/logging.h"
+#include "store/version.h"
 
 #include <QPageLayout>
 #include <QPainter>
@@ -130,6 +131,8 @@ Result<void> write(const ReportContent &content, const QString &filePath, CoverR
         bool pageRefused = false;
         {
             QPdfWriter writer(&output);
+            writer.setTitle(content.documentTitle());
+            writer.setCreator(Version::nameAndNumber());
             // One device unit per point: the pages are laid out in points on the A4 page.
             writer.setResolution(72);
             writer.setPageLayout(QPageLayout(QPageSize(QSizeF(kPageWidth, kPageHeight), QPageSize::Point),

@@ -21,6 +21,10 @@ inline const QString kOverviewTitle = u"Vinyl Collection Overview"_s;
 inline const QString kPrintJob = u"Vinyl Collection"_s;
 inline const QString kCancelled = u"Cancelled."_s;
 
+// The Title of each kind of PDF file in its document information.
+inline const QString kFilteredListDocument = u"Filtered list"_s;
+inline const QString kCollectionReportDocument = u"Collection report"_s;
+
 // What the progress bar of a report says it is doing.
 inline const QString kLayingOut = u"Laying out pages"_s;
 inline const QString kPrinting = u"Printing"_s;

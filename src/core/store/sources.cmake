@@ -1,5 +1,5 @@
 # The store and what lives beside it: entities, schema steps, backups, snapshots, value history,
-# settings, formatters, record numbers, text files, logging, the sample collection and the data folder.
+# settings, formatters, record numbers, text files, logging, the version, the sample collection and the data folder.
 list(APPEND PB_CORE_SOURCES
     store/appconfig.h
     store/backgroundjob.h store/backgroundjob.cpp
@@ -22,5 +22,6 @@ list(APPEND PB_CORE_SOURCES
     store/store.h store/store.cpp
     store/textfile.h store/textfile.cpp
     store/valuehistory.h store/valuehistory.cpp
+    store/version.h store/version.cpp
     store/wantedalbums.h store/wantedalbums.cpp
 )

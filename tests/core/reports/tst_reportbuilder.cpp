@@ -6,6 +6,7 @@
 #include "reports/reporttexts.h"
 #include "store/samplecollection.h"
 #include "store/store.h"
+#include "store/version.h"
 #include "testsupport.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -14,6 +15,8 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -578,6 +581,39 @@ private slots:
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll().count("/Subtype /Image"), pictures);
+    }
+
+    // A PDF file says what it is and what made it in its document information, as a viewer's
+    // title bar and document properties show it.
+    void pdfFilesNameTheirDocumentAndCreator_data()
+    {
+        QTest::addColumn<bool>("filteredList");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("filtered list") << true << u"Filtered list"_s;
+        QTest::newRow("printed report") << false << u"Collection report"_s;
+    }
+
+    void pdfFilesNameTheirDocumentAndCreator()
+    {
+        QFETCH(bool, filteredList);
+        QFETCH(QString, title);
+        const auto content = filteredList ? ReportContent::filteredList(BreakdownKinds::Artist, {full()})
+                                          : ReportContent::printedReport(u"List"_s, {full()});
+        QVERIFY(content);
+        const QString path = m_app.dataDir() + u"/info.pdf"_s;
+        QVERIFY(ReportPdf::write(*content, path, nullptr));
+        const QString pdfinfo = QStandardPaths::findExecutable(u"pdfinfo"_s);
+        QVERIFY2(!pdfinfo.isEmpty(), "pdfinfo (poppler-utils, scripts/install-deps) is missing");
+        QProcess info;
+        info.start(pdfinfo, {u"-enc"_s, u"UTF-8"_s, path});
+        QVERIFY(info.waitForFinished());
+        QCOMPARE(info.exitCode(), 0);
+        QMap<QString, QString> fields;
+        for (const QString &line : QString::fromUtf8(info.readAllStandardOutput()).split(u'\n'))
+            fields.insert(line.section(u':', 0, 0), line.section(u':', 1).trimmed());
+        QCOMPARE(fields.value(u"Title"_s), title);
+        QCOMPARE(fields.value(u"Creator"_s), Version::nameAndNumber());
+        QVERIFY(fields.value(u"Creator"_s).startsWith(u"Platterbox "_s));
     }
 
     void cancelledWriteLeavesNoFile_data()
