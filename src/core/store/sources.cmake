@@ -20,6 +20,7 @@ list(APPEND PB_CORE_SOURCES
     store/settings.h store/settings.cpp
     store/snapshots.h store/snapshots.cpp
     store/store.h store/store.cpp
+    store/storedvalue.h
     store/textfile.h store/textfile.cpp
     store/valuehistory.h store/valuehistory.cpp
     store/version.h store/version.cpp

@@ -1,4 +1,5 @@
 #include "store/store.h"
+#include "store/storedvalue.h"
 
 #include "store/keptfigures.h"
 
@@ -99,18 +100,6 @@ QVariant toStored(Kind kind, const QVariant &value)
     return value;
 }
 
-template<typename T>
-QVariant stored(const std::optional<T> &value)
-{
-    if (!value)
-        return QVariant();
-    if constexpr (std::is_same_v<T, QDateTime>)
-        return value->toMSecsSinceEpoch();
-    else if constexpr (std::is_same_v<T, float>)
-        return double(*value);
-    else
-        return QVariant::fromValue(*value);
-}
 
 // Reads go straight through SQLite's C API on the store's own connection: a list fetch of
 // the whole collection is the hottest path of the app, and per-value QVariants cost more
@@ -332,15 +321,15 @@ Vinyl readVinyl(const Statement &q, bool includeImages)
 
 QVariantList vinylValues(const Vinyl &v, bool includeImages)
 {
-    QVariantList values{stored(v.id),          stored(v.name),           stored(v.artist),
-                        stored(v.releaseDate), stored(v.recordLabel),    stored(v.producer),
-                        stored(v.quantity),    stored(v.albumDuration),  stored(v.vinylCondition),
-                        stored(v.coverCondition), stored(v.recordSpeed), stored(v.doubleAlbum),
-                        stored(v.cost),        stored(v.value),          stored(v.notes),
-                        stored(v.frontImagePath), stored(v.backImagePath), stored(v.barcode),
-                        stored(v.musicBrainzReleaseId)};
+    QVariantList values{storedValue(v.id),          storedValue(v.name),           storedValue(v.artist),
+                        storedValue(v.releaseDate), storedValue(v.recordLabel),    storedValue(v.producer),
+                        storedValue(v.quantity),    storedValue(v.albumDuration),  storedValue(v.vinylCondition),
+                        storedValue(v.coverCondition), storedValue(v.recordSpeed), storedValue(v.doubleAlbum),
+                        storedValue(v.cost),        storedValue(v.value),          storedValue(v.notes),
+                        storedValue(v.frontImagePath), storedValue(v.backImagePath), storedValue(v.barcode),
+                        storedValue(v.musicBrainzReleaseId)};
     if (includeImages)
-        values << stored(v.frontImage) << stored(v.backImage);
+        values << storedValue(v.frontImage) << storedValue(v.backImage);
     return values;
 }
 
@@ -356,7 +345,7 @@ QVariantList foldedValues(const Vinyl &v)
 
 QVariantList trackValues(const Track &t)
 {
-    return {stored(t.vinylID), stored(t.trackNumber), stored(t.song), stored(t.writtenBy), stored(t.duration)};
+    return {storedValue(t.vinylID), storedValue(t.trackNumber), storedValue(t.song), storedValue(t.writtenBy), storedValue(t.duration)};
 }
 
 // The attributes the lists are ordered by; each has an index, read either way (see migrate()).
@@ -1341,7 +1330,7 @@ Result<void> Store::insert(Track &track)
 
 Result<void> Store::insert(Entity conditionEntity, Condition &condition)
 {
-    return write(insertSql(conditionEntity, 1), {stored(condition.condition)}, &condition.rowId);
+    return write(insertSql(conditionEntity, 1), {storedValue(condition.condition)}, &condition.rowId);
 }
 
 Result<void> Store::update(const Vinyl &vinyl)
@@ -1356,7 +1345,7 @@ Result<void> Store::update(const Vinyl &vinyl)
                                 u", frontImage = COALESCE(?, frontImage), backImage = COALESCE(?, backImage) WHERE rowid"_s);
         }();
         QVariantList values = vinylValues(vinyl, false) + foldedValues(vinyl);
-        values << stored(vinyl.frontImage) << stored(vinyl.backImage) << vinyl.rowId;
+        values << storedValue(vinyl.frontImage) << storedValue(vinyl.backImage) << vinyl.rowId;
         return write(sql, values);
     }
     const int n = vinyl.imagesLoaded ? int(vinylColumns().size()) : kVinylColumnsWithoutImages;
@@ -1387,7 +1376,7 @@ Result<void> Store::updateGiven(const Track &track)
 
 Result<void> Store::update(Entity conditionEntity, const Condition &condition)
 {
-    return write(updateSql(conditionEntity, 1), {stored(condition.condition), condition.rowId});
+    return write(updateSql(conditionEntity, 1), {storedValue(condition.condition), condition.rowId});
 }
 
 Result<void> Store::remove(Entity entity, qint64 rowId)

@@ -1,6 +1,7 @@
 #include "store/wantedalbums.h"
 
 #include "store/store.h"
+#include "store/storedvalue.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -18,27 +19,15 @@ const QString kCovers = u"frontImage, backImage"_s;
 // Read after the row identity and the 20 columns above.
 constexpr int kFrontColumn = 21;
 
-template<typename T>
-QVariant stored(const std::optional<T> &value)
-{
-    if (!value)
-        return QVariant();
-    if constexpr (std::is_same_v<T, QDateTime>)
-        return value->toMSecsSinceEpoch();
-    else if constexpr (std::is_same_v<T, float>)
-        return double(*value);
-    else
-        return QVariant::fromValue(*value);
-}
 
 QVariantList values(const WantedAlbum &w)
 {
     const Vinyl &v = w.album;
-    return {stored(v.name),          stored(v.artist),        stored(v.releaseDate),    stored(v.recordLabel),
-            stored(v.producer),      stored(v.quantity),      stored(v.albumDuration),  stored(v.vinylCondition),
-            stored(v.coverCondition), stored(v.recordSpeed),  stored(v.doubleAlbum),    stored(v.cost),
-            stored(v.value),         stored(v.notes),         stored(v.frontImagePath), stored(v.backImagePath),
-            stored(v.barcode),       stored(v.musicBrainzReleaseId), stored(w.maxPrice), w.priority};
+    return {storedValue(v.name),          storedValue(v.artist),        storedValue(v.releaseDate),    storedValue(v.recordLabel),
+            storedValue(v.producer),      storedValue(v.quantity),      storedValue(v.albumDuration),  storedValue(v.vinylCondition),
+            storedValue(v.coverCondition), storedValue(v.recordSpeed),  storedValue(v.doubleAlbum),    storedValue(v.cost),
+            storedValue(v.value),         storedValue(v.notes),         storedValue(v.frontImagePath), storedValue(v.backImagePath),
+            storedValue(v.barcode),       storedValue(v.musicBrainzReleaseId), storedValue(w.maxPrice), w.priority};
 }
 
 std::optional<QString> text(const QSqlQuery &q, int i)
@@ -110,7 +99,7 @@ Result<void> insertTracks(Store &store, qint64 rowId, const QList<Track> &tracks
     for (const Track &t : tracks) {
         auto q = run(store, u"INSERT INTO WantedTracks (wantedRowId, trackNumber, song, writtenBy, duration) "
                              "VALUES (?, ?, ?, ?, ?)"_s,
-                     {rowId, stored(t.trackNumber), stored(t.song), stored(t.writtenBy), stored(t.duration)},
+                     {rowId, storedValue(t.trackNumber), storedValue(t.song), storedValue(t.writtenBy), storedValue(t.duration)},
                      u"Cannot save the wanted album's tracks"_s);
         if (!q)
             return q.error();
@@ -126,7 +115,7 @@ Result<void> insert(Store &store, WantedAlbum &wanted, const QList<Track> &track
 {
     return store.transaction([&]() -> Result<void> {
         QVariantList bound = values(wanted);
-        bound << stored(wanted.album.frontImage) << stored(wanted.album.backImage);
+        bound << storedValue(wanted.album.frontImage) << storedValue(wanted.album.backImage);
         auto q = run(store, u"INSERT INTO Wanted (%1, %2) VALUES (%3)"_s.arg(kColumns, kCovers, u"?, "_s.repeated(21) + u'?'),
                      bound, u"Cannot add the album to the wantlist"_s);
         if (!q)
@@ -144,7 +133,7 @@ Result<void> update(Store &store, const WantedAlbum &wanted)
         QVariantList bound = values(wanted);
         if (wanted.album.imagesLoaded) {
             assignments += u", frontImage = ?, backImage = ?"_s;
-            bound << stored(wanted.album.frontImage) << stored(wanted.album.backImage);
+            bound << storedValue(wanted.album.frontImage) << storedValue(wanted.album.backImage);
         }
         bound << wanted.rowId;
         auto q = run(store, u"UPDATE Wanted SET %1 WHERE rowid = ?"_s.arg(assignments), bound,
