@@ -8,7 +8,7 @@ if(NOT result EQUAL 0)
     message(FATAL_ERROR "cmake --install failed: ${result}")
 endif()
 
-set(id com.example.platterbox)
+set(id org.platterbox.Platterbox)
 set(expected
     bin/platterbox-app
     bin/platterbox
