@@ -3,7 +3,7 @@
 qt_add_resources(platterbox_ui "platterbox_icon"
     PREFIX /
     BASE ${CMAKE_CURRENT_LIST_DIR}/..
-    FILES ${CMAKE_CURRENT_LIST_DIR}/../packaging/icons/com.example.platterbox-256.png
+    FILES ${CMAKE_CURRENT_LIST_DIR}/../packaging/icons/org.platterbox.Platterbox-256.png
 )
 
 # The overview guide is rendered from its HTML source at build time, so it follows the source.

@@ -86,9 +86,10 @@ int main(int argc, char *argv[])
     QApplication::setOrganizationName(u"Platterbox"_s);
     QApplication::setApplicationName(u"Platterbox"_s);
     QApplication::setApplicationVersion(Version::number());
-    // The desktop entry, the icon and the metainfo are named after this (packaging/).
-    QApplication::setDesktopFileName(u"com.example.platterbox"_s);
-    QApplication::setWindowIcon(QIcon(u":/packaging/icons/com.example.platterbox-256.png"_s));
+    // The desktop entry, the icon and the metainfo are named after this (packaging/). The data
+    // folder comes from the organization and application names above, never from this id.
+    QApplication::setDesktopFileName(u"org.platterbox.Platterbox"_s);
+    QApplication::setWindowIcon(QIcon(u":/packaging/icons/org.platterbox.Platterbox-256.png"_s));
 
     QCommandLineParser parser;
     options.addTo(parser);

@@ -1,6 +1,7 @@
 # Installs the build into PREFIX and checks what a desktop needs to find: the two commands,
 # the desktop entry with the command and icon it names, the metainfo naming the desktop entry
-# and this version as its newest release, and the manual page.
+# and this version as its newest release, the manual page, and an app that gives its windows
+# the same desktop id and an icon of that name.
 file(REMOVE_RECURSE ${PREFIX})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX}
                 RESULT_VARIABLE result OUTPUT_QUIET)
@@ -8,7 +9,7 @@ if(NOT result EQUAL 0)
     message(FATAL_ERROR "cmake --install failed: ${result}")
 endif()
 
-set(id com.example.platterbox)
+set(id ${ID})
 set(expected
     bin/platterbox-app
     bin/platterbox
@@ -50,4 +51,15 @@ if(NOT metainfo MATCHES "<launchable type=\"desktop-id\">${id}.desktop</launchab
 endif()
 if(NOT metainfo MATCHES "<release version=\"([^\"]+)\"" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
     message(FATAL_ERROR "the newest release in the metainfo is '${CMAKE_MATCH_1}', the project is ${PROJECT_VERSION}")
+endif()
+
+# A window whose desktop id has no installed entry gets no name or icon in the task bar.
+file(READ ${APP_MAIN} app)
+string(FIND "${app}" "setDesktopFileName(u\"${id}\"_s)" at)
+if(at EQUAL -1)
+    message(FATAL_ERROR "the app does not set the desktop file name ${id}")
+endif()
+string(FIND "${app}" "QIcon(u\":/packaging/icons/${id}-256.png\"_s)" at)
+if(at EQUAL -1)
+    message(FATAL_ERROR "the app's window icon is not packaging/icons/${id}-256.png")
 endif()
