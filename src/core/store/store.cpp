@@ -1208,8 +1208,10 @@ QByteArrayView StoreRows::bytes(int column) const
     return QByteArrayView(static_cast<const char *>(data), sqlite3_column_bytes(m_statement, column));
 }
 
-Result<std::unique_ptr<StoreRows>> Store::rows(const FetchRequest &request, const QStringList &attributes,
-                                               bool exchangeEncodings) const
+namespace {
+// The row identity and the attributes' columns, quoted, as a select names them; BLOBs are never
+// asked for by name.
+Result<QStringList> selectedColumns(const FetchRequest &request, const QStringList &attributes)
 {
     QStringList names{u"rowid"_s};
     for (const QString &attribute : attributes) {
@@ -1218,6 +1220,18 @@ Result<std::unique_ptr<StoreRows>> Store::rows(const FetchRequest &request, cons
             return Error{u"Unknown attribute "_s + attribute + u" of "_s + entityName(request.entity)};
         names << u'"' + column->name + u'"';
     }
+    return names;
+}
+
+} // namespace
+
+Result<std::unique_ptr<StoreRows>> Store::rows(const FetchRequest &request, const QStringList &attributes,
+                                               bool exchangeEncodings) const
+{
+    auto selected = selectedColumns(request, attributes);
+    if (!selected)
+        return selected.error();
+    QStringList names = *std::move(selected);
     if (exchangeEncodings) {
         if (request.entity != Entity::Vinyl)
             return Error{u"Only records have covers"_s};
@@ -1238,13 +1252,10 @@ Result<std::unique_ptr<StoreRows>> Store::rows(const FetchRequest &request, cons
 
 Result<QList<QVariantList>> Store::fetchValues(const FetchRequest &request, const QStringList &attributes) const
 {
-    QStringList names{u"rowid"_s};
-    for (const QString &attribute : attributes) {
-        const Column *column = findColumn(request.entity, attribute);
-        if (!column || column->kind == Kind::Blob)
-            return Error{u"Unknown attribute "_s + attribute + u" of "_s + entityName(request.entity)};
-        names << u'"' + column->name + u'"';
-    }
+    auto selected = selectedColumns(request, attributes);
+    if (!selected)
+        return selected.error();
+    QStringList names = *std::move(selected);
     auto built = buildSelect(request, names.join(u", "_s), true);
     if (!built)
         return built.error();
