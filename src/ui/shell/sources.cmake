@@ -23,6 +23,7 @@ list(APPEND PB_UI_QML
     shell/DatePickerPanel.qml
     shell/DefaultsView.qml
     shell/Main.qml
+    shell/MainMenuGlance.qml
     shell/MainMenuView.qml
     shell/ProgressPanel.qml
     shell/ReferenceListsView.qml
