@@ -113,6 +113,12 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
         return m_loanMarks.value(card.rowId).label;
     case LoanOverdueRole:
         return m_loanMarks.value(card.rowId).overdue;
+    case AccessibleLabelRole: {
+        QStringList parts{card.nameLabel, card.releaseDateLabel, card.producerLabel, card.costLabel, card.speedLabel,
+                          m_loanMarks.value(card.rowId).label};
+        parts.removeAll(QString());
+        return parts.join(tr(", ", "between the parts of a record card read out"));
+    }
     case LoanBadgeRole: {
         const auto mark = m_loanMarks.constFind(card.rowId);
         if (mark == m_loanMarks.cend())
@@ -138,5 +144,6 @@ QHash<int, QByteArray> RecordCardModel::roleNames() const
         {LoanLabelRole, "loanLabel"},
         {LoanBadgeRole, "loanBadge"},
         {LoanOverdueRole, "loanOverdue"},
+        {AccessibleLabelRole, "accessibleLabel"},
     };
 }
