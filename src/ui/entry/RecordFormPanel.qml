@@ -317,7 +317,7 @@ Item {
                     picker: true
                     value: root.controller.vinylCondition
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(vinylConditionField, "Vinyl Condition", root.controller.ListOfVinylConditions,
+                    onTapped: root.openList(vinylConditionField, qsTr("Vinyl Condition"), root.controller.ListOfVinylConditions,
                                             (t) => root.controller.vinylCondition = t)
                 }
                 RecordFormField {
@@ -327,7 +327,7 @@ Item {
                     picker: true
                     value: root.controller.coverCondition
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(coverConditionField, "Cover Condition", root.controller.ListOfCoverConditions,
+                    onTapped: root.openList(coverConditionField, qsTr("Cover Condition"), root.controller.ListOfCoverConditions,
                                             (t) => root.controller.coverCondition = t)
                 }
             }
@@ -341,7 +341,7 @@ Item {
                     picker: true
                     value: root.controller.recordSpeed
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(speedField, "Record Speed", root.controller.ListOfRecordSpeeds,
+                    onTapped: root.openList(speedField, qsTr("Record Speed"), root.controller.ListOfRecordSpeeds,
                                             (t) => root.controller.recordSpeed = t)
                 }
                 RecordFormField {
@@ -351,7 +351,7 @@ Item {
                     picker: true
                     value: root.controller.doubleAlbum
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(singleDoubleField, "Single/Double", root.controller.ListOfSingleDouble,
+                    onTapped: root.openList(singleDoubleField, qsTr("Single/Double"), root.controller.ListOfSingleDouble,
                                             (t) => root.controller.doubleAlbum = t)
                 }
             }

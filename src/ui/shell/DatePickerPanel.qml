@@ -33,7 +33,7 @@ Pane {
     }
 
     readonly property var monthNames: [qsTr("January"), qsTr("February"), qsTr("March"), qsTr("April"), qsTr("May"), qsTr("June"), qsTr("July"),
-                                       "August", "September", "October", "November", "December"]
+                                       qsTr("August"), qsTr("September"), qsTr("October"), qsTr("November"), qsTr("December")]
 
     ColumnLayout {
         anchors.left: parent.left

@@ -110,7 +110,7 @@ ScreenPage {
                     picker: true
                     value: controller.priorityName
                     Layout.preferredWidth: 1
-                    onTapped: form.openList(priorityField, "Priority", controller.priorityNames,
+                    onTapped: form.openList(priorityField, qsTr("Priority"), controller.priorityNames,
                                             (t) => controller.priorityName = t)
                 }
             }
