@@ -114,9 +114,13 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
     case LoanOverdueRole:
         return m_loanMarks.value(card.rowId).overdue;
     case AccessibleLabelRole: {
-        QStringList parts{card.nameLabel, card.releaseDateLabel, card.producerLabel, card.costLabel, card.speedLabel,
-                          m_loanMarks.value(card.rowId).label};
-        parts.removeAll(QString());
+        QStringList parts;
+        // A card's lines space their parts twice, which a reader need not hear.
+        for (const QString &line : {card.nameLabel, card.releaseDateLabel, card.producerLabel, card.costLabel,
+                                    card.speedLabel, m_loanMarks.value(card.rowId).label}) {
+            if (!line.trimmed().isEmpty())
+                parts.append(line.simplified());
+        }
         return parts.join(tr(", ", "between the parts of a record card read out"));
     }
     case LoanBadgeRole: {
