@@ -94,6 +94,7 @@ void TestAccessibility::initTestCase()
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     m_app = std::make_unique<TourApp>();
     QVERIFY2(m_app->errorMessage().isEmpty(), qPrintable(m_app->errorMessage()));
+    QVERIFY(QTest::qWaitForWindowExposed(&m_app->window()));
     m_tour = std::make_unique<TourContext>(m_app->app(), m_app->window());
 }
 
@@ -128,6 +129,16 @@ void TestAccessibility::everyControlIsNamedAndTabReachesIt()
             skipped.append(describe(control));
     }
     QVERIFY2(skipped.isEmpty(), qPrintable(u"Tab never reaches: "_s + skipped.join(u"; "_s)));
+
+    // A text area passes Tab on rather than typing it.
+    for (QQuickItem *control : std::as_const(controls)) {
+        if (!control->inherits("QQuickTextEdit") || !control->activeFocusOnTab())
+            continue;
+        control->forceActiveFocus(Qt::TabFocusReason);
+        QTRY_VERIFY(control->hasActiveFocus());
+        QTest::keyClick(&m_app->window(), Qt::Key_Tab);
+        QVERIFY2(!control->hasActiveFocus(), qPrintable(u"Tab is typed into "_s + describe(control)));
+    }
 }
 
 QTEST_MAIN(TestAccessibility)
