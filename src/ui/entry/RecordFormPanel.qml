@@ -533,6 +533,7 @@ Item {
                     required property string modelData
                     width: ListView.view.width
                     highlighted: modelData === root.listCurrent
+                    Accessible.name: modelData !== "" ? modelData : qsTr("None")
                     contentItem: Label {
                         text: parent.modelData
                         font.bold: true
