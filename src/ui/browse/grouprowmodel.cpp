@@ -44,7 +44,7 @@ QVariant GroupRowModel::data(const QModelIndex &index, int role) const
         return {};
     case AccessibleLabelRole:
         if (const GroupRow *row = m_pages.row(index.row()))
-            return tr("%1, %2", "a group's name and its record count read out").arg(m_names.at(index.row()), row->countText);
+            return tr("%1, records: %2", "a group's name (or year) and its record count read out").arg(m_names.at(index.row()), row->countText);
         return m_names.at(index.row());
     default:
         return {};
