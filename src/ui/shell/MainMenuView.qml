@@ -9,7 +9,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Platterbox"
+    title: qsTr("Platterbox")
     onAppeared: controller.viewWillAppear()
 
     MainMenuViewController {
@@ -62,7 +62,7 @@ ScreenPage {
                 Behavior on Layout.preferredWidth { NumberAnimation { duration: 300 } }
             }
             Label {
-                text: "Your vinyl collection"
+                text: qsTr("Your vinyl collection")
                 font.pixelSize: 16
                 color: "#555555"
                 Layout.alignment: Qt.AlignHCenter
@@ -84,7 +84,7 @@ ScreenPage {
 
             StyledButton {
                 objectName: "MenuControlButton"
-                text: controller.menuUnfolded ? "Close Menu" : "Menu"
+                text: controller.menuUnfolded ? qsTr("Close Menu") : qsTr("Menu")
                 borderColor: "red"
                 font.bold: true
                 Layout.fillWidth: true
