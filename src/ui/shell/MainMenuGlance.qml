@@ -1,12 +1,12 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Layouts
 import Platterbox
 
 // Beside the menu on a wide window: the collection's figures and the records added last,
-// each of which opens in the editor.
-ColumnLayout {
+// each of which opens in the editor. Positioners rather than layouts hold the repeated
+// tiles and rows: a layout meets delegates already gone while the window is taken down.
+Column {
     id: root
 
     required property MainMenuViewController controller
@@ -20,41 +20,41 @@ ColumnLayout {
         Accessible.role: Accessible.Heading
     }
 
-    GridLayout {
+    Grid {
         objectName: "GlanceFigures"
         columns: 2
-        rowSpacing: 10
-        columnSpacing: 10
-        Layout.fillWidth: true
+        spacing: 10
+        width: root.width
 
         Repeater {
             model: root.controller.figures
             delegate: Card {
                 id: tile
                 required property var modelData
-                implicitHeight: tileText.implicitHeight + 20
-                Layout.fillWidth: true
-                Layout.preferredWidth: 1
+                width: (root.width - 10) / 2
+                height: tileText.implicitHeight + 20
                 Accessible.role: Accessible.StaticText
                 Accessible.name: modelData.label + ": " + modelData.value
 
-                ColumnLayout {
+                Column {
                     id: tileText
-                    anchors.fill: parent
-                    anchors.margins: 10
+                    x: 10
+                    y: 10
+                    width: parent.width - 20
                     spacing: 2
                     Label {
                         text: tile.modelData.value
                         font.pixelSize: 22
                         font.bold: true
                         wrapMode: Text.Wrap
-                        Layout.fillWidth: true
+                        width: parent.width
                     }
                     Label {
                         text: tile.modelData.label
                         font.pixelSize: 13
                         color: "#555555"
-                        Layout.fillWidth: true
+                        wrapMode: Text.Wrap
+                        width: parent.width
                     }
                 }
             }
@@ -65,7 +65,7 @@ ColumnLayout {
         text: qsTr("Added Last")
         font.pixelSize: 17
         font.bold: true
-        Layout.topMargin: 8
+        topPadding: 8
         Accessible.role: Accessible.Heading
     }
     Label {
@@ -80,37 +80,37 @@ ColumnLayout {
             required property var modelData
             required property int index
             objectName: "RecentRecord" + index
-            Layout.fillWidth: true
+            width: root.width
             padding: 6
             Accessible.name: qsTr("%1 by %2").arg(modelData.album).arg(modelData.artist)
             onClicked: root.controller.openRecent(index)
 
             background: Card { hovered: row.hovered || row.visualFocus }
-            contentItem: RowLayout {
+            contentItem: Row {
                 spacing: 10
                 Image {
                     source: row.modelData.coverSource
                     sourceSize: Qt.size(48, 48)
                     fillMode: Image.PreserveAspectFit
                     asynchronous: true
-                    Layout.preferredWidth: 48
-                    Layout.preferredHeight: 48
+                    width: 48
+                    height: 48
                     Accessible.ignored: true
                 }
-                ColumnLayout {
-                    spacing: 0
-                    Layout.fillWidth: true
+                Column {
+                    width: row.availableWidth - 58
+                    anchors.verticalCenter: parent.verticalCenter
                     Label {
                         text: row.modelData.album
                         font.bold: true
                         wrapMode: Text.Wrap
-                        Layout.fillWidth: true
+                        width: parent.width
                     }
                     Label {
                         text: row.modelData.artist
                         color: "#555555"
                         wrapMode: Text.Wrap
-                        Layout.fillWidth: true
+                        width: parent.width
                     }
                 }
             }
