@@ -269,6 +269,13 @@
             <numerusform>%n Platten nach %1 geschrieben</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n cover</source>
+        <translation>
+            <numerusform>%n Cover</numerusform>
+            <numerusform>%n Cover</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ConditionFormScreen</name>
@@ -793,6 +800,20 @@
     </message>
     <message numerus="yes">
         <source>%Ln records are lent out, %1 overdue.</source>
+        <translation>
+            <numerusform>%Ln Platte ist verliehen, %1 überfällig.</numerusform>
+            <numerusform>%Ln Platten sind verliehen, %1 überfällig.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln record is lent out.</source>
+        <translation>
+            <numerusform>%Ln Platte ist verliehen.</numerusform>
+            <numerusform>%Ln Platten sind verliehen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln record is lent out, %1 overdue.</source>
         <translation>
             <numerusform>%Ln Platte ist verliehen, %1 überfällig.</numerusform>
             <numerusform>%Ln Platten sind verliehen, %1 überfällig.</numerusform>

@@ -10,8 +10,18 @@
 #include "store/translations.h"
 
 #include <QJsonDocument>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+// What scripts read is the same in every language and locale: the amounts and dates --json
+// writes as texts are written as in the United States.
+void useScriptLocale()
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+}
+} // namespace
 
 int demoCommand(CliContext &context)
 {
@@ -46,6 +56,7 @@ int statsCommand(CliContext &context)
     if (!context.openFolder())
         return CliBadInput;
     if (json) {
+        useScriptLocale();
         auto statistics = StatisticsQueries::compute(context.folder().persistentContainer());
         if (!statistics) {
             context.err << "platterbox: " << translated(statistics.errorMessage()) << "\n";
@@ -80,6 +91,7 @@ int loansCommand(CliContext &context)
     }
     const QDate today = QDate::currentDate();
     if (json) {
+        useScriptLocale();
         context.out << QJsonDocument(Loans::json(*out, today)).toJson(QJsonDocument::Indented);
         return CliOk;
     }

@@ -147,7 +147,8 @@ int lookupCommand(CliContext &context)
     const int coverCount = int(!covers->front.isNull()) + int(!covers->back.isNull());
     // "Added NAME with 12 tracks and 1 cover": each count with its own plural.
     context.out << Cli::tr("Added %1 with %n tracks and %2", nullptr, int(record->tracks.size()))
-                       .arg(LookedUp::nameOf(record->vinyl), Cli::tr("%n covers", nullptr, coverCount))
+                       .arg(LookedUp::nameOf(record->vinyl), coverCount == 1 ? Cli::tr("%n cover", nullptr, coverCount)
+                                                                            : Cli::tr("%n covers", nullptr, coverCount))
                 << "\n";
     return CliOk;
 }

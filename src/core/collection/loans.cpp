@@ -81,9 +81,13 @@ QString summary(const QList<LoanOut> &out, QDate today)
     if (out.isEmpty())
         return Text::tr("No record is lent out.");
     const auto overdue = std::count_if(out.cbegin(), out.cend(), [&](const LoanOut &o) { return isOverdue(o.loan, today); });
+    // English has no translation to choose its plural form, so the singular is a text of its own.
+    const int lent = int(out.size());
     if (overdue == 0)
-        return Text::tr("%Ln records are lent out.", nullptr, int(out.size()));
-    return Text::tr("%Ln records are lent out, %1 overdue.", nullptr, int(out.size())).arg(QLocale().toString(qint64(overdue)));
+        return lent == 1 ? Text::tr("%Ln record is lent out.", nullptr, lent) : Text::tr("%Ln records are lent out.", nullptr, lent);
+    const QString text = lent == 1 ? Text::tr("%Ln record is lent out, %1 overdue.", nullptr, lent)
+                                   : Text::tr("%Ln records are lent out, %1 overdue.", nullptr, lent);
+    return text.arg(QLocale().toString(qint64(overdue)));
 }
 
 QJsonArray json(const QList<LoanOut> &out, QDate today)
