@@ -182,10 +182,12 @@ private slots:
             const QQuickItem *shown = item(button.toMap().value(u"name"_s).toString());
             return shown && shown->height() > 0 && shown->height() == shown->implicitHeight();
         }));
+        // The menu itself; on a short desktop window the collection beside it may scroll.
         auto *flick = menu->findChild<QQuickItem *>(u"MenuFlickable"_s);
-        QVERIFY(flick);
-        QVERIFY2(flick->property("contentHeight").toReal() <= flick->height(),
-                 qPrintable(u"%1 > %2"_s.arg(flick->property("contentHeight").toReal()).arg(flick->height())));
+        auto *column = menu->findChild<QQuickItem *>(u"MenuColumn"_s);
+        QVERIFY(flick && column);
+        const qreal bottom = column->mapToItem(flick, QPointF(0, column->implicitHeight())).y();
+        QVERIFY2(bottom <= flick->height(), qPrintable(u"%1 > %2"_s.arg(bottom).arg(flick->height())));
     }
 
     void shortcutsPressTheButtonsOfTheScreenShown_data()

@@ -1,95 +1,19 @@
 // The screen tour: every screen of the app, with a sample collection loaded, as PNG files.
-#include "app/appshell.h"
-#include "shell/appdelegate.h"
-#include "shell/recordingplatformservices.h"
-#include "shell/screencontroller.h"
 #include "store/logging.h"
-#include "store/samplecollection.h"
 #include "store/translations.h"
 #include "tour.h"
 
 #include <QCursor>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QApplication>
-#include <QQmlApplicationEngine>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QSGRendererInterface>
-#include <QTemporaryDir>
 #include <QTimeZone>
 
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
-
-void TourContext::home()
-{
-    m_app.navigator()->unwind(u"unwindToMenu"_s);
-    settle(100);
-}
-
-void TourContext::show(const QString &screen)
-{
-    m_app.navigator()->show(screen);
-    settle();
-}
-
-QQuickItem *TourContext::topScreen()
-{
-    QObject *root = m_window.property("stack").value<QObject *>();
-    return root ? root->property("currentItem").value<QQuickItem *>() : nullptr;
-}
-
-ScreenController *TourContext::topController()
-{
-    QQuickItem *screen = topScreen();
-    return screen ? screen->findChild<ScreenController *>() : nullptr;
-}
-
-QObject *TourContext::find(const QString &objectName)
-{
-    QQuickItem *screen = topScreen();
-    return screen ? screen->findChild<QObject *>(objectName) : nullptr;
-}
-
-namespace {
-void collectCutTexts(QQuickItem *item, QStringList &cut)
-{
-    // What is hidden, see-through or folded away to nothing shows no text.
-    if (!item->isVisible() || item->opacity() <= 0 || item->width() < 1 || item->height() < 1)
-        return;
-    if (item->inherits("QQuickText") && item->property("truncated").toBool())
-        cut.append(u"text cut: \"%1\" (%2 px wide)"_s.arg(item->property("text").toString()).arg(item->width()));
-    // A grid of cards keeps its promised card width wherever it shows more than one column.
-    const QVariant cardWidth = item->property("cardWidth");
-    if (cardWidth.isValid() && item->property("columns").toInt() > 1) {
-        const qreal card = item->property("cellWidth").toReal() - 2 * item->property("cardInsetX").toReal();
-        if (card < cardWidth.toReal())
-            cut.append(u"%1: cards %2 px wide, under %3"_s.arg(item->objectName()).arg(card).arg(cardWidth.toReal()));
-    }
-    for (QQuickItem *child : item->childItems())
-        collectCutTexts(child, cut);
-}
-} // namespace
-
-QStringList TourContext::cutTexts()
-{
-    QStringList cut;
-    if (QQuickItem *screen = topScreen())
-        collectCutTexts(screen, cut);
-    cut.removeDuplicates();
-    return cut;
-}
-
-void TourContext::settle(int milliseconds)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < milliseconds)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-}
 
 int main(int argc, char *argv[])
 {
@@ -109,42 +33,14 @@ int main(int argc, char *argv[])
     const QString outDir = QApplication::arguments().value(1, u"build/tour"_s);
     QDir().mkpath(outDir);
 
-    QTemporaryDir data;
-    auto app = AppDelegate::create(data.path(), true, std::make_unique<RecordingPlatformServices>());
-    if (!app) {
-        fprintf(stderr, "tour: %s\n", qPrintable(app.errorMessage()));
+    TourApp tour;
+    if (!tour.errorMessage().isEmpty()) {
+        fprintf(stderr, "tour: %s\n", qPrintable(tour.errorMessage()));
         return 1;
     }
-    SampleOptions sample;
-    sample.records = 240;
-    sample.tracksPerRecord = 10;
-    sample.loansFrom = QDate::currentDate();
-    sample.wantlist = true;
-    if (auto r = addSampleCollection((*app)->persistentContainer(), sample); !r) {
-        fprintf(stderr, "tour: %s\n", qPrintable(r.errorMessage()));
-        return 1;
-    }
+    QQuickWindow *window = &tour.window();
 
-    QQmlApplicationEngine engine;
-    AppShell::prepareEngine(engine, **app);
-    engine.load(AppShell::mainQmlUrl());
-    auto *window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(engine.rootObjects().first());
-    if (!window) {
-        fprintf(stderr, "tour: the main window did not load\n");
-        return 1;
-    }
-
-    QList<TourStep> steps;
-    addShellSteps(steps);
-    addEntrySteps(steps);
-    addEntryListSteps(steps);
-    addLookupSteps(steps);
-    addBrowseSteps(steps);
-    addReportsSteps(steps);
-    addValuationSteps(steps);
-    addExchangeSteps(steps);
-    addFeedbackSteps(steps);
-    addStatsSteps(steps);
+    QList<TourStep> steps = tourSteps();
     // Work in progress is pictured once, at phone size, after every other screen: it grows the
     // collection.
     QList<TourStep> lastSteps;
@@ -181,7 +77,7 @@ int main(int argc, char *argv[])
     // The pointer rests outside the window, so no card shows the hover tint.
     QCursor::setPos(window->screen()->geometry().bottomRight());
 
-    TourContext context(**app, *window);
+    TourContext context(tour.app(), *window);
     int written = 0;
     int cut = 0;
     const auto picture = [&](const QDir &dir, const TourStep &step) {

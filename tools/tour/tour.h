@@ -1,13 +1,19 @@
 #pragma once
 
+#include "store/samplecollection.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
 
+#include <QTemporaryDir>
+
 #include <functional>
+#include <memory>
 
 class AppDelegate;
 class QObject;
+class QQmlApplicationEngine;
 class QQuickItem;
 class QQuickWindow;
 class ScreenController;
@@ -49,6 +55,31 @@ struct TourStep
     // False for a picture of work in progress: taken as soon as prepare returns.
     bool settleFirst = true;
 };
+
+// The collection the tour pictures.
+SampleOptions tourSample();
+
+// The app on a temporary data folder holding the tour's collection, and its main window.
+class TourApp
+{
+public:
+    TourApp();
+    ~TourApp();
+
+    // Empty when the app and its window are up.
+    [[nodiscard]] QString errorMessage() const { return m_error; }
+    AppDelegate &app() { return *m_app; }
+    QQuickWindow &window() { return *m_window; }
+
+private:
+    QTemporaryDir m_data;
+    std::unique_ptr<AppDelegate> m_app;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_window = nullptr;
+    QString m_error;
+};
+// Every screen at one width, in the order the tour takes them.
+QList<TourStep> tourSteps();
 
 // Each subsystem adds its screens in a file of its own.
 void addShellSteps(QList<TourStep> &steps);

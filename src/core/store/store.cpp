@@ -240,6 +240,10 @@ Result<BuiltQuery> buildSelect(const FetchRequest &request, const QString &selec
                 order << kTotalValueExpression + direction(key.ascending);
                 continue;
             }
+            if (key.attribute == Store::kAddedOrder) {
+                order << u"rowid"_s + direction(key.ascending);
+                continue;
+            }
             const Column *column = findColumn(request.entity, key.attribute);
             if (!column)
                 return Error{u"Unknown sort attribute "_s + key.attribute + u" of "_s + entityName(request.entity)};

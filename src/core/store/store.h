@@ -91,6 +91,8 @@ public:
     // A sort key that orders records by their total value, copies times value (an absent
     // number as 0), read from an index of its own like any other list order.
     static inline const QString kTotalValue = QStringLiteral("totalValue");
+    // A sort key that orders records as they were added: the store's row identity.
+    static inline const QString kAddedOrder = QStringLiteral("added");
 
     // The attributes a list searches; each has a case-folded copy (foldedColumn()) written with
     // every save and held in its list-order indexes, which Predicate::contains() reads.

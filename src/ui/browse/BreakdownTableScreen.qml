@@ -37,8 +37,8 @@ ScreenPage {
         },
         ToolbarButton {
             objectName: "ReportButton"
-            text: "Report"
-            toolTip: "Report of this list"
+            text: qsTr("Report")
+            toolTip: qsTr("Report of this list")
             shortcut: StandardKey.Print
             // Compact, so the title keeps its room beside four buttons.
             leftPadding: 4
@@ -78,7 +78,7 @@ ScreenPage {
         ProgressPanel {
             objectName: "ShareProgress"
             visible: root.controller.sharing
-            title: "Writing the PDF document"
+            title: qsTr("Writing the PDF document")
             countText: root.controller.shareProgressText
             value: root.controller.shareProgress
             Layout.fillWidth: true

@@ -9,7 +9,7 @@ ScreenPage {
     id: root
 
     readonly property var controllers: [artists, labels, producers, years]
-    readonly property var titles: ["Artists", "Record Labels", "Producers", "Years"]
+    readonly property var titles: [qsTr("Artists"), qsTr("Record Labels"), qsTr("Producers"), qsTr("Years")]
     property alias currentTab: bar.currentIndex
 
     title: titles[bar.currentIndex]
@@ -23,7 +23,7 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "SortButton"
-            text: "Sort"
+            text: qsTr("Sort")
             onClicked: root.controllers[bar.currentIndex].SortButtonTapped()
         }
     ]
@@ -51,9 +51,9 @@ ScreenPage {
             rightPadding: Adaptive.isNarrow(root.width) ? 4 : 12
         }
 
-        GroupTab { text: "Artist" }
-        GroupTab { text: "Label" }
-        GroupTab { text: "Producer" }
-        GroupTab { text: "Year" }
+        GroupTab { text: qsTr("Artist") }
+        GroupTab { text: qsTr("Label") }
+        GroupTab { text: qsTr("Producer") }
+        GroupTab { text: qsTr("Year") }
     }
 }

@@ -9,7 +9,12 @@ ItemDelegate {
 
     required property string nameLabel
     required property string countLabel
+    required property string accessibleLabel
     property string nameObjectName: "NameLabel"
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: accessibleLabel
+    FocusRing { control: root; gap: -4 }
 
     topPadding: 0
     bottomPadding: 0
@@ -33,6 +38,7 @@ ItemDelegate {
         spacing: 10
 
         Label {
+            Accessible.ignored: true
             objectName: root.nameObjectName
             text: root.nameLabel
             color: "black"
@@ -41,6 +47,7 @@ ItemDelegate {
             Layout.fillWidth: true
         }
         Label {
+            Accessible.ignored: true
             objectName: "CountLabel"
             text: root.countLabel
             color: "black"

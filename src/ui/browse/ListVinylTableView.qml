@@ -29,17 +29,17 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "SortButton"
-            text: "Sort"
+            text: qsTr("Sort")
             onClicked: controller.SortButtonTapped()
         },
         ToolbarButton {
             objectName: "SortMenuButton"
-            text: "Sort by"
+            text: qsTr("Sort by")
             onClicked: sortMenu.open()
 
             Menu {
                 id: sortMenu
-                title: "Sort Options"
+                title: qsTr("Sort Options")
                 y: parent.height
 
                 Repeater {
@@ -55,15 +55,15 @@ ScreenPage {
         },
         ToolbarButton {
             objectName: "TableButton"
-            text: controller.tableChosen ? "Cards" : "Table"
-            toolTip: controller.tableChosen ? "Show the records as cards" : "Show the records as a table"
+            text: controller.tableChosen ? qsTr("Cards") : qsTr("Table")
+            toolTip: controller.tableChosen ? qsTr("Show the records as cards") : qsTr("Show the records as a table")
             visible: Adaptive.isDesktop(root.width)
             onClicked: controller.tableChosen = !controller.tableChosen
         },
         ToolbarButton {
             objectName: "ReportButton"
-            text: "Report"
-            toolTip: "Report of this list"
+            text: qsTr("Report")
+            toolTip: qsTr("Report of this list")
             shortcut: StandardKey.Print
             // Compact, so the title keeps its room beside four buttons.
             leftPadding: 4
@@ -75,7 +75,8 @@ ScreenPage {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
-            toolTip: "Add a record"
+            toolTip: qsTr("Add a record")
+            Accessible.name: qsTr("Add record")
             shortcut: StandardKey.New
             enabled: controller.canAdd
             onClicked: controller.addButtonTapped()

@@ -18,6 +18,7 @@ SwipeRow {
     required property string loanLabel
     required property string loanBadge
     required property bool loanOverdue
+    required property string accessibleLabel
 
     signal picked()
 
@@ -28,6 +29,8 @@ SwipeRow {
     insetX: 8
     insetY: 4
 
+    itemName: nameLabel
+    Accessible.name: accessibleLabel
     onClicked: picked()
 
     // Inset by hand: the card is the moving part of the swipe.
@@ -47,6 +50,8 @@ SwipeRow {
 
         Image {
             objectName: "FrontCoverImage"
+            Accessible.role: Accessible.Graphic
+            Accessible.name: qsTr("Front cover of %1").arg(root.nameLabel)
             source: root.coverSource
             sourceSize: Qt.size(100, 100)
             fillMode: Image.PreserveAspectFit
@@ -86,6 +91,7 @@ SwipeRow {
 
             // A long line goes on in a second line rather than being cut.
             component CardLine: Label {
+                Accessible.ignored: true
                 font.pixelSize: 12
                 color: "black"
                 wrapMode: Text.Wrap

@@ -115,6 +115,7 @@ FocusScope {
 
                     Accessible.role: Accessible.ColumnHeader
                     Accessible.name: modelData
+                    Accessible.onPressAction: root.headerClicked(headerCell.index)
 
                     Label {
                         id: headerText
@@ -209,7 +210,10 @@ FocusScope {
 
             required property int index
             required property var cells
+            required property string accessibleLabel
 
+            itemName: cells[0] || ""
+            Accessible.name: accessibleLabel
             width: list.width
             height: root.rowHeight
             padding: 0
@@ -249,6 +253,7 @@ FocusScope {
 
                             required property int index
 
+                            Accessible.ignored: true
                             width: root.widths[index] || 0
                             height: row.height
                             leftPadding: root.cellPadding

@@ -22,7 +22,7 @@ void GroupRowModel::updateCounts()
     if (m_names.isEmpty())
         return;
     m_pages.invalidate();
-    emit dataChanged(index(0), index(rowCount() - 1), {CountLabelRole});
+    emit dataChanged(index(0), index(rowCount() - 1), {CountLabelRole, AccessibleLabelRole});
 }
 
 int GroupRowModel::rowCount(const QModelIndex &parent) const
@@ -42,6 +42,10 @@ QVariant GroupRowModel::data(const QModelIndex &index, int role) const
         if (const GroupRow *row = m_pages.row(index.row()))
             return row->countText;
         return {};
+    case AccessibleLabelRole:
+        if (const GroupRow *row = m_pages.row(index.row()))
+            return tr("%1, records: %2", "a group's name (or year) and its record count read out").arg(m_names.at(index.row()), row->countText);
+        return m_names.at(index.row());
     default:
         return {};
     }
@@ -49,5 +53,5 @@ QVariant GroupRowModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> GroupRowModel::roleNames() const
 {
-    return {{NameLabelRole, "nameLabel"}, {CountLabelRole, "countLabel"}};
+    return {{NameLabelRole, "nameLabel"}, {CountLabelRole, "countLabel"}, {AccessibleLabelRole, "accessibleLabel"}};
 }

@@ -24,7 +24,8 @@ class GroupRowModel : public QAbstractListModel
     QML_UNCREATABLE("Group rows belong to their list screen")
 
 public:
-    enum Roles { NameLabelRole = Qt::UserRole + 1, CountLabelRole };
+    // AccessibleLabelRole: the row as one sentence for a screen reader, name and count.
+    enum Roles { NameLabelRole = Qt::UserRole + 1, CountLabelRole, AccessibleLabelRole };
 
     explicit GroupRowModel(QObject *parent = nullptr);
 

@@ -114,6 +114,16 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
         return m_loanMarks.value(card.rowId).label;
     case LoanOverdueRole:
         return m_loanMarks.value(card.rowId).overdue;
+    case AccessibleLabelRole: {
+        QStringList parts;
+        // A card's lines space their parts twice, which a reader need not hear.
+        for (const QString &line : {card.nameLabel, card.releaseDateLabel, card.producerLabel, card.costLabel,
+                                    card.speedLabel, m_loanMarks.value(card.rowId).label}) {
+            if (!line.trimmed().isEmpty())
+                parts.append(line.simplified());
+        }
+        return parts.join(tr(", ", "between the parts of a record card read out"));
+    }
     case LoanBadgeRole: {
         const auto mark = m_loanMarks.constFind(card.rowId);
         if (mark == m_loanMarks.cend())
@@ -139,5 +149,6 @@ QHash<int, QByteArray> RecordCardModel::roleNames() const
         {LoanLabelRole, "loanLabel"},
         {LoanBadgeRole, "loanBadge"},
         {LoanOverdueRole, "loanOverdue"},
+        {AccessibleLabelRole, "accessibleLabel"},
     };
 }

@@ -36,6 +36,9 @@ public:
         // What the card's cover says of it: "On Loan", "Overdue" or nothing.
         LoanBadgeRole,
         LoanOverdueRole,
+        // The whole card as one sentence for a screen reader: album, date, producer, cost,
+        // speed and the loan.
+        AccessibleLabelRole,
     };
 
     explicit RecordCardModel(QObject *parent = nullptr);

@@ -9,19 +9,8 @@
 
 void RecordListController::openRecord(qint64 rowId, const QString &origin)
 {
-    auto record = app()->persistentContainer().vinylByRowId(rowId);
-    if (!record) {
-        showAlert(kStoreErrorTitle, record.errorMessage());
-        return;
-    }
-    if (!record.value()) {
-        showAlert(BrowseTexts::kRecordNotFoundTitle, BrowseTexts::kRecordNotFoundMessage);
+    if (!openInEditor(rowId, origin))
         reloadRecords();
-        return;
-    }
-    app()->state()->setCurrentRecord(**record);
-    app()->state()->setOriginScreen(origin);
-    app()->navigator()->show(BrowseTexts::kEditScreen);
 }
 
 bool RecordListController::deleteRecord(qint64 rowId)

@@ -19,9 +19,8 @@ public:
     using ScreenController::ScreenController;
 
 protected:
-    // Opens the record in the editor, coming from the list named origin. Every field is
-    // copied, whether or not a search is active, so the editor shows the record picked and
-    // nothing of the one before. A record that is gone is said so, and the list reloads.
+    // Opens the record in the editor, coming from the list named origin, whether or not a
+    // search is active. A record that is gone is said so, and the list reloads.
     void openRecord(qint64 rowId, const QString &origin);
     // Deletes the record in its own transaction and forgets its covers; false, with the
     // alert shown, when the store refused.

@@ -6,7 +6,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Add Record"
+    title: qsTr("Add Record")
     onAppeared: controller.viewWillAppear()
     sheetOpen: form.sheet !== ""
     onCloseSheetRequested: form.closeSheets()
@@ -14,12 +14,12 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "LookUpButton"
-            text: "Look Up"
+            text: qsTr("Look Up")
             onClicked: lookup.open()
         },
         ToolbarButton {
             objectName: "SaveNewVinylButton"
-            text: "Save"
+            text: qsTr("Save")
             shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.SaveNewVinylButtonClicked()

@@ -16,7 +16,7 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "SaveButton"
-            text: "Save"
+            text: qsTr("Save")
             shortcut: StandardKey.Save
             onClicked: root.controller.SaveCondition()
         }
@@ -31,6 +31,7 @@ ScreenPage {
 
         Label { text: "Condition"; color: "red" }
         TextField {
+            Accessible.name: qsTr("Condition")
             objectName: "ConditionTextField"
             text: root.controller.condition
             onTextEdited: root.controller.condition = text

@@ -22,14 +22,14 @@ ScreenPage {
             objectName: "SortButton"
             text: "\u21C5"
             font.pixelSize: 20
-            Accessible.name: "Sort"
+            Accessible.name: qsTr("Sort")
             onClicked: root.controller.SortButtonTapped()
         },
         ToolbarButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
-            Accessible.name: "Add Condition"
+            Accessible.name: qsTr("Add Condition")
             shortcut: StandardKey.New
             onClicked: root.controller.AddButtonTapped()
         }
@@ -67,6 +67,8 @@ ScreenPage {
                 required property int index
                 required property string conditionLabel
 
+                itemName: conditionLabel
+                Accessible.name: conditionLabel
                 width: list.cellWidth
                 height: list.cellHeight
                 insetX: list.cardInsetX
@@ -80,6 +82,7 @@ ScreenPage {
                 contentItem: Card {
                     hovered: row.hovered
                     Label {
+                        Accessible.ignored: true
                         anchors.fill: parent
                         anchors.leftMargin: 14
                         anchors.rightMargin: 14

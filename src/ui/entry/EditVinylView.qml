@@ -8,7 +8,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Edit Record"
+    title: qsTr("Edit Record")
     onAppeared: controller.viewWillAppear()
     sheetOpen: form.sheet !== ""
     onCloseSheetRequested: form.closeSheets()
@@ -21,17 +21,17 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "ShareButton"
-            text: "Share"
+            text: qsTr("Share")
             onClicked: controller.shareButtonClicked()
         },
         ToolbarButton {
             objectName: "LookUpButton"
-            text: "Look Up"
+            text: qsTr("Look Up")
             onClicked: lookup.open()
         },
         ToolbarButton {
             objectName: "SaveVinylButton"
-            text: "Save"
+            text: qsTr("Save")
             shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.SaveVinylButtonClicked()
@@ -79,21 +79,21 @@ ScreenPage {
                 spacing: 10
                 StyledButton {
                     objectName: "TracksButton"
-                    text: "Tracks"
+                    text: qsTr("Tracks")
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
                     onClicked: controller.TracksButtonClicked()
                 }
                 StyledButton {
                     objectName: "NotesButton"
-                    text: "Notes"
+                    text: qsTr("Notes")
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
                     onClicked: controller.NotesButtonClicked()
                 }
                 StyledButton {
                     objectName: "ZoomButton"
-                    text: "Zoom"
+                    text: qsTr("Zoom")
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
                     onClicked: controller.TapFrontImage()

@@ -14,7 +14,7 @@ ColumnLayout {
     spacing: 4
 
     Label {
-        text: "Loans"
+        text: qsTr("Loans")
         color: "#555555"
         font.pixelSize: 13
     }
@@ -23,7 +23,7 @@ ColumnLayout {
         spacing: 10
         Label {
             objectName: "LoanStatus"
-            text: root.controller.onLoan ? root.controller.loanStatus : "In the collection"
+            text: root.controller.onLoan ? root.controller.loanStatus : qsTr("In the collection")
             color: root.controller.overdue ? "#b3261e" : (root.controller.onLoan ? "black" : "#999999")
             font.pixelSize: 15
             font.bold: root.controller.onLoan
@@ -32,7 +32,7 @@ ColumnLayout {
         }
         StyledButton {
             objectName: root.controller.onLoan ? "ReturnedButton" : "LendButton"
-            text: root.controller.onLoan ? "Returned" : "Lend\u2026"
+            text: root.controller.onLoan ? qsTr("Returned") : qsTr("Lend\u2026")
             implicitHeight: 40
             onClicked: root.controller.onLoan ? root.controller.returned() : lendDialog.open()
         }
@@ -52,7 +52,7 @@ ColumnLayout {
     Dialog {
         id: lendDialog
         objectName: "LendDialog"
-        title: "Lend Record"
+        title: qsTr("Lend Record")
         modal: true
         parent: Overlay.overlay
         anchors.centerIn: parent
@@ -76,29 +76,33 @@ ColumnLayout {
             columns: 2
             columnSpacing: 10
             rowSpacing: 8
-            Label { text: "To" }
+            Label { text: qsTr("To") }
             ComboBox {
+                Accessible.name: qsTr("Lent to")
                 id: borrower
                 objectName: "BorrowerField"
                 editable: true
                 model: root.controller.borrowers
                 Layout.fillWidth: true
             }
-            Label { text: "Since" }
+            Label { text: qsTr("Since") }
             TextField {
+                Accessible.name: qsTr("Since")
                 id: lent
                 objectName: "LentField"
                 Layout.fillWidth: true
             }
-            Label { text: "Due back" }
+            Label { text: qsTr("Due back") }
             TextField {
+                Accessible.name: qsTr("Due back")
                 id: due
                 objectName: "DueField"
-                placeholderText: "Optional"
+                placeholderText: qsTr("Optional")
                 Layout.fillWidth: true
             }
-            Label { text: "Note" }
+            Label { text: qsTr("Note") }
             TextField {
+                Accessible.name: qsTr("Note")
                 id: note
                 objectName: "LoanNoteField"
                 Layout.fillWidth: true

@@ -46,13 +46,13 @@ Popup {
                     anchors.horizontalCenter: parent.horizontalCenter
                     anchors.bottom: parent.bottom
                     anchors.bottomMargin: 24
-                    text: "Hold the barcode on the sleeve in view"
+                    text: qsTr("Hold the barcode on the sleeve in view")
                     color: "white"
                     font.pixelSize: 16
                 }
             }
             StyledButton {
-                text: "Cancel"
+                text: qsTr("Cancel")
                 Layout.fillWidth: true
                 Layout.margins: 16
                 onClicked: root.close()

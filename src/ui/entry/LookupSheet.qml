@@ -38,8 +38,8 @@ Popup {
 
     FileDialog {
         id: photoDialog
-        title: "Choose a Photo of the Barcode"
-        nameFilters: ["Pictures (*.jpg *.jpeg *.png *.webp *.bmp)", "All files (*)"]
+        title: qsTr("Choose a Photo of the Barcode")
+        nameFilters: [qsTr("Pictures (*.jpg *.jpeg *.png *.webp *.bmp)"), qsTr("All files (*)")]
         onAccepted: sheet.PhotoChosen(selectedFile)
     }
 
@@ -62,14 +62,14 @@ Popup {
                 anchors.leftMargin: 16
                 anchors.rightMargin: 8
                 Label {
-                    text: "Look Up"
+                    text: qsTr("Look Up")
                     font.pixelSize: 18
                     font.bold: true
                     Layout.fillWidth: true
                 }
                 ToolbarButton {
                     objectName: "LookupCancelButton"
-                    text: "Cancel"
+                    text: qsTr("Cancel")
                     onClicked: root.close()
                 }
             }
@@ -84,10 +84,11 @@ Popup {
                 Layout.fillWidth: true
                 spacing: 8
                 TextField {
+                    Accessible.name: placeholderText
                     id: queryField
                     objectName: "LookupQueryField"
                     Layout.fillWidth: true
-                    placeholderText: "Barcode, catalog number or Artist - Title"
+                    placeholderText: qsTr("Barcode, catalog number or Artist - Title")
                     inputMethodHints: Qt.ImhNoPredictiveText
                     text: sheet.query
                     onTextEdited: sheet.query = text
@@ -95,7 +96,7 @@ Popup {
                 }
                 StyledButton {
                     objectName: "LookupSearchButton"
-                    text: "Search"
+                    text: qsTr("Search")
                     implicitHeight: 44
                     enabled: sheet.query.trim() !== ""
                     onClicked: sheet.Search()
@@ -106,7 +107,7 @@ Popup {
                 spacing: 8
                 StyledButton {
                     objectName: "LookupScanButton"
-                    text: "Scan"
+                    text: qsTr("Scan")
                     visible: sheet.canScan
                     implicitHeight: 44
                     Layout.fillWidth: true
@@ -115,7 +116,7 @@ Popup {
                 }
                 StyledButton {
                     objectName: "LookupPhotoButton"
-                    text: "Choose Photo…"
+                    text: qsTr("Choose Photo…")
                     implicitHeight: 44
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
@@ -168,7 +169,9 @@ Popup {
                     required property string artist
                     required property string details
                     required property string coverSource
+                    required property string accessibleLabel
                     width: ListView.view.width
+                    Accessible.name: accessibleLabel
                     onClicked: sheet.CandidateChosen(index)
                     contentItem: RowLayout {
                         spacing: 12
@@ -179,6 +182,8 @@ Popup {
                             color: "#eeeeee"
                             radius: 4
                             Image {
+                                Accessible.role: Accessible.Graphic
+                                Accessible.name: qsTr("Front cover of %1").arg(row.title)
                                 anchors.fill: parent
                                 fillMode: Image.PreserveAspectFit
                                 source: row.coverSource
@@ -189,6 +194,7 @@ Popup {
                             Layout.fillWidth: true
                             spacing: 2
                             Label {
+                                Accessible.ignored: true
                                 text: row.title
                                 font.bold: true
                                 font.pixelSize: 16
@@ -196,12 +202,14 @@ Popup {
                                 Layout.fillWidth: true
                             }
                             Label {
+                                Accessible.ignored: true
                                 text: row.artist
                                 font.pixelSize: 15
                                 wrapMode: Text.Wrap
                                 Layout.fillWidth: true
                             }
                             Label {
+                                Accessible.ignored: true
                                 text: row.details
                                 font.pixelSize: 13
                                 color: "#666666"
@@ -224,7 +232,7 @@ Popup {
                     width: parent.width - 32
                     spacing: 12
                     Label {
-                        text: "Already in the Collection?"
+                        text: qsTr("Already in the Collection?")
                         font.bold: true
                         font.pixelSize: 17
                     }
@@ -237,19 +245,19 @@ Popup {
                     }
                     StyledButton {
                         objectName: "LookupAddCopyButton"
-                        text: "Raise Its Quantity by One"
+                        text: qsTr("Raise Its Quantity by One")
                         Layout.fillWidth: true
                         onClicked: sheet.AddCopyButtonClicked()
                     }
                     StyledButton {
                         objectName: "LookupAddSeparateButton"
-                        text: "Add as a Separate Record"
+                        text: qsTr("Add as a Separate Record")
                         Layout.fillWidth: true
                         onClicked: sheet.AddSeparateButtonClicked()
                     }
                     StyledButton {
                         objectName: "LookupDuplicateCancelButton"
-                        text: "Cancel"
+                        text: qsTr("Cancel")
                         Layout.fillWidth: true
                         onClicked: sheet.BackToCandidates()
                     }
@@ -267,7 +275,7 @@ Popup {
                     width: parent.width - 32
                     spacing: 8
                     Label {
-                        text: "Fill In What Is Empty"
+                        text: qsTr("Fill In What Is Empty")
                         font.bold: true
                         font.pixelSize: 17
                         visible: sheet.changes.length > 0
@@ -297,14 +305,14 @@ Popup {
                         spacing: 10
                         StyledButton {
                             objectName: "LookupBackButton"
-                            text: "Back"
+                            text: qsTr("Back")
                             Layout.fillWidth: true
                             Layout.preferredWidth: 1
                             onClicked: sheet.BackToCandidates()
                         }
                         StyledButton {
                             objectName: "LookupFillInButton"
-                            text: "Fill In"
+                            text: qsTr("Fill In")
                             font.bold: true
                             visible: sheet.changes.length > 0
                             Layout.fillWidth: true

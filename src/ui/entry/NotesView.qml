@@ -6,13 +6,13 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Notes"
+    title: qsTr("Notes")
     onAppeared: controller.viewWillAppear()
 
     actions: [
         ToolbarButton {
             objectName: "SaveVinylButton"
-            text: "Save"
+            text: qsTr("Save")
             shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.SaveVinylButtonClicked()
@@ -47,6 +47,10 @@ ScreenPage {
         anchors.bottomMargin: 16 + (Qt.inputMethod.visible ? Qt.inputMethod.keyboardRectangle.height : 0)
 
         TextArea {
+            Accessible.name: qsTr("Notes")
+            // Tab moves on to the next control rather than typing a tab.
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
             id: notes
             objectName: "NotesTextView"
             WheelScroller { view: notesScroller.contentItem }

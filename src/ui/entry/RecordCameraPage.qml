@@ -55,7 +55,7 @@ Popup {
                 Layout.fillWidth: true
                 Layout.margins: 16
                 StyledButton {
-                    text: "Cancel"
+                    text: qsTr("Cancel")
                     Layout.fillWidth: true
                     onClicked: {
                         root.close()
@@ -63,7 +63,7 @@ Popup {
                     }
                 }
                 StyledButton {
-                    text: "Take Photo"
+                    text: qsTr("Take Photo")
                     font.bold: true
                     Layout.fillWidth: true
                     enabled: imageCapture.readyForCapture

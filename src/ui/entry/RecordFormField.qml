@@ -35,6 +35,7 @@ ColumnLayout {
     }
 
     TextField {
+        Accessible.name: root.caption
         id: input
         objectName: root.objectName + "Input"
         Layout.fillWidth: true
@@ -44,6 +45,8 @@ ColumnLayout {
         topPadding: 8
         bottomPadding: 8
         readOnly: root.picker
+        // A picker opens from the keyboard too.
+        Keys.onSpacePressed: (event) => { event.accepted = root.picker; if (root.picker) root.tapped() }
         inputMethodHints: root.inputHints
         background: Rectangle {
             radius: 5
@@ -81,7 +84,7 @@ ColumnLayout {
             width: 40
             height: 40
             text: "\u2715"
-            Accessible.name: "Clear"
+            Accessible.name: qsTr("Clear")
             onClicked: root.cleared()
         }
     }

@@ -99,8 +99,8 @@ Item {
 
     FileDialog {
         id: fileDialog
-        title: "Choose a Cover Picture"
-        nameFilters: ["Pictures (*.jpg *.jpeg *.png)", "All files (*)"]
+        title: qsTr("Choose a Cover Picture")
+        nameFilters: [qsTr("Pictures (*.jpg *.jpeg *.png)"), qsTr("All files (*)")]
         onAccepted: root.controller.documentPicked(selectedFile)
     }
 
@@ -143,8 +143,8 @@ Item {
                 columnSpacing: 12
                 Repeater {
                     model: [
-                        { front: true, caption: "Front Cover" },
-                        { front: false, caption: "Back Cover" }
+                        { front: true, caption: qsTr("Front Cover") },
+                        { front: false, caption: qsTr("Back Cover") }
                     ]
                     delegate: ColumnLayout {
                         id: cover
@@ -168,6 +168,8 @@ Item {
                             border.color: "#999999"
                             color: "#f4f4f4"
                             Image {
+                                Accessible.role: Accessible.Graphic
+                                Accessible.name: cover.modelData.caption
                                 anchors.fill: parent
                                 anchors.margins: 2
                                 fillMode: Image.PreserveAspectFit
@@ -178,7 +180,7 @@ Item {
                             Label {
                                 anchors.centerIn: parent
                                 visible: !(cover.front ? root.controller.hasFrontImage : root.controller.hasBackImage)
-                                text: "No Picture"
+                                text: qsTr("No Picture")
                                 color: "#999999"
                             }
                             TapHandler {
@@ -192,10 +194,10 @@ Item {
                             Layout.fillWidth: true
                             Repeater {
                                 model: [
-                                    { caption: "Paste", name: "PasteButton" },
-                                    { caption: "Camera", name: "CameraButton" },
-                                    { caption: "Folder", name: "FolderButton" },
-                                    { caption: "Remove", name: "RemoveButton" }
+                                    { caption: qsTr("Paste"), name: "PasteButton" },
+                                    { caption: qsTr("Camera"), name: "CameraButton" },
+                                    { caption: qsTr("Folder"), name: "FolderButton" },
+                                    { caption: qsTr("Remove"), name: "RemoveButton" }
                                 ]
                                 delegate: StyledButton {
                                     required property var modelData
@@ -203,6 +205,7 @@ Item {
                                     objectName: !cover.front && root.addScreen && modelData.name === "FolderButton"
                                                 ? "RearFolderButtom" : (cover.front ? "Front" : "Rear") + modelData.name
                                     text: modelData.caption
+                                    Accessible.name: qsTr("%1: %2").arg(cover.modelData.caption, modelData.caption)
                                     font.pixelSize: 14
                                     implicitHeight: 38
                                     Layout.fillWidth: true
@@ -238,14 +241,14 @@ Item {
 
             RecordFormField {
                 objectName: "AlbumNameTextField"
-                caption: "Album Name"
+                caption: qsTr("Album Name")
                 required: true
                 value: root.controller.albumName
                 onEdited: (t) => root.controller.albumName = t
             }
             RecordFormField {
                 objectName: "ArtistTextField"
-                caption: "Artist"
+                caption: qsTr("Artist")
                 required: true
                 value: root.controller.artist
                 onEdited: (t) => root.controller.artist = t
@@ -253,17 +256,17 @@ Item {
             RecordFormField {
                 id: releaseDateField
                 objectName: "ReleaseDateTextField"
-                caption: "Release Date"
+                caption: qsTr("Release Date")
                 picker: true
                 clearable: true
-                placeholderText: "Tap to choose"
+                placeholderText: qsTr("Tap to choose")
                 value: root.controller.releaseDate
                 onTapped: root.openDate(releaseDateField)
                 onCleared: root.controller.clearReleaseDate()
             }
             RecordFormField {
                 objectName: "RecordLabelTextField"
-                caption: "Record Label"
+                caption: qsTr("Record Label")
                 required: root.labelRequired
                 value: root.controller.recordLabel
                 onEdited: (t) => root.controller.recordLabel = t
@@ -273,7 +276,7 @@ Item {
                 spacing: 12
                 RecordFormField {
                     objectName: "QuantityTextField"
-                    caption: "Quantity"
+                    caption: qsTr("Quantity")
                     inputHints: Qt.ImhDigitsOnly
                     value: root.controller.quantity
                     accepts: (before, after) => root.controller.quantityEditAccepted(before, after)
@@ -282,7 +285,7 @@ Item {
                 }
                 RecordFormField {
                     objectName: "RecordLengthTextField"
-                    caption: "Run Length (min)"
+                    caption: qsTr("Run Length (min)")
                     inputHints: Qt.ImhFormattedNumbersOnly
                     value: root.controller.recordLength
                     accepts: (before, after) => root.controller.decimalEditAccepted(before, after)
@@ -292,13 +295,13 @@ Item {
             }
             RecordFormField {
                 objectName: "ProducerTextField"
-                caption: "Producer"
+                caption: qsTr("Producer")
                 value: root.controller.producer
                 onEdited: (t) => root.controller.producer = t
             }
             RecordFormField {
                 objectName: "BarcodeTextField"
-                caption: "Barcode"
+                caption: qsTr("Barcode")
                 inputHints: Qt.ImhDigitsOnly
                 value: root.controller.barcode
                 accepts: (before, after) => root.controller.barcodeEditAccepted(before, after)
@@ -310,21 +313,21 @@ Item {
                 RecordFormField {
                     id: vinylConditionField
                     objectName: "VinylConditionTextField"
-                    caption: "Vinyl Condition"
+                    caption: qsTr("Vinyl Condition")
                     picker: true
                     value: root.controller.vinylCondition
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(vinylConditionField, "Vinyl Condition", root.controller.ListOfVinylConditions,
+                    onTapped: root.openList(vinylConditionField, qsTr("Vinyl Condition"), root.controller.ListOfVinylConditions,
                                             (t) => root.controller.vinylCondition = t)
                 }
                 RecordFormField {
                     id: coverConditionField
                     objectName: "CoverConditionTextField"
-                    caption: "Cover Condition"
+                    caption: qsTr("Cover Condition")
                     picker: true
                     value: root.controller.coverCondition
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(coverConditionField, "Cover Condition", root.controller.ListOfCoverConditions,
+                    onTapped: root.openList(coverConditionField, qsTr("Cover Condition"), root.controller.ListOfCoverConditions,
                                             (t) => root.controller.coverCondition = t)
                 }
             }
@@ -334,21 +337,21 @@ Item {
                 RecordFormField {
                     id: speedField
                     objectName: "RecordSpeedTextField"
-                    caption: "Record Speed"
+                    caption: qsTr("Record Speed")
                     picker: true
                     value: root.controller.recordSpeed
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(speedField, "Record Speed", root.controller.ListOfRecordSpeeds,
+                    onTapped: root.openList(speedField, qsTr("Record Speed"), root.controller.ListOfRecordSpeeds,
                                             (t) => root.controller.recordSpeed = t)
                 }
                 RecordFormField {
                     id: singleDoubleField
                     objectName: root.addScreen ? "DoubleSingleTextField" : "SingleDoubleTextField"
-                    caption: "Single/Double"
+                    caption: qsTr("Single/Double")
                     picker: true
                     value: root.controller.doubleAlbum
                     Layout.preferredWidth: 1
-                    onTapped: root.openList(singleDoubleField, "Single/Double", root.controller.ListOfSingleDouble,
+                    onTapped: root.openList(singleDoubleField, qsTr("Single/Double"), root.controller.ListOfSingleDouble,
                                             (t) => root.controller.doubleAlbum = t)
                 }
             }
@@ -357,7 +360,7 @@ Item {
                 spacing: 12
                 RecordFormField {
                     objectName: "CostTextField"
-                    caption: "Cost"
+                    caption: qsTr("Cost")
                     inputHints: Qt.ImhFormattedNumbersOnly
                     value: root.controller.cost
                     accepts: (before, after) => root.controller.decimalEditAccepted(before, after)
@@ -366,7 +369,7 @@ Item {
                 }
                 RecordFormField {
                     objectName: "ValueTextField"
-                    caption: "Est. Value"
+                    caption: qsTr("Est. Value")
                     inputHints: Qt.ImhFormattedNumbersOnly
                     value: root.controller.value
                     accepts: (before, after) => root.controller.decimalEditAccepted(before, after)
@@ -381,11 +384,15 @@ Item {
             }
 
             Label {
-                text: "Notes"
+                text: qsTr("Notes")
                 color: "#555555"
                 font.pixelSize: 13
             }
             TextArea {
+                Accessible.name: qsTr("Notes")
+                // Tab moves on to the next control rather than typing a tab.
+                Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 id: notes
                 objectName: "NotesTextView"
                 Layout.fillWidth: true
@@ -435,7 +442,7 @@ Item {
                 Layout.topMargin: 6
                 spacing: 2
                 Label {
-                    text: "Tracks, stored when the record is saved"
+                    text: qsTr("Tracks, stored when the record is saved")
                     color: "#555555"
                     font.pixelSize: 13
                 }
@@ -503,7 +510,7 @@ Item {
                         Layout.fillWidth: true
                     }
                     ToolButton {
-                        text: "Done"
+                        text: qsTr("Done")
                         font.bold: true
                         onClicked: root.closeSheets()
                     }
@@ -511,7 +518,7 @@ Item {
             }
             Label {
                 visible: root.listEntries.length === 0
-                text: "No entries"
+                text: qsTr("No entries")
                 color: "#999999"
                 Layout.alignment: Qt.AlignHCenter
                 Layout.topMargin: 24
@@ -526,6 +533,7 @@ Item {
                     required property string modelData
                     width: ListView.view.width
                     highlighted: modelData === root.listCurrent
+                    Accessible.name: modelData !== "" ? modelData : qsTr("None")
                     contentItem: Label {
                         text: parent.modelData
                         font.bold: true

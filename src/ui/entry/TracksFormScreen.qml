@@ -16,7 +16,7 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "SaveButton"
-            text: "Save"
+            text: qsTr("Save")
             shortcut: StandardKey.Save
             onClicked: root.controller.SaveTrack()
         }
@@ -31,6 +31,7 @@ ScreenPage {
 
         Label { text: "Track #"; color: "#555555" }
         TextField {
+            Accessible.name: qsTr("Track #")
             objectName: "TrackNumberTextField"
             text: root.controller.trackNumber
             inputMethodHints: Qt.ImhFormattedNumbersOnly
@@ -39,6 +40,7 @@ ScreenPage {
         }
         Label { text: "Song"; color: "red" }
         TextField {
+            Accessible.name: qsTr("Song")
             objectName: "SongTextField"
             text: root.controller.song
             onTextEdited: root.controller.song = text
@@ -46,6 +48,7 @@ ScreenPage {
         }
         Label { text: "Duration"; color: "#555555" }
         TextField {
+            Accessible.name: qsTr("Duration")
             objectName: "DurationTextField"
             text: root.controller.duration
             inputMethodHints: Qt.ImhFormattedNumbersOnly
@@ -54,6 +57,7 @@ ScreenPage {
         }
         Label { text: "Written By"; color: "#555555" }
         TextField {
+            Accessible.name: qsTr("Written By")
             objectName: "WrittenByTextField"
             text: root.controller.writtenBy
             onTextEdited: root.controller.writtenBy = text

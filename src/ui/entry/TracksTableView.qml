@@ -8,7 +8,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Tracks"
+    title: qsTr("Tracks")
 
     TracksTableViewController {
         id: controller
@@ -23,14 +23,14 @@ ScreenPage {
             objectName: "SortButton"
             text: "\u21C5"
             font.pixelSize: 20
-            Accessible.name: "Sort"
+            Accessible.name: qsTr("Sort")
             onClicked: controller.SortButtonTapped()
         },
         ToolbarButton {
             objectName: "AddButton"
             text: "+"
             font.pixelSize: 24
-            Accessible.name: "Add Track"
+            Accessible.name: qsTr("Add Track")
             shortcut: StandardKey.New
             onClicked: controller.AddButtonTapped()
         }
@@ -69,7 +69,10 @@ ScreenPage {
                 required property string trackNumberLabel
                 required property string durationLabel
                 required property string writtenByLabel
+                required property string accessibleLabel
 
+                itemName: songLabel
+                Accessible.name: accessibleLabel
                 width: list.cellWidth
                 height: list.cellHeight
                 insetX: list.cardInsetX

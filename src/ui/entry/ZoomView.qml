@@ -9,13 +9,13 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Cover Images"
+    title: qsTr("Cover Images")
     onAppeared: controller.viewWillAppear()
 
     actions: [
         ToolbarButton {
             objectName: "ShareButton"
-            text: "Share"
+            text: qsTr("Share")
             onClicked: controller.shareButtonClicked()
         }
     ]
@@ -33,7 +33,7 @@ ScreenPage {
     Label {
         anchors.centerIn: parent
         visible: controller.images.length === 0
-        text: "This record has no cover images."
+        text: qsTr("This record has no cover images.")
         color: "#777777"
         font.pixelSize: 16
     }
@@ -51,6 +51,8 @@ ScreenPage {
                 required property string modelData
                 required property int index
                 objectName: "ZoomImage" + index
+                Accessible.role: Accessible.Graphic
+                Accessible.name: qsTr("Cover picture %1 of %2").arg(index + 1).arg(controller.images.length)
                 source: modelData
                 fillMode: Image.PreserveAspectFit
                 asynchronous: true

@@ -44,6 +44,11 @@ QVariant LookupCandidateModel::data(const QModelIndex &index, int role) const
         return row.details;
     case CoverSourceRole:
         return row.coverSource;
+    case AccessibleLabelRole: {
+        QStringList parts{row.candidate.title, row.candidate.artist, row.details};
+        parts.removeAll(QString());
+        return parts.join(tr(", ", "between the parts of a release read out"));
+    }
     default:
         return {};
     }
@@ -51,7 +56,8 @@ QVariant LookupCandidateModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> LookupCandidateModel::roleNames() const
 {
-    return {{TitleRole, "title"}, {ArtistRole, "artist"}, {DetailsRole, "details"}, {CoverSourceRole, "coverSource"}};
+    return {{TitleRole, "title"}, {ArtistRole, "artist"}, {DetailsRole, "details"}, {CoverSourceRole, "coverSource"},
+            {AccessibleLabelRole, "accessibleLabel"}};
 }
 
 void LookupCandidateModel::setCandidates(const QList<LookupCandidate> &candidates)

@@ -16,7 +16,8 @@ class LookupCandidateModel : public QAbstractListModel
     QML_UNCREATABLE("")
 
 public:
-    enum Roles { TitleRole = Qt::UserRole + 1, ArtistRole, DetailsRole, CoverSourceRole };
+    // AccessibleLabelRole: the release as one sentence for a screen reader.
+    enum Roles { TitleRole = Qt::UserRole + 1, ArtistRole, DetailsRole, CoverSourceRole, AccessibleLabelRole };
 
     explicit LookupCandidateModel(QObject *parent = nullptr);
 

@@ -27,6 +27,11 @@ QVariant TracksListModel::data(const QModelIndex &index, int role) const
         return row.durationLabel;
     case WrittenByLabelRole:
         return row.writtenByLabel;
+    case AccessibleLabelRole: {
+        QStringList parts{row.trackNumberLabel, row.songLabel, row.durationLabel, row.writtenByLabel};
+        parts.removeAll(QString());
+        return parts.join(tr(", ", "between the parts of a track read out"));
+    }
     default:
         return {};
     }
@@ -38,7 +43,8 @@ QHash<int, QByteArray> TracksListModel::roleNames() const
             {SongLabelRole, "songLabel"},
             {TrackNumberLabelRole, "trackNumberLabel"},
             {DurationLabelRole, "durationLabel"},
-            {WrittenByLabelRole, "writtenByLabel"}};
+            {WrittenByLabelRole, "writtenByLabel"},
+            {AccessibleLabelRole, "accessibleLabel"}};
 }
 
 void TracksListModel::setRows(QList<TrackRow> rows)

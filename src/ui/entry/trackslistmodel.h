@@ -14,7 +14,9 @@ class TracksListModel : public QAbstractListModel
     QML_UNCREATABLE("")
 
 public:
-    enum Roles { RowIdRole = Qt::UserRole + 1, SongLabelRole, TrackNumberLabelRole, DurationLabelRole, WrittenByLabelRole };
+    enum Roles { RowIdRole = Qt::UserRole + 1, SongLabelRole, TrackNumberLabelRole, DurationLabelRole, WrittenByLabelRole,
+                 // The track as one sentence for a screen reader.
+                 AccessibleLabelRole };
 
     explicit TracksListModel(QObject *parent = nullptr);
 

@@ -7,7 +7,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Export Vinyl Records"
+    title: qsTr("Export Vinyl Records")
 
     ExportViewController {
         id: controller
@@ -28,7 +28,7 @@ ScreenPage {
             spacing: 10
             StyledButton {
                 objectName: "ExportButton"
-                text: "Create File"
+                text: qsTr("Create File")
                 enabled: controller.exportButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -36,7 +36,7 @@ ScreenPage {
             }
             StyledButton {
                 objectName: "ExportWithoutImagesButton"
-                text: "Without Images"
+                text: qsTr("Without Images")
                 enabled: controller.exportButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -51,7 +51,7 @@ ScreenPage {
             Layout.fillWidth: true
             StyledButton {
                 objectName: "ExportCsvButton"
-                text: "Export CSV"
+                text: qsTr("Export CSV")
                 enabled: controller.exportButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -59,7 +59,7 @@ ScreenPage {
             }
             CheckBox {
                 objectName: "TracksInRecordsFileBox"
-                text: "Tracks in the same file"
+                text: qsTr("Tracks in the same file")
                 checked: controller.tracksInRecordsFile
                 enabled: controller.exportButtonEnabled
                 Layout.fillWidth: true
@@ -72,7 +72,7 @@ ScreenPage {
             spacing: 10
             StyledButton {
                 objectName: "SaveFileButton"
-                text: "Save To Files"
+                text: qsTr("Save To Files")
                 enabled: controller.saveFileButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -80,7 +80,7 @@ ScreenPage {
             }
             StyledButton {
                 objectName: "EmailButton"
-                text: "Email File"
+                text: qsTr("Email File")
                 enabled: controller.emailButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -106,7 +106,7 @@ ScreenPage {
             }
             StyledButton {
                 objectName: "CancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 visible: controller.building
                 implicitHeight: 36
                 font.pixelSize: 15
@@ -127,6 +127,10 @@ ScreenPage {
                 anchors.fill: parent
                 anchors.margins: 4
                 TextArea {
+                    Accessible.name: qsTr("Exported text")
+                    // Tab moves on to the next control rather than typing a tab.
+                    Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                    Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                     objectName: "ExportTextView"
                     WheelScroller { view: exportScroller.contentItem }
                     text: controller.exportText

@@ -9,7 +9,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Import / Export"
+    title: qsTr("Import / Export")
 
     ImportExportViewController {
         id: controller
@@ -21,18 +21,18 @@ ScreenPage {
 
     FileDialog {
         id: backupDialog
-        title: "Back up the collection to"
+        title: qsTr("Back up the collection to")
         fileMode: FileDialog.SaveFile
         defaultSuffix: "platterbox"
-        nameFilters: ["Platterbox backups (*.platterbox)", "All files (*)"]
+        nameFilters: [qsTr("Platterbox backups (*.platterbox)"), qsTr("All files (*)")]
         onAccepted: controller.backUpTo(selectedFile)
     }
 
     FileDialog {
         id: restoreDialog
-        title: "Choose the backup to restore"
+        title: qsTr("Choose the backup to restore")
         fileMode: FileDialog.OpenFile
-        nameFilters: ["Platterbox backups (*.platterbox)", "All files (*)"]
+        nameFilters: [qsTr("Platterbox backups (*.platterbox)"), qsTr("All files (*)")]
         onAccepted: controller.restoreFrom(selectedFile)
     }
 
@@ -44,7 +44,7 @@ ScreenPage {
         spacing: 16
 
         Label {
-            text: "Move the whole collection to and from an exchange file."
+            text: qsTr("Move the whole collection to and from an exchange file.")
             wrapMode: Text.Wrap
             font.pixelSize: 15
             color: "#555555"
@@ -52,21 +52,21 @@ ScreenPage {
         }
         StyledButton {
             objectName: "ExportButton"
-            text: "Export"
+            text: qsTr("Export")
             enabled: !controller.busy
             Layout.fillWidth: true
             onClicked: AppDelegate.navigator.show("ExportView")
         }
         StyledButton {
             objectName: "ImportButton"
-            text: "Import"
+            text: qsTr("Import")
             enabled: !controller.busy && !AppDelegate.readOnly
             Layout.fillWidth: true
             onClicked: AppDelegate.navigator.show("ImportView")
         }
 
         Label {
-            text: "A backup keeps everything: every record, track, picture and cover file, exactly as stored."
+            text: qsTr("A backup keeps everything: every record, track, picture and cover file, exactly as stored.")
             wrapMode: Text.Wrap
             font.pixelSize: 15
             color: "#555555"
@@ -78,7 +78,7 @@ ScreenPage {
             Layout.fillWidth: true
             StyledButton {
                 objectName: "BackUpButton"
-                text: "Back Up"
+                text: qsTr("Back Up")
                 enabled: !controller.busy
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -86,7 +86,7 @@ ScreenPage {
             }
             StyledButton {
                 objectName: "RestoreButton"
-                text: "Restore"
+                text: qsTr("Restore")
                 enabled: !controller.busy
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -95,7 +95,7 @@ ScreenPage {
         }
         StyledButton {
             objectName: "UndoLastImportButton"
-            text: "Undo Last Import"
+            text: qsTr("Undo Last Import")
             enabled: controller.undoButtonEnabled
             Layout.fillWidth: true
             onClicked: controller.UndoLastImportButtonTapped()
@@ -121,7 +121,7 @@ ScreenPage {
                 }
                 StyledButton {
                     objectName: "CancelButton"
-                    text: "Cancel"
+                    text: qsTr("Cancel")
                     onClicked: controller.CancelButtonTapped()
                 }
             }

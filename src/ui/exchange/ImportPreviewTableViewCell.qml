@@ -14,6 +14,11 @@ ItemDelegate {
     required property string lineLabel
     required property string titleLabel
     required property string detailLabel
+    required property string accessibleLabel
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: accessibleLabel
+    FocusRing { control: root; gap: -3 }
 
     // New, updated, unchanged, problem.
     readonly property var kindColors: ["#1b7f3b", "#1f5fbf", "#6b6b6b", "#b3261e"]
@@ -43,6 +48,7 @@ ItemDelegate {
             Layout.fillWidth: true
             Label {
                 objectName: "KindLabel"
+                Accessible.ignored: true
                 text: root.kindLabel
                 color: root.kindColors[root.kind]
                 font.pixelSize: 13
@@ -50,6 +56,7 @@ ItemDelegate {
             }
             Label {
                 objectName: "TitleLabel"
+                Accessible.ignored: true
                 text: root.titleLabel
                 font.pixelSize: 15
                 wrapMode: Text.Wrap
@@ -57,6 +64,7 @@ ItemDelegate {
             }
             Label {
                 objectName: "LineLabel"
+                Accessible.ignored: true
                 text: root.lineLabel
                 font.pixelSize: 12
                 color: "#666666"
@@ -64,6 +72,7 @@ ItemDelegate {
         }
         Label {
             objectName: "DetailLabel"
+            Accessible.ignored: true
             text: root.detailLabel
             visible: text.length > 0
             font.pixelSize: 13

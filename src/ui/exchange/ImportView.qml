@@ -10,7 +10,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Import Vinyl Records"
+    title: qsTr("Import Vinyl Records")
 
     ImportViewController {
         id: controller
@@ -21,9 +21,9 @@ ScreenPage {
 
     FileDialog {
         id: picker
-        title: "Choose the file to import"
+        title: qsTr("Choose the file to import")
         fileMode: FileDialog.OpenFile
-        nameFilters: ["Collection files (*.csv *.txt)", "All files (*)"]
+        nameFilters: [qsTr("Collection files (*.csv *.txt)"), qsTr("All files (*)")]
         onAccepted: controller.documentPicked(selectedFile)
         onRejected: controller.documentPickerWasCancelled()
     }
@@ -38,13 +38,13 @@ ScreenPage {
 
         RowLayout {
             Layout.fillWidth: true
-            Label { text: "Into the Wantlist"; font.pixelSize: 15; Layout.fillWidth: true }
+            Label { text: qsTr("Into the Wantlist"); font.pixelSize: 15; Layout.fillWidth: true }
             Switch {
                 objectName: "IntoWantlistSwitch"
                 checked: controller.intoWantlist
                 enabled: controller.loadFileButtonEnabled
-                Accessible.name: "Into the Wantlist"
-                Accessible.description: "Add the albums of the file to the wantlist instead of the collection"
+                Accessible.name: qsTr("Into the Wantlist")
+                Accessible.description: qsTr("Add the albums of the file to the wantlist instead of the collection")
                 onToggled: controller.intoWantlist = checked
             }
         }
@@ -54,7 +54,7 @@ ScreenPage {
             spacing: 10
             StyledButton {
                 objectName: "LoadFileButton"
-                text: "Load File"
+                text: qsTr("Load File")
                 enabled: controller.loadFileButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -62,7 +62,7 @@ ScreenPage {
             }
             StyledButton {
                 objectName: "ImportButton"
-                text: "Import"
+                text: qsTr("Import")
                 enabled: controller.importButtonEnabled
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -70,7 +70,7 @@ ScreenPage {
             }
             StyledButton {
                 objectName: "CancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 visible: controller.busy
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -107,7 +107,7 @@ ScreenPage {
                 Layout.fillWidth: true
             }
             Label {
-                text: controller.importing ? "Importing " + controller.progressText : "Reading " + controller.progressText
+                text: controller.importing ? qsTr("Importing %1").arg(controller.progressText) : qsTr("Reading %1").arg(controller.progressText)
                 font.pixelSize: 13
             }
         }
@@ -138,8 +138,8 @@ ScreenPage {
             objectName: "PreviewTabs"
             visible: !controller.intoWantlist
             Layout.fillWidth: true
-            TabButton { text: "Preview" }
-            TabButton { text: "File" }
+            TabButton { text: qsTr("Preview") }
+            TabButton { text: qsTr("File") }
         }
 
         // Which kind of line the preview shows.
@@ -147,11 +147,12 @@ ScreenPage {
             visible: pages.currentIndex === 0 && controller.countsLabel.length > 0 && !controller.intoWantlist
             spacing: 8
             Layout.fillWidth: true
-            Label { text: "Show"; font.pixelSize: 14 }
+            Label { text: qsTr("Show"); font.pixelSize: 14 }
             ComboBox {
+                Accessible.name: qsTr("Show")
                 objectName: "ShownKindBox"
                 // Index 0 is every line; the others are the kinds 0 to 3.
-                model: ["All lines", "New", "Updated", "Unchanged", "Problems"]
+                model: [qsTr("All lines"), qsTr("New"), qsTr("Updated"), qsTr("Unchanged"), qsTr("Problems")]
                 currentIndex: controller.shownKind + 1
                 font.pixelSize: 14
                 Layout.fillWidth: true
@@ -196,6 +197,10 @@ ScreenPage {
                     anchors.fill: parent
                     anchors.margins: 4
                     TextArea {
+                        Accessible.name: qsTr("Text of the file")
+                        // Tab moves on to the next control rather than typing a tab.
+                        Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                        Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                         objectName: "ImportTextView"
                         WheelScroller { view: importScroller.contentItem }
                         text: controller.importText

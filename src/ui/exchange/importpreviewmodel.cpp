@@ -117,6 +117,11 @@ QVariant ImportPreviewModel::data(const QModelIndex &index, int role) const
         return made->titleLabel;
     case DetailLabelRole:
         return made->detailLabel;
+    case AccessibleLabelRole: {
+        QStringList parts{made->kindLabel, made->titleLabel, made->lineLabel, made->detailLabel};
+        parts.removeAll(QString());
+        return parts.join(tr(", ", "between the parts of an import line read out"));
+    }
     default:
         return {};
     }
@@ -130,5 +135,6 @@ QHash<int, QByteArray> ImportPreviewModel::roleNames() const
         {LineLabelRole, "lineLabel"},
         {TitleLabelRole, "titleLabel"},
         {DetailLabelRole, "detailLabel"},
+        {AccessibleLabelRole, "accessibleLabel"},
     };
 }

@@ -27,6 +27,8 @@ public:
         LineLabelRole,
         TitleLabelRole,
         DetailLabelRole,
+        // The line as one sentence for a screen reader: what happens, the album, the line, why.
+        AccessibleLabelRole,
     };
     // Every kind of line rather than one.
     static constexpr int kAllKinds = -1;

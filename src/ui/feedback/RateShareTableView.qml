@@ -8,7 +8,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Rate & Share"
+    title: qsTr("Rate & Share")
 
     RateShareTableViewController {
         id: controller
@@ -36,6 +36,7 @@ ScreenPage {
             text: modelData
             font.pixelSize: 17
             onClicked: controller.rowSelected(index)
+            FocusRing { control: row; gap: -2 }
 
             background: Item {
                 Card {

@@ -9,7 +9,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Loans"
+    title: qsTr("Loans")
     onAppeared: controller.viewWillAppear()
 
     LoansViewController {
@@ -42,6 +42,9 @@ ScreenPage {
         spacing: 8
         clip: true
         model: controller.loans
+        activeFocusOnTab: true
+        keyNavigationEnabled: true
+        Keys.onReturnPressed: controller.rowPicked(currentIndex)
 
         delegate: Card {
             id: row
@@ -50,7 +53,10 @@ ScreenPage {
             objectName: "LoanRow" + index
             width: list.width
             implicitHeight: lines.implicitHeight + 20
-            hovered: pointer.hovered
+            hovered: pointer.hovered || (ListView.isCurrentItem && list.activeFocus)
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData.accessibleLabel
+            Accessible.onPressAction: controller.rowPicked(row.index)
             fillColor: modelData.overdue ? "#fbe9e7" : Qt.hsva(0.5, 0.06, 0.96, 1)
 
             HoverHandler {
@@ -66,6 +72,7 @@ ScreenPage {
                 anchors.margins: 10
                 spacing: 2
                 Label {
+                    Accessible.ignored: true
                     text: row.modelData.album + (row.modelData.artist !== "" ? " \u2013 " + row.modelData.artist : "")
                     font.pixelSize: 16
                     font.bold: true
@@ -73,6 +80,7 @@ ScreenPage {
                     Layout.fillWidth: true
                 }
                 Label {
+                    Accessible.ignored: true
                     text: row.modelData.status
                     font.pixelSize: 14
                     color: row.modelData.overdue ? "#b3261e" : "#333333"

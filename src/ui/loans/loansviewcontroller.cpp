@@ -33,11 +33,17 @@ QVariantList LoansViewController::loans() const
 {
     const QDate today = QDate::currentDate();
     QVariantList rows;
-    for (const LoanOut &entry : m_out)
+    for (const LoanOut &entry : m_out) {
+        const QString status = Loans::status(entry.loan, today);
+        // The row as one sentence for a screen reader.
+        QStringList spoken{entry.name, entry.artist, status};
+        spoken.removeAll(QString());
         rows.append(QVariantMap{{u"album"_s, entry.name},
                                 {u"artist"_s, entry.artist},
-                                {u"status"_s, Loans::status(entry.loan, today)},
-                                {u"overdue"_s, Loans::isOverdue(entry.loan, today)}});
+                                {u"status"_s, status},
+                                {u"overdue"_s, Loans::isOverdue(entry.loan, today)},
+                                {u"accessibleLabel"_s, spoken.join(tr(", ", "between the parts of a loan read out"))}});
+    }
     return rows;
 }
 

@@ -65,6 +65,8 @@ ScreenPage {
                     border.color: "#b0b0b0"
 
                     Image {
+                        Accessible.role: Accessible.Graphic
+                        Accessible.name: qsTr("Page %1 of the report").arg(page.pageNumber)
                         anchors.fill: parent
                         anchors.margins: 1
                         source: page.pageSource
@@ -99,13 +101,13 @@ ScreenPage {
 
             StyledButton {
                 objectName: "CreateFileButton"
-                text: "Rebuild"
+                text: qsTr("Rebuild")
                 Layout.fillWidth: true
                 onClicked: controller.CreateFileClick()
             }
             StyledButton {
                 objectName: "PrintButton"
-                text: "Print"
+                text: qsTr("Print")
                 shortcut: StandardKey.Print
                 visible: controller.printButtonVisible
                 enabled: !controller.busy

@@ -10,7 +10,7 @@ Dialog {
     id: root
 
     required property QtObject controller
-    property var buttons: ["OK"]
+    property var buttons: [qsTr("OK")]
     property string message
 
     modal: true
@@ -23,7 +23,7 @@ Dialog {
         function onAlert(title: string, message: string, buttons: list<string>) {
             root.title = title
             root.message = message
-            root.buttons = buttons.length > 0 ? buttons : ["OK"]
+            root.buttons = buttons.length > 0 ? buttons : [qsTr("OK")]
             root.open()
         }
     }

@@ -32,8 +32,8 @@ Pane {
         body.active = true
     }
 
-    readonly property var monthNames: ["January", "February", "March", "April", "May", "June", "July",
-                                       "August", "September", "October", "November", "December"]
+    readonly property var monthNames: [qsTr("January"), qsTr("February"), qsTr("March"), qsTr("April"), qsTr("May"), qsTr("June"), qsTr("July"),
+                                       qsTr("August"), qsTr("September"), qsTr("October"), qsTr("November"), qsTr("December")]
 
     ColumnLayout {
         anchors.left: parent.left
@@ -50,12 +50,12 @@ Pane {
                 anchors.leftMargin: 8
                 anchors.rightMargin: 8
                 ToolButton {
-                    text: root.todayFirst ? "Today" : "Done"
+                    text: root.todayFirst ? qsTr("Today") : qsTr("Done")
                     onClicked: root.todayFirst ? root.todayClicked() : root.doneClicked(root.selectedDate)
                 }
                 Item { Layout.fillWidth: true }
                 ToolButton {
-                    text: root.todayFirst ? "Done" : "Today"
+                    text: root.todayFirst ? qsTr("Done") : qsTr("Today")
                     font.bold: root.todayFirst
                     onClicked: root.todayFirst ? root.doneClicked(root.selectedDate) : root.todayClicked()
                 }
@@ -76,6 +76,9 @@ Pane {
             height: 216
             Tumbler {
                 id: monthWheel
+                activeFocusOnTab: true
+                Accessible.role: Accessible.SpinBox
+                Accessible.name: qsTr("Month")
                 Layout.fillWidth: true
                 Layout.preferredHeight: 216
                 model: root.monthNames
@@ -85,6 +88,9 @@ Pane {
             }
             Tumbler {
                 id: dayWheel
+                activeFocusOnTab: true
+                Accessible.role: Accessible.SpinBox
+                Accessible.name: qsTr("Day")
                 Layout.preferredWidth: 60
                 Layout.preferredHeight: 216
                 model: 31
@@ -101,6 +107,9 @@ Pane {
             }
             Tumbler {
                 id: yearWheel
+                activeFocusOnTab: true
+                Accessible.role: Accessible.SpinBox
+                Accessible.name: qsTr("Year")
                 Layout.preferredWidth: 80
                 Layout.preferredHeight: 216
                 model: 250
@@ -130,6 +139,7 @@ Pane {
                 ToolButton {
                     text: "\u2039"
                     font.pixelSize: 22
+                    Accessible.name: qsTr("Previous month")
                     onClicked: { if (cal.month === 0) { cal.month = 11; cal.year-- } else cal.month-- }
                 }
                 Label {
@@ -141,6 +151,7 @@ Pane {
                 ToolButton {
                     text: "\u203a"
                     font.pixelSize: 22
+                    Accessible.name: qsTr("Next month")
                     onClicked: { if (cal.month === 11) { cal.month = 0; cal.year++ } else cal.month++ }
                 }
             }
@@ -183,6 +194,7 @@ Pane {
             Button {
                 anchors.centerIn: parent
                 text: root.selectedDate.toLocaleDateString(Qt.locale(), Locale.ShortFormat)
+                Accessible.name: qsTr("Date: %1").arg(text)
                 onClicked: popup.open()
             }
             Popup {

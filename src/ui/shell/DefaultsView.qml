@@ -7,7 +7,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Settings"
+    title: qsTr("Settings")
 
     // Opens the date picker under the default-date field (the tour opens it too).
     property bool pickerOpen: false
@@ -47,9 +47,10 @@ ScreenPage {
 
             RowLayout {
                 Layout.fillWidth: true
-                Label { text: "Use a Default Date"; font.pixelSize: 17; Layout.fillWidth: true }
+                Label { text: qsTr("Use a Default Date"); font.pixelSize: 17; Layout.fillWidth: true }
                 Switch {
                     objectName: "DefaultDateSwitch"
+                    Accessible.name: qsTr("Use a Default Date")
                     checked: controller.defaultDateSwitch
                     onToggled: controller.DefaultDateSwitchChanged(checked)
                 }
@@ -58,7 +59,7 @@ ScreenPage {
             Label {
                 objectName: "DefaultDateLabel"
                 visible: controller.dateFieldVisible
-                text: "Default Date"
+                text: qsTr("Default Date")
                 font.pixelSize: 15
             }
             TextField {
@@ -66,7 +67,9 @@ ScreenPage {
                 objectName: "DefaultDateTextField"
                 visible: controller.dateFieldVisible
                 text: controller.dateText
-                placeholderText: "Tap to choose a date"
+                placeholderText: qsTr("Tap to choose a date")
+                Accessible.name: qsTr("Default Date")
+                Keys.onSpacePressed: root.pickerOpen = true
                 readOnly: true
                 font.pixelSize: 17
                 Layout.fillWidth: true
@@ -80,7 +83,7 @@ ScreenPage {
 
             Label {
                 objectName: "SelectDPLabel"
-                text: "Date Picker Style"
+                text: qsTr("Date Picker Style")
                 font.pixelSize: 13
                 font.capitalization: Font.AllUppercase
                 color: "#777777"
@@ -88,33 +91,36 @@ ScreenPage {
             }
             RowLayout {
                 Layout.fillWidth: true
-                Label { objectName: "UseDateWheelLabel"; text: "Wheels"; font.pixelSize: 17; Layout.fillWidth: true }
+                Label { objectName: "UseDateWheelLabel"; text: qsTr("Wheels"); font.pixelSize: 17; Layout.fillWidth: true }
                 Switch {
                     objectName: "DateWheelSwitch"
+                    Accessible.name: qsTr("Wheels")
                     checked: controller.dateWheelSwitch
                     onToggled: controller.DateWheelSwitchChanged(checked)
                 }
             }
             RowLayout {
                 Layout.fillWidth: true
-                Label { objectName: "UseCompactDateLabel"; text: "Compact"; font.pixelSize: 17; Layout.fillWidth: true }
+                Label { objectName: "UseCompactDateLabel"; text: qsTr("Compact"); font.pixelSize: 17; Layout.fillWidth: true }
                 Switch {
                     objectName: "DateCompactSwitch"
+                    Accessible.name: qsTr("Compact")
                     checked: controller.dateCompactSwitch
                     onToggled: controller.DateCompactSwitchChanged(checked)
                 }
             }
             RowLayout {
                 Layout.fillWidth: true
-                Label { objectName: "UseInlineDateLabel"; text: "Inline Calendar"; font.pixelSize: 17; Layout.fillWidth: true }
+                Label { objectName: "UseInlineDateLabel"; text: qsTr("Inline Calendar"); font.pixelSize: 17; Layout.fillWidth: true }
                 Switch {
                     objectName: "DateInlineSwitch"
+                    Accessible.name: qsTr("Inline Calendar")
                     checked: controller.dateInlineSwitch
                     onToggled: controller.DateInlineSwitchChanged(checked)
                 }
             }
             Label {
-                text: "The style last switched on stays in use for release dates."
+                text: qsTr("The style last switched on stays in use for release dates.")
                 wrapMode: Text.Wrap
                 color: "#777777"
                 font.pixelSize: 13

@@ -14,7 +14,7 @@ ApplicationWindow {
     minimumWidth: 320
     minimumHeight: 480
     visible: true
-    title: "Platterbox"
+    title: qsTr("Platterbox")
 
     property alias stack: stack
 

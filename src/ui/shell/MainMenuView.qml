@@ -9,7 +9,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Platterbox"
+    title: qsTr("Platterbox")
     onAppeared: controller.viewWillAppear()
 
     MainMenuViewController {
@@ -26,23 +26,28 @@ ScreenPage {
     }
 
     // The menu buttons in one column on a phone, in two or three beyond it, so the unfolded
-    // menu fits the window without scrolling.
+    // menu fits the window without scrolling; on a desktop the collection at a glance stands
+    // beside them.
+    readonly property bool showsGlance: Adaptive.isDesktop(width)
     readonly property int menuColumns: Adaptive.isPhone(width) ? 1 : Adaptive.isDesktop(width) ? 3 : 2
 
     Flickable {
         id: flick
         objectName: "MenuFlickable"
         anchors.fill: parent
-        contentHeight: column.implicitHeight + 40
+        contentHeight: Math.max(column.implicitHeight, glance.visible ? glance.implicitHeight : 0) + 40
         clip: true
 
         WheelScroller { view: flick }
 
         ColumnLayout {
             id: column
+            objectName: "MenuColumn"
             // Phone width, centred; wider for the columns of buttons.
-            width: Math.min(parent.width - 48, root.menuColumns === 1 ? 520 : root.menuColumns * 300)
+            width: Math.min(parent.width - 48 - (glance.visible ? glance.width + 32 : 0),
+                            root.menuColumns === 1 ? 520 : root.menuColumns * 300)
             anchors.horizontalCenter: parent.horizontalCenter
+            anchors.horizontalCenterOffset: glance.visible ? -(glance.width + 32) / 2 : 0
             anchors.top: parent.top
             anchors.topMargin: 24
             spacing: 10
@@ -57,7 +62,7 @@ ScreenPage {
                 Behavior on Layout.preferredWidth { NumberAnimation { duration: 300 } }
             }
             Label {
-                text: "Your vinyl collection"
+                text: qsTr("Your vinyl collection")
                 font.pixelSize: 16
                 color: "#555555"
                 Layout.alignment: Qt.AlignHCenter
@@ -79,7 +84,7 @@ ScreenPage {
 
             StyledButton {
                 objectName: "MenuControlButton"
-                text: controller.menuUnfolded ? "Close Menu" : "Menu"
+                text: controller.menuUnfolded ? qsTr("Close Menu") : qsTr("Menu")
                 borderColor: "red"
                 font.bold: true
                 Layout.fillWidth: true
@@ -117,6 +122,18 @@ ScreenPage {
                     }
                 }
             }
+        }
+
+        MainMenuGlance {
+            id: glance
+            objectName: "MainMenuGlance"
+            visible: root.showsGlance
+            controller: controller
+            width: 380
+            anchors.left: column.right
+            anchors.leftMargin: 32
+            anchors.top: parent.top
+            anchors.topMargin: 24
         }
     }
 }

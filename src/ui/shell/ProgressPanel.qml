@@ -53,7 +53,7 @@ Rectangle {
             }
             StyledButton {
                 objectName: "CancelButton"
-                text: "Cancel"
+                text: qsTr("Cancel")
                 implicitHeight: 36
                 font.pixelSize: 15
                 onClicked: root.cancelClicked()

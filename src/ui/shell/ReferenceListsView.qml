@@ -7,7 +7,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Reference Lists"
+    title: qsTr("Reference Lists")
 
     ReferenceListsViewController {
         id: controller
@@ -21,7 +21,7 @@ ScreenPage {
         spacing: 16
 
         Label {
-            text: "The grades offered when you describe a record's condition and its cover's condition."
+            text: qsTr("The grades offered when you describe a record's condition and its cover's condition.")
             wrapMode: Text.Wrap
             font.pixelSize: 15
             color: "#555555"
@@ -29,14 +29,14 @@ ScreenPage {
         }
         StyledButton {
             objectName: "VinylConditionButton"
-            text: "Vinyl Condition"
+            text: qsTr("Vinyl Condition")
             enabled: controller.conditionListsAvailable
             Layout.fillWidth: true
             onClicked: controller.VinylConditionButtonClicked()
         }
         StyledButton {
             objectName: "CoverConditionButton"
-            text: "Cover Condition"
+            text: qsTr("Cover Condition")
             enabled: controller.conditionListsAvailable
             Layout.fillWidth: true
             onClicked: controller.CoverConditionButtonClicked()

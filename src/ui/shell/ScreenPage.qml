@@ -39,7 +39,7 @@ Page {
                 visible: root.showBack
                 text: "\u2039"
                 font.pixelSize: 30
-                Accessible.name: "Back"
+                Accessible.name: qsTr("Back")
                 shortcut: root.sheetOpen ? ["Alt+Left"] : [StandardKey.Cancel, "Alt+Left"]
                 onClicked: AppDelegate.navigator.back()
             }

@@ -5,6 +5,7 @@ import Platterbox
 
 // The search field above a list: Ctrl+F comes here, and the Down key goes on to the list.
 TextField {
+    Accessible.name: placeholderText !== "" ? placeholderText : qsTr("Search")
     id: root
 
     property Item results: null

@@ -25,6 +25,7 @@ Button {
         id: keys
         button: root
     }
+    FocusRing { control: root }
 
     contentItem: Label {
         text: root.text

@@ -11,6 +11,11 @@ SwipeDelegate {
     // The space the card keeps inside its cell, which the delete button keeps too.
     property real insetX: 0
     property real insetY: 0
+    // What the row shows, for the name of its delete action ("Delete Salt Roads").
+    property string itemName
+
+    Accessible.role: Accessible.ListItem
+    FocusRing { control: root; gap: -root.insetY }
 
     signal deleteRequested()
 
@@ -34,10 +39,16 @@ SwipeDelegate {
         anchors.rightMargin: root.insetX
         radius: 10
         color: "#e0302a"
+        Accessible.role: Accessible.Button
+        Accessible.name: qsTr("Delete %1").arg(root.itemName)
+        Accessible.onPressAction: {
+            root.swipe.close()
+            root.deleteRequested()
+        }
 
         Label {
             anchors.centerIn: parent
-            text: "delete"
+            text: qsTr("delete")
             color: "white"
             font.pixelSize: 16
         }

@@ -1,8 +1,16 @@
 #include "shell/mainmenuviewcontroller.h"
 
+#include "collection/loans.h"
 #include "shell/appdelegate.h"
+#include "shell/coverimageprovider.h"
+#include "store/collectiontotals.h"
 #include "store/firstlaunch.h"
+#include "store/formatters.h"
+#include "store/logging.h"
 #include "store/translations.h"
+#include "store/wantedalbums.h"
+
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +41,14 @@ const QList<MenuButton> &buttons()
     };
     return list;
 }
+
+// How many records the start screen lists as added last.
+constexpr int kRecentCount = 5;
+
+QVariantMap figure(const QString &label, const QString &value)
+{
+    return {{u"label"_s, label}, {u"value"_s, value}};
+}
 } // namespace
 
 MainMenuViewController::MainMenuViewController(AppDelegate *app, QObject *parent) : ScreenController(app, parent)
@@ -62,6 +78,52 @@ void MainMenuViewController::viewWillAppear()
         emit menuUnfoldedChanged();
     }
     app()->state()->setOriginScreen(OriginScreens::Menu);
+    readGlance();
+}
+
+void MainMenuViewController::readGlance()
+{
+    if (!app())
+        return;
+    const Store &store = app()->persistentContainer();
+    const QLocale locale;
+    m_figures.clear();
+    if (auto totals = collectionTotals(store)) {
+        m_figures << figure(tr("Records"), locale.toString(totals->records))
+                  << figure(tr("Copies"), locale.toString(totals->copies))
+                  << figure(tr("Total value"), Formatters::currencyOrZero(totals->value));
+    } else {
+        consoleLine(totals.errorMessage());
+    }
+    if (auto out = store.loansOut()) {
+        const QDate today = QDate::currentDate();
+        const auto overdue = std::count_if(out->cbegin(), out->cend(), [&](const LoanOut &o) { return Loans::isOverdue(o.loan, today); });
+        m_figures << figure(overdue > 0 ? tr("On loan, %1 overdue").arg(locale.toString(qint64(overdue))) : tr("On loan"),
+                            locale.toString(qint64(out->size())));
+    }
+    if (auto wanted = WantedAlbums::count(store))
+        m_figures << figure(tr("Wanted"), locale.toString(*wanted));
+
+    m_recentRecords.clear();
+    auto recent = store.fetchVinyl(
+        FetchRequest(Entity::Vinyl).onlyCardAttributes().sortedBy(Store::kAddedOrder, false).limitedTo(kRecentCount));
+    if (!recent)
+        consoleLine(recent.errorMessage());
+    for (const Vinyl &vinyl : recent ? *recent : QList<Vinyl>()) {
+        m_recentRecords << QVariantMap{{u"rowId"_s, vinyl.rowId},
+                                       {u"album"_s, text(vinyl.name)},
+                                       {u"artist"_s, text(vinyl.artist)},
+                                       {u"coverSource"_s, CoverImageProvider::source(vinyl.rowId)}};
+    }
+    emit glanceChanged();
+}
+
+void MainMenuViewController::openRecent(int index)
+{
+    if (index < 0 || index >= m_recentRecords.size())
+        return;
+    if (!openInEditor(m_recentRecords.at(index).toMap().value(u"rowId"_s).toLongLong(), OriginScreens::Menu))
+        readGlance();
 }
 
 void MainMenuViewController::HandleButtonClick()

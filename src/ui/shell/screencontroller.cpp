@@ -1,5 +1,6 @@
 #include "shell/screencontroller.h"
 
+#include "collection/browsetexts.h"
 #include "shell/appdelegate.h"
 #include "store/translations.h"
 
@@ -50,6 +51,23 @@ bool ScreenController::refusedAsReadOnly()
     if (!m_app || !m_app->readOnly())
         return false;
     showAlert(kReadOnlyTitle, m_app->readOnlyNotice());
+    return true;
+}
+
+bool ScreenController::openInEditor(qint64 rowId, const QString &origin)
+{
+    auto record = m_app->persistentContainer().vinylByRowId(rowId);
+    if (!record) {
+        showAlert(kStoreErrorTitle, record.errorMessage());
+        return true;
+    }
+    if (!record.value()) {
+        showAlert(BrowseTexts::kRecordNotFoundTitle, BrowseTexts::kRecordNotFoundMessage);
+        return false;
+    }
+    m_app->state()->setCurrentRecord(**record);
+    m_app->state()->setOriginScreen(origin);
+    m_app->navigator()->show(BrowseTexts::kEditScreen);
     return true;
 }
 

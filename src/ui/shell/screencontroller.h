@@ -59,6 +59,11 @@ protected:
     // cover files included.
     bool refusedAsReadOnly();
 
+    // Opens the record in the editor, coming from the screen named origin (where the editor
+    // returns). Every field is copied, so the editor shows the record picked and nothing of the
+    // one before. False, once said, when the record is no longer in the collection.
+    bool openInEditor(qint64 rowId, const QString &origin);
+
     using AlertAction = std::function<void(int buttonIndex)>;
     void showAlert(const QString &title, const QString &message, const QStringList &buttons = {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "OK"))},
                    AlertAction onAnswer = {});

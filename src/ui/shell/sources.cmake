@@ -22,7 +22,9 @@ list(APPEND PB_UI_QML
     shell/CardGrid.qml
     shell/DatePickerPanel.qml
     shell/DefaultsView.qml
+    shell/FocusRing.qml
     shell/Main.qml
+    shell/MainMenuGlance.qml
     shell/MainMenuView.qml
     shell/ProgressPanel.qml
     shell/ReferenceListsView.qml

@@ -9,7 +9,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Statistics"
+    title: qsTr("Statistics")
     onAppeared: controller.viewWillAppear()
 
     StatisticsViewController {
@@ -89,7 +89,7 @@ ScreenPage {
                     required property var modelData
                     objectName: modelData.name
                     title: modelData.title
-                    backText: modelData.canGoBack ? "All Decades" : ""
+                    backText: modelData.canGoBack ? qsTr("All Decades") : ""
                     // Bars of names get a row each; cards beside one another share the row's height.
                     implicitHeight: modelData.look === "bars" ? Math.max(320, 70 + 26 * modelData.labels.length) : 320
                     Layout.fillHeight: true

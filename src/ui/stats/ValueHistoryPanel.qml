@@ -17,13 +17,13 @@ ColumnLayout {
     spacing: 2
 
     Label {
-        text: "Value History"
+        text: qsTr("Value History")
         color: "#555555"
         font.pixelSize: 13
     }
     Label {
         visible: root.rows.length === 0
-        text: "No value kept yet"
+        text: qsTr("No value kept yet")
         color: "#999999"
         font.pixelSize: 14
     }

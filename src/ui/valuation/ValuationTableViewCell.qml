@@ -13,7 +13,12 @@ ItemDelegate {
     required property string label4
     required property string label5
     required property string coverSource
+    required property string accessibleLabel
     property bool selected: false
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: accessibleLabel
+    FocusRing { control: root; gap: -4 }
 
     topPadding: 10
     bottomPadding: 10
@@ -38,6 +43,8 @@ ItemDelegate {
 
         Image {
             objectName: "FrontImage"
+            Accessible.role: Accessible.Graphic
+            Accessible.name: qsTr("Front cover of %1").arg(root.label1)
             source: root.coverSource
             sourceSize: Qt.size(100, 100)
             fillMode: Image.PreserveAspectFit
@@ -53,6 +60,7 @@ ItemDelegate {
             Layout.alignment: Qt.AlignVCenter
 
             component CellLine: Label {
+                Accessible.ignored: true
                 font.pixelSize: 12
                 color: "black"
                 elide: Text.ElideRight

@@ -9,12 +9,12 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Valuation"
+    title: qsTr("Valuation")
 
     actions: [
         ToolbarButton {
             objectName: "ShareButton"
-            text: "Share"
+            text: qsTr("Share")
             onClicked: controller.shareButtonClicked()
         }
     ]
@@ -40,9 +40,10 @@ ScreenPage {
             Layout.leftMargin: 12
             Layout.rightMargin: 12
 
-            Label { text: "Records held"; font.pixelSize: 14 }
-            Label { text: "Total value"; font.pixelSize: 14 }
+            Label { text: qsTr("Records held"); font.pixelSize: 14 }
+            Label { text: qsTr("Total value"); font.pixelSize: 14 }
             TextField {
+                Accessible.name: qsTr("Records held")
                 objectName: "QuantityTextField"
                 text: controller.quantityText
                 readOnly: true
@@ -50,6 +51,7 @@ ScreenPage {
                 Layout.fillWidth: true
             }
             TextField {
+                Accessible.name: qsTr("Total value")
                 objectName: "TotalValueTextField"
                 text: controller.totalValueText
                 readOnly: true
@@ -89,8 +91,9 @@ ScreenPage {
             Layout.bottomMargin: 10
 
             TextField {
+                Accessible.name: placeholderText
                 objectName: "NameTextField"
-                placeholderText: "Album name"
+                placeholderText: qsTr("Album name")
                 text: controller.nameText
                 onTextEdited: controller.nameText = text
                 Layout.fillWidth: true
@@ -108,21 +111,21 @@ ScreenPage {
 
                 StyledButton {
                     objectName: "SearchButton"
-                    text: "Search Web"
+                    text: qsTr("Search Web")
                     font.pixelSize: 14
                     Layout.fillWidth: true
                     onClicked: controller.FindValueOnWeb()
                 }
                 StyledButton {
                     objectName: "PopsikeButton"
-                    text: "Popsike"
+                    text: qsTr("Popsike")
                     font.pixelSize: 14
                     Layout.fillWidth: true
                     onClicked: controller.PopsikePriceGuide()
                 }
                 StyledButton {
                     objectName: "ValueyourmusicButton"
-                    text: "ValueYourMusic"
+                    text: qsTr("ValueYourMusic")
                     font.pixelSize: 14
                     Layout.fillWidth: true
                     onClicked: controller.ValueYourMusicPriceGuide()
@@ -133,8 +136,9 @@ ScreenPage {
                 Layout.fillWidth: true
 
                 TextField {
+                    Accessible.name: placeholderText
                     objectName: "NewValueTextField"
-                    placeholderText: "New value"
+                    placeholderText: qsTr("New value")
                     inputMethodHints: Qt.ImhFormattedNumbersOnly
                     validator: RegularExpressionValidator { regularExpression: controller.typedValuePattern }
                     text: controller.newValueText
@@ -143,8 +147,8 @@ ScreenPage {
                 }
                 StyledButton {
                     objectName: "SaveButton"
-                    text: "Save"
-                    toolTip: "Save the new value"
+                    text: qsTr("Save")
+                    toolTip: qsTr("Save the new value")
                     shortcut: StandardKey.Save
                     enabled: controller.saveEnabled
                     fillColor: enabled ? "#c9ecd2" : "#d0d0d0"

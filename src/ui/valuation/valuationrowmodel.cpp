@@ -45,6 +45,11 @@ QVariant ValuationRowModel::data(const QModelIndex &index, int role) const
     case Label3Role: return row->texts.recordLabel;
     case Label4Role: return row->texts.released;
     case Label5Role: return row->texts.value;
+    case AccessibleLabelRole: {
+        QStringList parts{row->texts.name, row->texts.artist, row->texts.recordLabel, row->texts.released, row->texts.value};
+        parts.removeAll(QString());
+        return parts.join(tr(", ", "between the parts of a valuation row read out"));
+    }
     default: return {};
     }
 }
@@ -54,5 +59,6 @@ QHash<int, QByteArray> ValuationRowModel::roleNames() const
     return {
         {RowIdRole, "rowId"},   {Label1Role, "label1"}, {Label2Role, "label2"},           {Label3Role, "label3"},
         {Label4Role, "label4"}, {Label5Role, "label5"}, {CoverSourceRole, "coverSource"},
+        {AccessibleLabelRole, "accessibleLabel"},
     };
 }

@@ -26,6 +26,8 @@ public:
         Label4Role,
         Label5Role,
         CoverSourceRole,
+        // The row as one sentence for a screen reader: album, artist, label, date and value.
+        AccessibleLabelRole,
     };
 
     // A row's record (card attributes only) and its texts.

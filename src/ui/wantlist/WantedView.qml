@@ -8,7 +8,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: controller.isNew ? "Add Wanted Album" : "Wanted Album"
+    title: controller.isNew ? qsTr("Add Wanted Album") : qsTr("Wanted Album")
     onAppeared: controller.viewWillAppear()
     sheetOpen: form.sheet !== ""
     onCloseSheetRequested: form.closeSheets()
@@ -16,18 +16,18 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "LookUpButton"
-            text: "Look Up"
+            text: qsTr("Look Up")
             onClicked: lookup.open()
         },
         ToolbarButton {
             objectName: "GotItButton"
-            text: "Got It"
+            text: qsTr("Got It")
             visible: !controller.isNew
             onClicked: gotItDialog.open()
         },
         ToolbarButton {
             objectName: "SaveWantedButton"
-            text: "Save"
+            text: qsTr("Save")
             shortcut: StandardKey.Save
             font.bold: true
             onClicked: controller.save()
@@ -49,7 +49,7 @@ ScreenPage {
     Dialog {
         id: gotItDialog
         objectName: "GotItDialog"
-        title: "Got It"
+        title: qsTr("Got It")
         modal: true
         parent: Overlay.overlay
         anchors.centerIn: parent
@@ -72,9 +72,10 @@ ScreenPage {
                 Layout.fillWidth: true
             }
             TextField {
+                Accessible.name: placeholderText
                 id: paid
                 objectName: "GotItCostField"
-                placeholderText: "Cost"
+                placeholderText: qsTr("Cost")
                 inputMethodHints: Qt.ImhFormattedNumbersOnly
                 Layout.fillWidth: true
             }
@@ -95,7 +96,7 @@ ScreenPage {
                 spacing: 12
                 RecordFormField {
                     objectName: "MaxPriceTextField"
-                    caption: "Most I Would Pay"
+                    caption: qsTr("Most I Would Pay")
                     inputHints: Qt.ImhFormattedNumbersOnly
                     value: controller.maxPrice
                     accepts: (before, after) => controller.decimalEditAccepted(before, after)
@@ -105,11 +106,11 @@ ScreenPage {
                 RecordFormField {
                     id: priorityField
                     objectName: "PriorityTextField"
-                    caption: "Priority"
+                    caption: qsTr("Priority")
                     picker: true
                     value: controller.priorityName
                     Layout.preferredWidth: 1
-                    onTapped: form.openList(priorityField, "Priority", controller.priorityNames,
+                    onTapped: form.openList(priorityField, qsTr("Priority"), controller.priorityNames,
                                             (t) => controller.priorityName = t)
                 }
             }
@@ -122,7 +123,7 @@ ScreenPage {
                 Layout.fillWidth: true
                 spacing: 2
                 Label {
-                    text: "Tracks"
+                    text: qsTr("Tracks")
                     color: "#555555"
                     font.pixelSize: 13
                 }
@@ -139,7 +140,7 @@ ScreenPage {
             },
             StyledButton {
                 objectName: "DeleteWantedButton"
-                text: "Delete"
+                text: qsTr("Delete")
                 visible: !controller.isNew
                 Layout.fillWidth: true
                 onClicked: controller.deleteClicked()

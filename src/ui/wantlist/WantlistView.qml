@@ -9,7 +9,7 @@ import Platterbox
 ScreenPage {
     id: root
 
-    title: "Wantlist"
+    title: qsTr("Wantlist")
     onAppeared: controller.viewWillAppear()
 
     function unwound(segue: string) {
@@ -19,7 +19,7 @@ ScreenPage {
     actions: [
         ToolbarButton {
             objectName: "AddWantedButton"
-            text: "Add"
+            text: qsTr("Add")
             shortcut: StandardKey.New
             font.bold: true
             onClicked: controller.addClicked()
@@ -38,7 +38,7 @@ ScreenPage {
         spacing: 8
 
         SearchField {
-            placeholderText: "Search album or artist"
+            placeholderText: qsTr("Search album or artist")
             results: list
             Layout.fillWidth: true
             Layout.leftMargin: 12
@@ -73,6 +73,7 @@ ScreenPage {
             clip: true
             model: controller.albums
             keyNavigationEnabled: true
+            activeFocusOnTab: true
             Keys.onReturnPressed: controller.rowPicked(currentIndex)
             Keys.onDeletePressed: controller.deleteRow(currentIndex)
 
@@ -84,6 +85,9 @@ ScreenPage {
                 width: ListView.view.width
                 implicitHeight: lines.implicitHeight + 20
                 hovered: pointer.hovered || (ListView.isCurrentItem && list.activeFocus)
+                Accessible.role: Accessible.ListItem
+                Accessible.name: modelData.accessibleLabel
+                Accessible.onPressAction: controller.rowPicked(row.index)
                 fillColor: row.modelData.priority === 1 ? "#fff4e0" : Qt.hsva(0.5, 0.06, 0.96, 1)
 
                 HoverHandler {
@@ -102,6 +106,7 @@ ScreenPage {
                         Layout.fillWidth: true
                         spacing: 2
                         Label {
+                            Accessible.ignored: true
                             text: row.modelData.album + " \u2013 " + row.modelData.artist
                             font.pixelSize: 16
                             font.bold: true
@@ -109,6 +114,7 @@ ScreenPage {
                             Layout.fillWidth: true
                         }
                         Label {
+                            Accessible.ignored: true
                             text: row.modelData.detail
                             font.pixelSize: 14
                             color: "#333333"
@@ -119,7 +125,7 @@ ScreenPage {
                     ToolButton {
                         objectName: "DeleteWantedButton" + row.index
                         text: "\u2715"
-                        Accessible.name: "Delete " + row.modelData.album
+                        Accessible.name: qsTr("Delete %1").arg(row.modelData.album)
                         onClicked: controller.deleteRow(row.index)
                     }
                 }

@@ -41,11 +41,17 @@ void WantlistViewController::setSearchText(const QString &text)
 QVariantList WantlistViewController::albums() const
 {
     QVariantList rows;
-    for (const WantedAlbum &wanted : m_shown)
+    for (const WantedAlbum &wanted : m_shown) {
+        const QString detail = Wantlist::detailLine(wanted);
+        // The row as one sentence for a screen reader.
+        QStringList spoken{text(wanted.album.name), text(wanted.album.artist), detail};
+        spoken.removeAll(QString());
         rows.append(QVariantMap{{u"album"_s, text(wanted.album.name)},
                                 {u"artist"_s, text(wanted.album.artist)},
-                                {u"detail"_s, Wantlist::detailLine(wanted)},
-                                {u"priority"_s, wanted.priority}});
+                                {u"detail"_s, detail},
+                                {u"priority"_s, wanted.priority},
+                                {u"accessibleLabel"_s, spoken.join(tr(", ", "between the parts of a wanted album read out"))}});
+    }
     return rows;
 }
 

@@ -196,11 +196,18 @@ private slots:
         QTest::addColumn<int>("option");
         QTest::addColumn<QString>("nameLabel");
         QTest::addColumn<QString>("producerLabel");
+        // What a screen reader says of the card: its lines as one sentence.
+        QTest::addColumn<QString>("spoken");
 
-        QTest::addRow("name") << 1 << u"Album: Rumours  Artist: Fleetwood Mac"_s << u"Producer: Ken Caillat  Speed: 33 RPM"_s;
-        QTest::addRow("year leaves the name line") << 2 << QString() << u"Producer: Ken Caillat  Speed: 33 RPM"_s;
-        QTest::addRow("record label") << 3 << QString() << u"Record Label: Warner  Speed: 33 RPM"_s;
-        QTest::addRow("artist") << 4 << u"Artist: Fleetwood Mac  Album: Rumours"_s << u"Producer: Ken Caillat  Speed: 33 RPM"_s;
+        const QString rest = u", Cost: $12.50 Total Value: $30.00, Length: 45.0 min Type: Single Album"_s;
+        QTest::addRow("name") << 1 << u"Album: Rumours  Artist: Fleetwood Mac"_s << u"Producer: Ken Caillat  Speed: 33 RPM"_s
+                              << u"Album: Rumours Artist: Fleetwood Mac, Release Date: Feb 4, 1977, Producer: Ken Caillat Speed: 33 RPM"_s + rest;
+        QTest::addRow("year leaves the name line") << 2 << QString() << u"Producer: Ken Caillat  Speed: 33 RPM"_s
+                                                   << u"Release Date: Feb 4, 1977, Producer: Ken Caillat Speed: 33 RPM"_s + rest;
+        QTest::addRow("record label") << 3 << QString() << u"Record Label: Warner  Speed: 33 RPM"_s
+                                      << u"Release Date: Feb 4, 1977, Record Label: Warner Speed: 33 RPM"_s + rest;
+        QTest::addRow("artist") << 4 << u"Artist: Fleetwood Mac  Album: Rumours"_s << u"Producer: Ken Caillat  Speed: 33 RPM"_s
+                                << u"Artist: Fleetwood Mac Album: Rumours, Release Date: Feb 4, 1977, Producer: Ken Caillat Speed: 33 RPM"_s + rest;
     }
 
     void cardTextsFollowTheSortChoice()
@@ -208,6 +215,7 @@ private slots:
         QFETCH(int, option);
         QFETCH(QString, nameLabel);
         QFETCH(QString, producerLabel);
+        QFETCH(QString, spoken);
 
         TestApp app;
         RecordBuilder(u"Rumours"_s).artist(u"Fleetwood Mac"_s).label(u"Warner"_s).producer(u"Ken Caillat"_s)
@@ -222,6 +230,7 @@ private slots:
         QCOMPARE(card.costLabel, u"Cost: $12.50  Total Value: $30.00"_s);
         QCOMPARE(card.speedLabel, u"Length: 45.0 min  Type: Single Album"_s);
         QCOMPARE(list.model()->index(0).data(RecordCardModel::CoverSourceRole).toString(), u"image://cover/%1/front"_s.arg(card.rowId));
+        QCOMPARE(list.model()->index(0).data(RecordCardModel::AccessibleLabelRole).toString(), spoken);
     }
 
     void cardOfASparseRecord()

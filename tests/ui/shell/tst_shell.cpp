@@ -1,3 +1,5 @@
+#include "collection/browsetexts.h"
+#include "collection/loans.h"
 #include "shell/appdelegate.h"
 #include "shell/defaultsviewcontroller.h"
 #include "shell/desktopplatformservices.h"
@@ -70,6 +72,45 @@ private slots:
         // Every button leads to a screen that exists.
         for (const QVariant &button : menu.menuButtons())
             QVERIFY2(button.toMap().value(u"enabled"_s).toBool(), qPrintable(button.toMap().value(u"screen"_s).toString()));
+    }
+
+    // Beside the menu on a wide window: the figures, and the records added last, newest first,
+    // read again each time the menu shows. One picked opens in the editor, which returns here;
+    // one deleted meanwhile is said so and leaves the list.
+    void startScreenShowsTheFiguresAndTheRecordsAddedLast()
+    {
+        TestApp t;
+        const Vinyl lent = RecordBuilder(u"Ärger im Paradies"_s).artist(u"Zoë"_s).value(1234.5f, 2).store(t.store());
+        for (int i = 1; i <= 6; ++i)
+            t.addVinyl(u"Album %1"_s.arg(i), u"Artist"_s);
+        const QDate today = QDate::currentDate();
+        QVERIFY(Loans::lend(t.store(), lent.rowId, u"Sam"_s, today.addDays(-30), today.addDays(-1)));
+        MainMenuViewController menu(&t.app());
+        menu.viewWillAppear();
+
+        QStringList figures;
+        for (const QVariant &figure : menu.figures())
+            figures << figure.toMap().value(u"label"_s).toString() + u": "_s + figure.toMap().value(u"value"_s).toString();
+        QCOMPARE(figures, QStringList({u"Records: 7"_s, u"Copies: 2"_s, u"Total value: $2,469.00"_s,
+                                       u"On loan, 1 overdue: 1"_s, u"Wanted: 0"_s}));
+        const auto albums = [&menu] {
+            QStringList list;
+            for (const QVariant &record : menu.recentRecords())
+                list << record.toMap().value(u"album"_s).toString();
+            return list;
+        };
+        QCOMPARE(albums(), QStringList({u"Album 6"_s, u"Album 5"_s, u"Album 4"_s, u"Album 3"_s, u"Album 2"_s}));
+
+        menu.openRecent(1);
+        QCOMPARE(t.app().state()->currentRecord().rowId, menu.recentRecords().at(1).toMap().value(u"rowId"_s).toLongLong());
+        QCOMPARE(t.app().state()->originScreen(), u"Menu"_s);
+        QCOMPARE(t.app().navigator()->lastShown(), u"EditVinylView"_s);
+
+        QVERIFY(t.store().remove(Entity::Vinyl, menu.recentRecords().at(0).toMap().value(u"rowId"_s).toLongLong()));
+        menu.openRecent(0);
+        QCOMPARE(menu.lastAlertTitle(), BrowseTexts::kRecordNotFoundTitle);
+        QCOMPARE(albums().first(), u"Album 5"_s);
+        QCOMPARE(albums().last(), u"Album 1"_s);
     }
 
     // A collection whose folder cannot be written opens to be looked at: the main screen says so,

@@ -23,7 +23,7 @@ Item {
     Label {
         anchors.centerIn: parent
         visible: root.empty
-        text: "Nothing to show yet"
+        text: qsTr("Nothing to show yet")
         color: "#999999"
     }
 
