@@ -531,6 +531,14 @@
     </message>
 </context>
 <context>
+    <name>GroupRowModel</name>
+    <message>
+        <source>%1, records: %2</source>
+        <comment>a group&apos;s name (or year) and its record count read out</comment>
+        <translation>%1, Platten: %2</translation>
+    </message>
+</context>
+<context>
     <name>ImportExportView</name>
     <message>
         <source>Import / Export</source>
@@ -583,6 +591,14 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>ImportPreviewModel</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of an import line read out</comment>
+        <translation>, </translation>
     </message>
 </context>
 <context>
@@ -828,6 +844,22 @@
     </message>
 </context>
 <context>
+    <name>LoansViewController</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of a loan read out</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>LookupCandidateModel</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of a release read out</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
     <name>LookupScanPage</name>
     <message>
         <source>Hold the barcode on the sleeve in view</source>
@@ -913,6 +945,25 @@
     </message>
 </context>
 <context>
+    <name>MainMenuGlance</name>
+    <message>
+        <source>Your Collection</source>
+        <translation>Deine Sammlung</translation>
+    </message>
+    <message>
+        <source>Added Last</source>
+        <translation>Zuletzt hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Records you add show here.</source>
+        <translation>Platten, die du hinzufügst, erscheinen hier.</translation>
+    </message>
+    <message>
+        <source>%1 by %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>MainMenuView</name>
     <message>
         <source>Platterbox</source>
@@ -929,6 +980,33 @@
     <message>
         <source>Menu</source>
         <translation>Menü</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenuViewController</name>
+    <message>
+        <source>Records</source>
+        <translation>Platten</translation>
+    </message>
+    <message>
+        <source>Copies</source>
+        <translation>Exemplare</translation>
+    </message>
+    <message>
+        <source>Total value</source>
+        <translation>Gesamtwert</translation>
+    </message>
+    <message>
+        <source>On loan, %1 overdue</source>
+        <translation>Verliehen, %1 überfällig</translation>
+    </message>
+    <message>
+        <source>On loan</source>
+        <translation>Verliehen</translation>
+    </message>
+    <message>
+        <source>Wanted</source>
+        <translation>Gesucht</translation>
     </message>
 </context>
 <context>
@@ -1757,6 +1835,14 @@
     </message>
 </context>
 <context>
+    <name>RecordCardModel</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of a record card read out</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
     <name>RecordFormField</name>
     <message>
         <source>Clear</source>
@@ -1969,6 +2055,14 @@
     </message>
 </context>
 <context>
+    <name>TracksListModel</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of a track read out</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
     <name>TracksTableView</name>
     <message>
         <source>Tracks</source>
@@ -1981,6 +2075,14 @@
     <message>
         <source>Add Track</source>
         <translation>Titel hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>ValuationRowModel</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of a valuation row read out</comment>
+        <translation>, </translation>
     </message>
 </context>
 <context>
@@ -2108,6 +2210,14 @@
     <message>
         <source>Delete %1</source>
         <translation>%1 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>WantlistViewController</name>
+    <message>
+        <source>, </source>
+        <comment>between the parts of a wanted album read out</comment>
+        <translation>, </translation>
     </message>
 </context>
 <context>
