@@ -5,6 +5,7 @@
 #include "shell/desktopplatformservices.h"
 #include "store/datafolder.h"
 #include "store/logging.h"
+#include "store/translations.h"
 #include "store/version.h"
 
 #include <QApplication>
@@ -86,6 +87,7 @@ int main(int argc, char *argv[])
     QApplication::setOrganizationName(u"Platterbox"_s);
     QApplication::setApplicationName(u"Platterbox"_s);
     QApplication::setApplicationVersion(Version::number());
+    installTranslations();
     // The desktop entry, the icon and the metainfo are named after this (packaging/). The data
     // folder comes from the organization and application names above, never from this id.
     QApplication::setDesktopFileName(u"org.platterbox.Platterbox"_s);
@@ -97,10 +99,10 @@ int main(int argc, char *argv[])
     if (!parser.parse(QApplication::arguments()))
         problem = parser.errorText();
     else if (!parser.positionalArguments().isEmpty())
-        problem = u"unexpected argument '%1'."_s.arg(parser.positionalArguments().first());
+        problem = QCoreApplication::translate("App", "unexpected argument '%1'.").arg(parser.positionalArguments().first());
     // An empty folder name must not quietly mean the collector's own collection.
     else if (parser.isSet(options.dataDir) && parser.value(options.dataDir).trimmed().isEmpty())
-        problem = u"--data-dir needs a folder."_s;
+        problem = QCoreApplication::translate("App", "--data-dir needs a folder.");
     if (!problem.isEmpty()) {
         print(stderr, u"platterbox-app: "_s + problem + u"\n\n"_s + options.helpText());
         return 2;
@@ -110,7 +112,7 @@ int main(int argc, char *argv[])
     auto app = AppDelegate::create(dataDir, chosen, std::make_unique<DesktopPlatformServices>());
     if (!app) {
         // Only a store that cannot be opened ends the program.
-        const QString message = u"Unresolved error "_s + app.errorMessage();
+        const QString message = translated(u"Unresolved error "_s) + translated(app.errorMessage());
         qCritical().noquote() << message;
         QMessageBox::critical(nullptr, u"Platterbox"_s, message);
         return 1;

@@ -4,6 +4,7 @@
 #include "store/datafolder.h"
 #include "store/formatters.h"
 #include "store/snapshots.h"
+#include "store/translations.h"
 
 
 namespace {
@@ -18,7 +19,7 @@ bool writable(CliContext &context)
 {
     const auto writable = context.folder().persistentContainer().checkWritable();
     if (!writable)
-        context.err << "platterbox: " << writable.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(writable.errorMessage()) << "\n";
     return writable.ok();
 }
 
@@ -32,11 +33,13 @@ int backupCommand(CliContext &context)
         return CliBadInput;
     auto written = Backup::backUp(context.folder().backupPaths(), context.arguments.first());
     if (!written) {
-        context.err << "platterbox: " << written.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(written.errorMessage()) << "\n";
         return CliBadInput;
     }
-    context.out << "Backed up " << written->records << " records and " << written->coverFiles << " cover files to "
-                << context.arguments.first() << "\n";
+    // "Backed up 12 records and 20 cover files to FILE": each count with its own plural.
+    context.out << Cli::tr("Backed up %n records and %1 to %2", nullptr, int(written->records))
+                       .arg(Cli::tr("%n cover files", nullptr, int(written->coverFiles)), context.arguments.first())
+                << "\n";
     return CliOk;
 }
 
@@ -49,15 +52,17 @@ int restoreCommand(CliContext &context)
     const QString path = context.arguments.first();
     const auto info = Backup::inspect(path);
     if (!info) {
-        context.err << "platterbox: " << info.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(info.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (auto restored = context.folder().snapshots().restore(path); !restored) {
-        context.err << "platterbox: " << restored.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(restored.errorMessage()) << "\n";
         return CliBadInput;
     }
-    context.out << "Restored " << info->records << " records from " << path
-                << "; 'platterbox undo-import' puts back the collection it replaced\n";
+    context.out << Cli::tr("Restored %n records from %1; 'platterbox undo-import' puts back the collection it replaced",
+                           nullptr, int(info->records))
+                       .arg(path)
+                << "\n";
     return CliOk;
 }
 
@@ -69,10 +74,13 @@ int undoImportCommand(CliContext &context)
         return CliBadInput;
     const auto undone = context.folder().snapshots().undoLatest();
     if (!undone) {
-        context.err << "platterbox: " << undone.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(undone.errorMessage()) << "\n";
         return CliBadInput;
     }
-    context.out << "The collection is back as it was before the " << undone->kind << " of " << undone->source << " on "
-                << Formatters::mediumDate(undone->created) << " " << undone->created.toString(u"HH:mm") << "\n";
+    const QString back = undone->kind == Snapshots::kKindRestore
+                             ? Cli::tr("The collection is back as it was before the restore of %1 on %2 %3")
+                             : Cli::tr("The collection is back as it was before the import of %1 on %2 %3");
+    context.out << back.arg(undone->source, Formatters::mediumDate(undone->created), undone->created.toString(u"HH:mm"))
+                << "\n";
     return CliOk;
 }

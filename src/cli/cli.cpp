@@ -2,6 +2,7 @@
 
 #include "store/datafolder.h"
 #include "store/version.h"
+#include "store/translations.h"
 
 #include <algorithm>
 #include <optional>
@@ -16,35 +17,35 @@ struct Command
 {
     QString name;
     QStringList forms;
-    QString summary;
+    const char *summary; // translated where it is printed
     int (*run)(CliContext &);
 };
 
 const QList<Command> &commands()
 {
     static const QList<Command> list = {
-        {u"demo"_s, {u"demo N"_s}, u"Add N sample records (made-up albums with tracks and covers)."_s, demoCommand},
+        {u"demo"_s, {u"demo N"_s}, QT_TRANSLATE_NOOP("Cli", "Add N sample records (made-up albums with tracks and covers)."), demoCommand},
         {u"stats"_s, {u"stats [--json]"_s},
-         u"Print the number of records, copies and their total value (--json: every figure and chart)."_s, statsCommand},
-        {u"loans"_s, {u"loans [--json]"_s}, u"List the records lent out, the longest out first, and which are overdue."_s,
+         QT_TRANSLATE_NOOP("Cli", "Print the number of records, copies and their total value (--json: every figure and chart)."), statsCommand},
+        {u"loans"_s, {u"loans [--json]"_s}, QT_TRANSLATE_NOOP("Cli", "List the records lent out, the longest out first, and which are overdue."),
          loansCommand},
         {u"export"_s,
          {u"export FILE [--no-images]"_s, u"export FILE --csv [--one-file]"_s, u"export FILE --csv --wantlist"_s},
-         u"Write the collection to an exchange file or CSV files, or the wantlist to a CSV file."_s, exportCommand},
+         QT_TRANSLATE_NOOP("Cli", "Write the collection to an exchange file or CSV files, or the wantlist to a CSV file."), exportCommand},
         {u"import"_s, {u"import FILE [--dry-run]"_s, u"import --wantlist FILE [--dry-run]"_s},
-         u"Merge an exchange, Discogs or CSV file into the collection, or add a file's albums to the wantlist."_s,
+         QT_TRANSLATE_NOOP("Cli", "Merge an exchange, Discogs or CSV file into the collection, or add a file's albums to the wantlist."),
          importCommand},
         {u"report"_s,
          {u"report --pdf OUT [--origin List|ArtistBreakdown|LabelBreakdown|ProducerBreakdown|YearBreakdown] "
           "[--artist T|--label T|--producer T|--date YYYY-MM-DD] [--descending]"_s},
-         u"Write the printed collection report as a PDF file."_s, reportCommand},
-        {u"backup"_s, {u"backup FILE"_s}, u"Copy the whole collection, cover files included, into FILE."_s, backupCommand},
-        {u"restore"_s, {u"restore FILE"_s}, u"Replace the collection with a backup (undo-import puts it back)."_s,
+         QT_TRANSLATE_NOOP("Cli", "Write the printed collection report as a PDF file."), reportCommand},
+        {u"backup"_s, {u"backup FILE"_s}, QT_TRANSLATE_NOOP("Cli", "Copy the whole collection, cover files included, into FILE."), backupCommand},
+        {u"restore"_s, {u"restore FILE"_s}, QT_TRANSLATE_NOOP("Cli", "Replace the collection with a backup (undo-import puts it back)."),
          restoreCommand},
         {u"lookup"_s, {u"lookup BARCODE | --image FILE | --search \"ARTIST - TITLE\" [--add [--pick N]]"_s},
-         u"Find a release in the online catalogue; --add stores it."_s, lookupCommand},
+         QT_TRANSLATE_NOOP("Cli", "Find a release in the online catalogue; --add stores it."), lookupCommand},
         {u"undo-import"_s, {u"undo-import"_s},
-         u"Put the collection back as it was before the last import or restore."_s, undoImportCommand},
+         QT_TRANSLATE_NOOP("Cli", "Put the collection back as it was before the last import or restore."), undoImportCommand},
     };
     return list;
 }
@@ -67,26 +68,29 @@ bool isHelp(const QString &argument)
 void printForms(QTextStream &stream, const Command &command)
 {
     for (qsizetype i = 0; i < command.forms.size(); ++i)
-        stream << (i == 0 ? "usage: " : "       ") << "platterbox [--data-dir DIR] " << command.forms.at(i) << '\n';
+        stream << (i == 0 ? Cli::tr("usage: %1") : u"       %1"_s).arg(u"platterbox [--data-dir DIR] "_s + command.forms.at(i))
+               << '\n';
 }
 
 void printCommandHelp(QTextStream &stream, const Command &command)
 {
     printForms(stream, command);
-    stream << '\n' << command.summary << '\n';
+    stream << '\n' << Cli::tr(command.summary) << '\n';
 }
 
 void printUsage(QTextStream &stream)
 {
-    stream << "usage: platterbox [--data-dir DIR] COMMAND [ARGUMENTS]\n"
-              "       platterbox COMMAND --help\n"
-              "       platterbox --help | --version\n\ncommands:\n";
+    stream << Cli::tr("usage: %1").arg(u"platterbox [--data-dir DIR] COMMAND [ARGUMENTS]"_s) << '\n'
+           << "       platterbox COMMAND --help\n"
+              "       platterbox --help | --version\n\n"
+           << Cli::tr("commands:") << '\n';
     for (const Command &c : commands()) {
         for (const QString &form : c.forms)
             stream << "  " << form << '\n';
-        stream << "      " << c.summary << '\n';
+        stream << "      " << Cli::tr(c.summary) << '\n';
     }
-    stream << "\nThe store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.\n";
+    stream << '\n' << Cli::tr("The store is Platterbox.sqlite in DIR, in $PLATTERBOX_DATA_DIR, or in the app's data folder.")
+           << '\n';
 }
 
 // Whatever was asked for, answered without a store: the version, the overall usage or a
@@ -112,7 +116,7 @@ std::optional<int> answerWithoutStore(const QStringList &arguments, QTextStream 
     }
     const Command *command = findCommand(first);
     if (!command) {
-        err << "platterbox: unknown command " << first << "\n";
+        err << "platterbox: " << Cli::tr("unknown command %1").arg(first) << "\n";
         printUsage(err);
         return CliBadUsage;
     }
@@ -138,7 +142,7 @@ bool CliContext::openFolder()
     const QString dataDir = DataFolder::resolve(m_dataDirOption, &chosen);
     auto folder = DataFolder::open(dataDir, chosen);
     if (!folder) {
-        err << "Unresolved error " << folder.errorMessage() << "\n";
+        err << Cli::tr("Unresolved error %1").arg(translated(folder.errorMessage())) << "\n";
         return false;
     }
     m_folder = std::move(*folder);

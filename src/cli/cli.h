@@ -1,11 +1,19 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <QTextStream>
 
 #include <memory>
 
 class DataFolder;
+
+// The command line's texts for people, in the user's language: Cli::tr("..."). What programs
+// read (--json output, the files written) never changes with the language.
+struct Cli
+{
+    Q_DECLARE_TR_FUNCTIONS(Cli)
+};
 
 // Exit codes of the command-line tool.
 enum CliExit { CliOk = 0, CliBadInput = 1, CliBadUsage = 2 };

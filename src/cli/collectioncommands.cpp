@@ -7,10 +7,21 @@
 #include "store/datafolder.h"
 #include "store/formatters.h"
 #include "store/samplecollection.h"
+#include "store/translations.h"
 
 #include <QJsonDocument>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+// What scripts read is the same in every language and locale: the amounts and dates --json
+// writes as texts are written as in the United States.
+void useScriptLocale()
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+}
+} // namespace
 
 int demoCommand(CliContext &context)
 {
@@ -19,7 +30,7 @@ int demoCommand(CliContext &context)
     if (context.arguments.size() != 1 || !isNumber)
         return CliBadUsage;
     if (count < 1 || count > 32767) {
-        context.err << "platterbox: N must be between 1 and 32767\n";
+        context.err << "platterbox: " << Cli::tr("N must be between 1 and 32767") << "\n";
         return CliBadInput;
     }
     if (!context.openFolder())
@@ -30,10 +41,10 @@ int demoCommand(CliContext &context)
     options.wantlist = true;
     auto done = addSampleCollection(context.folder().persistentContainer(), options);
     if (!done) {
-        context.err << "platterbox: " << done.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(done.errorMessage()) << "\n";
         return CliBadInput;
     }
-    context.out << "Added " << count << " sample records.\n";
+    context.out << Cli::tr("Added %n sample records.", nullptr, count) << "\n";
     return CliOk;
 }
 
@@ -45,9 +56,10 @@ int statsCommand(CliContext &context)
     if (!context.openFolder())
         return CliBadInput;
     if (json) {
+        useScriptLocale();
         auto statistics = StatisticsQueries::compute(context.folder().persistentContainer());
         if (!statistics) {
-            context.err << "platterbox: " << statistics.errorMessage() << "\n";
+            context.err << "platterbox: " << translated(statistics.errorMessage()) << "\n";
             return CliBadInput;
         }
         context.out << QJsonDocument(statisticsJson(*statistics)).toJson(QJsonDocument::Indented);
@@ -55,12 +67,13 @@ int statsCommand(CliContext &context)
     }
     auto totals = collectionTotals(context.folder().persistentContainer());
     if (!totals) {
-        context.err << "platterbox: " << totals.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(totals.errorMessage()) << "\n";
         return CliBadInput;
     }
-    context.out << "Records: " << totals->records << "\n"
-                << "Copies: " << totals->copies << "\n"
-                << "Total value: " << Formatters::currency(totals->value) << "\n";
+    const QLocale locale;
+    context.out << Cli::tr("Records: %1").arg(locale.toString(totals->records)) << "\n"
+                << Cli::tr("Copies: %1").arg(locale.toString(totals->copies)) << "\n"
+                << Cli::tr("Total value: %1").arg(Formatters::currency(totals->value)) << "\n";
     return CliOk;
 }
 
@@ -73,17 +86,19 @@ int loansCommand(CliContext &context)
         return CliBadInput;
     auto out = context.folder().persistentContainer().loansOut();
     if (!out) {
-        context.err << "platterbox: " << out.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(out.errorMessage()) << "\n";
         return CliBadInput;
     }
     const QDate today = QDate::currentDate();
     if (json) {
+        useScriptLocale();
         context.out << QJsonDocument(Loans::json(*out, today)).toJson(QJsonDocument::Indented);
         return CliOk;
     }
     context.out << Loans::summary(*out, today) << "\n";
     for (const LoanOut &o : std::as_const(*out))
-        context.out << o.name << " by " << (o.artist.isEmpty() ? u"no artist"_s : o.artist) << ": "
-                    << Loans::status(o.loan, today) << "\n";
+        context.out << Cli::tr("%1 by %2: %3")
+                           .arg(o.name, o.artist.isEmpty() ? Cli::tr("no artist") : o.artist, Loans::status(o.loan, today))
+                    << "\n";
     return CliOk;
 }

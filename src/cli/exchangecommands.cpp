@@ -10,6 +10,7 @@
 #include "store/datafolder.h"
 #include "store/snapshots.h"
 #include "store/textfile.h"
+#include "store/translations.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
@@ -22,10 +23,10 @@ bool writeFile(CliContext &context, const QString &path, const QByteArray &data)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
-        context.err << "platterbox: cannot write " << path << ": " << file.errorString() << "\n";
+        context.err << "platterbox: " << Cli::tr("cannot write %1: %2").arg(path, file.errorString()) << "\n";
         return false;
     }
-    context.out << "Wrote " << path << "\n";
+    context.out << Cli::tr("Wrote %1").arg(path) << "\n";
     return true;
 }
 
@@ -33,7 +34,7 @@ int exportCsv(CliContext &context, const QString &path, bool oneFile)
 {
     auto files = CollectionCsv::write(context.folder().persistentContainer(), oneFile);
     if (!files) {
-        context.err << "platterbox: " << files.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(files.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (!writeFile(context, path, files->records))
@@ -47,7 +48,7 @@ int exportWantlist(CliContext &context, const QString &path)
 {
     auto text = WantlistCsv::write(context.folder().persistentContainer());
     if (!text) {
-        context.err << "platterbox: " << text.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(text.errorMessage()) << "\n";
         return CliBadInput;
     }
     return writeFile(context, path, *text) ? CliOk : CliBadInput;
@@ -58,7 +59,7 @@ void printProblems(CliContext &context, const QList<ImportProblem> &problems, qi
     for (const ImportProblem &problem : problems)
         context.out << ImportMerge::problemText(problem) << "\n";
     if (more > 0)
-        context.out << ImportMessages::kMoreProblems.arg(more) << "\n";
+        context.out << translated(ImportMessages::kMoreProblems).arg(more) << "\n";
 }
 
 // The file's albums go onto the wantlist; the collection is not touched.
@@ -66,12 +67,12 @@ int importWantlist(CliContext &context, const QString &path, const QByteArray &b
 {
     const WantlistCsv::WantlistFile file = WantlistCsv::read(bytes);
     if (file.format() == ImportFormat::Unknown) {
-        context.err << "platterbox: " << WantlistCsv::kNotAWantlist << " in " << path << "\n";
+        context.err << "platterbox: " << Cli::tr("%1 in %2").arg(WantlistCsv::kNotAWantlist, path) << "\n";
         return CliBadInput;
     }
     context.out << file.summary() << "\n";
     if (!file.ignoredColumns().isEmpty())
-        context.out << "Not read: " << file.ignoredColumns().join(u", "_s) << "\n";
+        context.out << Cli::tr("Not read: %1").arg(file.ignoredColumns().join(u", "_s)) << "\n";
     Store &store = context.folder().persistentContainer();
     Result<WantlistCsv::WantlistCounts> counts = Error{};
     if (dryRun) {
@@ -81,13 +82,13 @@ int importWantlist(CliContext &context, const QString &path, const QByteArray &b
         counts = WantlistCsv::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
     }
     if (!counts) {
-        context.err << "Unresolved error " << counts.errorMessage() << "\n";
+        context.err << Cli::tr("Unresolved error %1").arg(translated(counts.errorMessage())) << "\n";
         return CliBadInput;
     }
     context.out << (dryRun ? WantlistCsv::previewText(*counts) : WantlistCsv::countsText(*counts)) << "\n";
     printProblems(context, counts->problems, counts->moreProblems);
     if (dryRun)
-        context.out << "Dry run: nothing was changed.\n";
+        context.out << Cli::tr("Dry run: nothing was changed.") << "\n";
     return CliOk;
 }
 
@@ -112,13 +113,13 @@ int exportCommand(CliContext &context)
     int unreadable = 0;
     auto text = ExchangeWriter::build(context.folder().persistentContainer(), images, &unreadable);
     if (!text) {
-        context.err << "platterbox: " << text.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(text.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (!writeFile(context, path, *text))
         return CliBadInput;
     if (unreadable > 0)
-        context.err << "platterbox: " << unreadable << " cover pictures could not be read and were left out\n";
+        context.err << "platterbox: " << Cli::tr("%n cover pictures could not be read and were left out", nullptr, unreadable) << "\n";
     return CliOk;
 }
 
@@ -133,12 +134,12 @@ int importCommand(CliContext &context)
         return CliBadInput;
     const QString path = arguments.first();
     if (const auto writable = context.folder().persistentContainer().checkWritable(); !dryRun && !writable) {
-        context.err << "platterbox: " << writable.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(writable.errorMessage()) << "\n";
         return CliBadInput;
     }
     auto bytes = TextFile::readUtf8(path);
     if (!bytes) {
-        context.err << "platterbox: " << bytes.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(bytes.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (wantlist)
@@ -146,13 +147,15 @@ int importCommand(CliContext &context)
     const ImportFile file = ImportFiles::read(std::move(*bytes));
     if (file.format == ImportFormat::Unknown
         || (file.format == ImportFormat::Exchange && !Exchange::hasRecordSection(file.text))) {
-        context.err << "platterbox: no " << Exchange::kRecordMarker << " section in " << path
-                    << ", and no CSV header line that names record attributes\n";
+        context.err << "platterbox: "
+                    << Cli::tr("no %1 section in %2, and no CSV header line that names record attributes")
+                           .arg(Exchange::kRecordMarker, path)
+                    << "\n";
         return CliBadInput;
     }
     context.out << ImportFiles::summary(file) << "\n";
     if (!file.ignoredColumns.isEmpty())
-        context.out << "Not read: " << file.ignoredColumns.join(u", "_s) << "\n";
+        context.out << Cli::tr("Not read: %1").arg(file.ignoredColumns.join(u", "_s)) << "\n";
 
     Store &store = context.folder().persistentContainer();
     Result<ImportCounts> counts = Error{};
@@ -164,14 +167,15 @@ int importCommand(CliContext &context)
         counts = ImportMerge::applyAfterSnapshot(store, file, snapshots, QFileInfo(path).fileName());
     }
     if (!counts) {
-        context.err << "Unresolved error " << counts.errorMessage() << "\n";
+        context.err << Cli::tr("Unresolved error %1").arg(translated(counts.errorMessage())) << "\n";
         return CliBadInput;
     }
     context.out << ImportMerge::countsText(*counts) << "\n";
     printProblems(context, counts->problems, counts->moreProblems);
     if (counts->unreadableImages > 0)
-        context.err << "platterbox: " << counts->unreadableImages
-                    << " cover pictures could not be read and were left out\n";
-    context.out << (dryRun ? u"Dry run: nothing was changed."_s : ImportMessages::kCompleted) << "\n";
+        context.err << "platterbox: "
+                    << Cli::tr("%n cover pictures could not be read and were left out", nullptr, int(counts->unreadableImages))
+                    << "\n";
+    context.out << (dryRun ? Cli::tr("Dry run: nothing was changed.") : ImportMessages::kCompleted) << "\n";
     return CliOk;
 }

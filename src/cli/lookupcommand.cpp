@@ -6,6 +6,7 @@
 #include "lookup/lookuprecord.h"
 #include "store/datafolder.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +66,8 @@ int lookupCommand(CliContext &context)
     if (!options)
         return CliBadUsage;
     if (!options->barcode.isEmpty() && BarcodeDigits::searchForms(options->barcode).isEmpty()) {
-        context.err << "platterbox: \"" << options->barcode << "\" is not a barcode: give its 8, 12 or 13 digits\n";
+        context.err << "platterbox: " << Cli::tr("\"%1\" is not a barcode: give its 8, 12 or 13 digits").arg(options->barcode)
+                    << "\n";
         return CliBadUsage;
     }
     if (!context.openFolder())
@@ -73,7 +75,7 @@ int lookupCommand(CliContext &context)
     Store &store = context.folder().persistentContainer();
     if (options->add) {
         if (const auto writable = store.checkWritable(); !writable) {
-            context.err << "platterbox: " << writable.errorMessage() << "\n";
+            context.err << "platterbox: " << translated(writable.errorMessage()) << "\n";
             return CliBadInput;
         }
     }
@@ -82,23 +84,24 @@ int lookupCommand(CliContext &context)
     if (!options->image.isEmpty()) {
         const auto read = BarcodeReader::readFile(options->image);
         if (!read) {
-            context.err << "platterbox: " << read.errorMessage() << "\n";
+            context.err << "platterbox: " << translated(read.errorMessage()) << "\n";
             return CliBadInput;
         }
         barcode = read->digits;
-        context.out << "Read " << read->formatName() << " " << barcode << " from " << options->image << "\n";
+        context.out << Cli::tr("Read %1 %2 from %3").arg(read->formatName(), barcode, options->image) << "\n";
     }
 
     LookupClient client;
     const auto candidates = barcode.isEmpty() ? searchTextAndWait(client, options->search)
                                               : searchBarcodeAndWait(client, barcode);
     if (!candidates) {
-        context.err << "platterbox: " << candidates.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(candidates.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (candidates->isEmpty()) {
-        context.err << "platterbox: no release found for "
-                    << (barcode.isEmpty() ? u"\"%1\""_s.arg(options->search) : barcode) << "\n";
+        context.err << "platterbox: "
+                    << Cli::tr("no release found for %1").arg(barcode.isEmpty() ? u"\"%1\""_s.arg(options->search) : barcode)
+                    << "\n";
         return CliBadInput;
     }
     if (!options->add) {
@@ -107,41 +110,45 @@ int lookupCommand(CliContext &context)
         return CliOk;
     }
     if (options->pick > candidates->size()) {
-        context.err << "platterbox: there are only " << candidates->size() << " candidates\n";
+        context.err << "platterbox: " << Cli::tr("there are only %n candidates", nullptr, int(candidates->size())) << "\n";
         return CliBadInput;
     }
 
     const LookupCandidate &chosen = candidates->at(options->pick - 1);
     const auto release = fetchReleaseAndWait(client, chosen.releaseId);
     if (!release) {
-        context.err << "platterbox: " << release.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(release.errorMessage()) << "\n";
         return CliBadInput;
     }
     const auto existing = LookedUp::inCollection(store, *release);
     if (!existing) {
-        context.err << "platterbox: " << existing.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(existing.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (*existing) {
-        context.err << "platterbox: already in the collection: " << LookedUp::nameOf(**existing) << "; nothing was added\n";
+        context.err << "platterbox: "
+                    << Cli::tr("already in the collection: %1; nothing was added").arg(LookedUp::nameOf(**existing)) << "\n";
         return CliBadInput;
     }
     const auto covers = fetchCoversAndWait(client, chosen.releaseId);
     if (!covers) {
-        context.err << "platterbox: " << covers.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(covers.errorMessage()) << "\n";
         return CliBadInput;
     }
     auto record = LookedUp::record(*release, *covers);
     if (!record) {
-        context.err << "platterbox: " << record.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(record.errorMessage()) << "\n";
         return CliBadInput;
     }
     if (auto added = LookedUp::add(store, *record); !added) {
-        context.err << "platterbox: " << added.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(added.errorMessage()) << "\n";
         return CliBadInput;
     }
     const int coverCount = int(!covers->front.isNull()) + int(!covers->back.isNull());
-    context.out << "Added " << LookedUp::nameOf(record->vinyl) << " with " << record->tracks.size() << " tracks and "
-                << coverCount << (coverCount == 1 ? " cover" : " covers") << "\n";
+    // "Added NAME with 12 tracks and 1 cover": each count with its own plural.
+    context.out << Cli::tr("Added %1 with %n tracks and %2", nullptr, int(record->tracks.size()))
+                       .arg(LookedUp::nameOf(record->vinyl), coverCount == 1 ? Cli::tr("%n cover", nullptr, coverCount)
+                                                                            : Cli::tr("%n covers", nullptr, coverCount))
+                << "\n";
     return CliOk;
 }

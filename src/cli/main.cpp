@@ -1,6 +1,7 @@
 // The command-line tool: the same store and logic as the app, without a window.
 #include "cli/cli.h"
 #include "store/logging.h"
+#include "store/translations.h"
 #include "store/version.h"
 
 #include <QGuiApplication>
@@ -16,6 +17,7 @@ int main(int argc, char *argv[])
     QGuiApplication::setOrganizationName(QStringLiteral("Platterbox"));
     QGuiApplication::setApplicationName(QStringLiteral("Platterbox"));
     QGuiApplication::setApplicationVersion(Version::number());
+    installTranslations();
     QTextStream out(stdout);
     QTextStream err(stderr);
     QStringList arguments = QGuiApplication::arguments();

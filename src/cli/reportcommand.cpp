@@ -8,6 +8,7 @@
 #include "store/currentrecord.h"
 #include "store/datafolder.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QDate>
 
@@ -62,7 +63,7 @@ int reportCommand(CliContext &context)
         } else if (a == u"--origin"_s) {
             origin = value;
         } else if (!option.isEmpty()) {
-            context.err << "platterbox: give only one of --artist, --label, --producer and --date\n";
+            context.err << "platterbox: " << Cli::tr("give only one of --artist, --label, --producer and --date") << "\n";
             return CliBadUsage;
         } else {
             option = a;
@@ -75,9 +76,9 @@ int reportCommand(CliContext &context)
         return CliBadUsage;
     if (groupOption(origin) != option) {
         if (option.isEmpty())
-            context.err << "platterbox: --origin " << origin << " needs " << groupOption(origin) << "\n";
+            context.err << "platterbox: " << Cli::tr("--origin %1 needs %2").arg(origin, groupOption(origin)) << "\n";
         else
-            context.err << "platterbox: " << option << " does not go with --origin " << origin << "\n";
+            context.err << "platterbox: " << Cli::tr("%1 does not go with --origin %2").arg(option, origin) << "\n";
         return CliBadUsage;
     }
 
@@ -91,7 +92,7 @@ int reportCommand(CliContext &context)
     else if (origin == ReportOrigins::YearBreakdown) {
         const QDate date = QDate::fromString(group, u"yyyy-MM-dd"_s);
         if (!date.isValid()) {
-            context.err << "platterbox: --date wants a date like 1975-03-05, not \"" << group << "\"\n";
+            context.err << "platterbox: " << Cli::tr("--date wants a date like 1975-03-05, not \"%1\"").arg(group) << "\n";
             return CliBadInput;
         }
         selected.releaseDate = date.startOfDay();
@@ -102,22 +103,22 @@ int reportCommand(CliContext &context)
     Store &store = context.folder().persistentContainer();
     auto records = ReportBuilder::fetchReport(store, origin, selected, ascending);
     if (!records) {
-        context.err << "platterbox: " << records.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(records.errorMessage()) << "\n";
         return CliBadInput;
     }
     const qsizetype count = records->size();
     auto content = ReportContent::printedReport(origin, std::move(records).value());
     if (!content) {
-        context.err << "platterbox: " << content.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(content.errorMessage()) << "\n";
         return CliBadInput;
     }
     // The covers are read a page at a time, so a report of any length runs in little memory.
     CoverReader covers(store.filePath());
     const auto written = ReportPdf::write(*content, output, &covers);
     if (!written) {
-        context.err << "platterbox: " << written.errorMessage() << "\n";
+        context.err << "platterbox: " << translated(written.errorMessage()) << "\n";
         return CliBadInput;
     }
-    context.out << "Wrote " << count << " records to " << output << "\n";
+    context.out << Cli::tr("Wrote %n records to %1", nullptr, int(count)).arg(output) << "\n";
     return CliOk;
 }

@@ -1,5 +1,6 @@
 // The two programs as a user or a script starts them: --version and --help answer without a
-// window or a data folder, and standard error carries only Platterbox's own messages.
+// window or a data folder, standard error carries only Platterbox's own messages, and people read
+// the system's language while scripts read the same bytes in every language.
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
@@ -66,6 +67,90 @@ private slots:
         const QString out = QString::fromLocal8Bit(process.readAllStandardOutput());
         QCOMPARE(out.left(output.size()), output);
         QCOMPARE(QFileInfo::exists(folder), opens);
+    }
+
+    void speaksTheSystemLanguage_data()
+    {
+        QTest::addColumn<QString>("lang");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("output");
+        QTest::addColumn<QString>("error");
+        const QString german = u"de_DE.UTF-8"_s;
+        QTest::newRow("German figures") << german << QStringList{u"stats"_s} << 0
+                                        << u"Platten: 0\nExemplare: 0\nGesamtwert: 0,00\u00a0\u20ac\n"_s << QString();
+        QTest::newRow("a German error") << german << QStringList{u"demo"_s, u"0"_s} << 1 << QString()
+                                        << u"platterbox: N muss zwischen 1 und 32767 liegen\n"_s;
+        QTest::newRow("German usage") << german << QStringList{u"stats"_s, u"x"_s} << 2 << QString()
+                                      << u"Aufruf: platterbox [--data-dir DIR] stats [--json]\n"_s;
+        QTest::newRow("English in the C locale") << u"C"_s << QStringList{u"stats"_s} << 0
+                                                 << u"Records: 0\nCopies: 0\nTotal value: $0.00\n"_s << QString();
+        QTest::newRow("English in Britain") << u"en_GB.UTF-8"_s << QStringList{u"demo"_s, u"0"_s} << 1 << QString()
+                                            << u"platterbox: N must be between 1 and 32767\n"_s;
+        // A language without a translation reads English, in its own formats.
+        QTest::newRow("English in France") << u"fr_FR.UTF-8"_s << QStringList{u"stats"_s} << 0
+                                           << u"Records: 0\nCopies: 0\nTotal value: 0,00\u00a0\u20ac\n"_s << QString();
+    }
+
+    void speaksTheSystemLanguage()
+    {
+        QFETCH(QString, lang);
+        QFETCH(QStringList, arguments);
+        QFETCH(int, code);
+        QFETCH(QString, output);
+        QFETCH(QString, error);
+        QTemporaryDir scratch;
+        QProcess process;
+        process.setProcessEnvironment(speaking(lang));
+        process.start(QStringLiteral(PB_CLI_PROGRAM), QStringList{u"--data-dir"_s, scratch.path()} + arguments);
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(QString::fromUtf8(process.readAllStandardError()), error);
+        QCOMPARE(QString::fromUtf8(process.readAllStandardOutput()), output);
+        QCOMPARE(process.exitCode(), code);
+    }
+
+    // What scripts read is the same in every language, byte for byte.
+    void scriptsReadTheSameInEveryLanguage_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("stats --json") << QStringList{u"stats"_s, u"--json"_s};
+        QTest::newRow("loans --json") << QStringList{u"loans"_s, u"--json"_s};
+    }
+
+    void scriptsReadTheSameInEveryLanguage()
+    {
+        QFETCH(QStringList, arguments);
+        QTemporaryDir scratch;
+        const QStringList dataDir{u"--data-dir"_s, scratch.path()};
+        QProcess process;
+        process.setProcessEnvironment(speaking(u"C"_s));
+        process.start(QStringLiteral(PB_CLI_PROGRAM), dataDir + QStringList{u"demo"_s, u"30"_s});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 0);
+        QByteArray english;
+        for (const QString &lang : {u"C"_s, u"de_DE.UTF-8"_s}) {
+            process.setProcessEnvironment(speaking(lang));
+            process.start(QStringLiteral(PB_CLI_PROGRAM), dataDir + arguments);
+            QVERIFY(process.waitForFinished());
+            QCOMPARE(process.exitCode(), 0);
+            const QByteArray out = process.readAllStandardOutput();
+            QVERIFY(out.size() > 100);
+            if (english.isEmpty())
+                english = out;
+            else
+                QCOMPARE(out, english);
+        }
+    }
+
+private:
+    // The environment of a user whose only language setting is LANG.
+    static QProcessEnvironment speaking(const QString &lang)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const QString &name : {u"LANGUAGE"_s, u"LC_ALL"_s, u"LC_MESSAGES"_s, u"LC_NUMERIC"_s, u"LC_MONETARY"_s})
+            environment.remove(name);
+        environment.insert(u"LANG"_s, lang);
+        return environment;
     }
 };
 

@@ -1,5 +1,6 @@
 // The screen tour: every screen of the app, with a sample collection loaded, as PNG files.
 #include "store/logging.h"
+#include "store/translations.h"
 #include "tour.h"
 
 #include <QCursor>
@@ -21,7 +22,14 @@ int main(int argc, char *argv[])
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     // The charts draw through Graphics View, which needs the widgets' application object.
     QApplication application(argc, argv);
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    // PLATTERBOX_TOUR_LANG=de pictures the screens in German, in German formats; English otherwise.
+    if (qEnvironmentVariable("PLATTERBOX_TOUR_LANG") == u"de"_s) {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        if (!installTranslations(QLocale()))
+            fprintf(stderr, "tour: the German translation did not load\n");
+    } else {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    }
     const QString outDir = QApplication::arguments().value(1, u"build/tour"_s);
     QDir().mkpath(outDir);
 

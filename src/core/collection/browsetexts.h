@@ -7,15 +7,15 @@
 namespace BrowseTexts {
 using namespace Qt::StringLiterals;
 
-inline const QString kListTitle = u"List Vinyl's"_s;
+inline const QString kListTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "List Vinyl's"));
 inline const QString kDeleteAction = u"delete"_s;
-inline const QString kSortMenuTitle = u"Sort by"_s;
-inline const QString kSortOptionsTitle = u"Sort Options"_s;
-inline const QString kSortButtonTitle = u"Sort"_s;
-inline const QString kPrintButtonTitle = u"Print"_s;
+inline const QString kSortMenuTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort by"));
+inline const QString kSortOptionsTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort Options"));
+inline const QString kSortButtonTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort"));
+inline const QString kPrintButtonTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Print"));
 inline const QString kHeaderPrefix = u"# Vinyl Records = "_s;
 inline const QString kHeaderOf = u" of "_s;
-inline const QString kGroupPlaceholder = u"Search By Artist"_s;
+inline const QString kGroupPlaceholder = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search By Artist"));
 
 // Sort choices of the collection list: the value kept in SortName.
 inline const QString kSortName = u"Name"_s;
@@ -27,15 +27,15 @@ inline const QString kSortSpeed = u"Speed"_s;
 inline const QString kSortQuantity = u"Quantity"_s;
 inline const QString kSortValue = u"Value"_s;
 inline const QString kSortTotal = u"Total"_s;
-inline const QString kSearchByName = u"Search by Name"_s;
+inline const QString kSearchByName = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Name"));
 
-inline const QString kRecordNotFoundTitle = u"Record Not Found"_s;
-inline const QString kRecordNotFoundMessage = u"This record is no longer in the collection; the list has been refreshed."_s;
-inline const QString kCantSendTextTitle = u"Can't Send Text Message"_s;
-inline const QString kCantSendTextMessage = u"Your device is not able to send text messages."_s;
-inline const QString kPdfNotWrittenTitle = u"Document not Created"_s;
-inline const QString kEmptyDataSetTitle = u"Empty Data Set!"_s;
-inline const QString kEmptyDataSetMessage = u"No Vinyl's to Print!"_s;
+inline const QString kRecordNotFoundTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record Not Found"));
+inline const QString kRecordNotFoundMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "This record is no longer in the collection; the list has been refreshed."));
+inline const QString kCantSendTextTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Can't Send Text Message"));
+inline const QString kCantSendTextMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Your device is not able to send text messages."));
+inline const QString kPdfNotWrittenTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Document not Created"));
+inline const QString kEmptyDataSetTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Empty Data Set!"));
+inline const QString kEmptyDataSetMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No Vinyl's to Print!"));
 
 // Screens this subsystem opens.
 inline const QString kEditScreen = u"EditVinylView"_s;

@@ -3,12 +3,21 @@
 #include "store/formatters.h"
 #include "store/store.h"
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QLocale>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+// The loans' texts in the user's language.
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(Loans)
+};
+} // namespace
 
 namespace Loans {
 
@@ -50,34 +59,35 @@ bool isOverdue(const Loan &loan, QDate today)
 
 QString status(const Loan &loan, QDate today)
 {
-    QString text = u"Lent to %1 since %2"_s.arg(loan.borrower, Formatters::mediumDay(loan.lent));
+    QString text = Text::tr("Lent to %1 since %2").arg(loan.borrower, Formatters::mediumDay(loan.lent));
     if (loan.due.isValid()) {
         // The year is said only when it is not the year lent.
         const bool sameYear = loan.due.year() == loan.lent.year();
-        text += u", due "_s + (sameYear ? Formatters::dayAndMonth(loan.due) : Formatters::mediumDay(loan.due));
+        text += Text::tr(", due %1").arg(sameYear ? Formatters::dayAndMonth(loan.due) : Formatters::mediumDay(loan.due));
     }
     if (isOverdue(loan, today))
-        text += u" (overdue)"_s;
+        text += Text::tr(" (overdue)");
     return text;
 }
 
 QString historyLine(const Loan &loan)
 {
     return u"%1, %2 \u2013 %3"_s.arg(loan.borrower, Formatters::mediumDay(loan.lent),
-                                     loan.isOut() ? u"now"_s : Formatters::mediumDay(loan.returned));
+                                     loan.isOut() ? Text::tr("now") : Formatters::mediumDay(loan.returned));
 }
 
 QString summary(const QList<LoanOut> &out, QDate today)
 {
     if (out.isEmpty())
-        return u"No record is lent out."_s;
-    const QLocale locale;
+        return Text::tr("No record is lent out.");
     const auto overdue = std::count_if(out.cbegin(), out.cend(), [&](const LoanOut &o) { return isOverdue(o.loan, today); });
-    QString text = out.size() == 1 ? u"1 record is lent out"_s
-                                   : u"%1 records are lent out"_s.arg(locale.toString(qint64(out.size())));
-    if (overdue > 0)
-        text += u", %1 overdue"_s.arg(locale.toString(qint64(overdue)));
-    return text + u'.';
+    // English has no translation to choose its plural form, so the singular is a text of its own.
+    const int lent = int(out.size());
+    if (overdue == 0)
+        return lent == 1 ? Text::tr("%Ln record is lent out.", nullptr, lent) : Text::tr("%Ln records are lent out.", nullptr, lent);
+    const QString text = lent == 1 ? Text::tr("%Ln record is lent out, %1 overdue.", nullptr, lent)
+                                   : Text::tr("%Ln records are lent out, %1 overdue.", nullptr, lent);
+    return text.arg(QLocale().toString(qint64(overdue)));
 }
 
 QJsonArray json(const QList<LoanOut> &out, QDate today)

@@ -16,16 +16,16 @@ class Store;
 // not depend on the clock.
 namespace Loans {
 
-inline const QString kNoBorrower = QStringLiteral("Say who borrows the record.");
-inline const QString kDueBeforeLent = QStringLiteral("The day it is due back comes before the day it is lent.");
-inline const QString kBackBeforeLent = QStringLiteral("The record cannot come back before the day it was lent.");
-inline const QString kNoRecord = QStringLiteral("The record is no longer in the collection.");
+inline const QString kNoBorrower = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Say who borrows the record."));
+inline const QString kDueBeforeLent = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The day it is due back comes before the day it is lent."));
+inline const QString kBackBeforeLent = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The record cannot come back before the day it was lent."));
+inline const QString kNoRecord = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The record is no longer in the collection."));
 // Asked before a record lent out is deleted.
-inline const QString kDeleteLentTitle = QStringLiteral("Delete a Record on Loan?");
-inline const QString kDeleteLentMessage = QStringLiteral("\"%1\" is lent to %2. Delete it and its loans anyway?");
-inline const QString kKeepButton = QStringLiteral("Keep");
-inline const QString kDeleteButton = QStringLiteral("Delete");
-inline const QString kNoDay = QStringLiteral("Choose the day the record is lent.");
+inline const QString kDeleteLentTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Delete a Record on Loan?"));
+inline const QString kDeleteLentMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is lent to %2. Delete it and its loans anyway?"));
+inline const QString kKeepButton = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Keep"));
+inline const QString kDeleteButton = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Delete"));
+inline const QString kNoDay = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Choose the day the record is lent."));
 
 // Lends the record: the borrower's name without spaces around it; a due day, when given, on or
 // after the day lent. Refused while the record is out.

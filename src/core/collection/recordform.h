@@ -45,15 +45,15 @@ struct RecordFormFields
 namespace RecordForm {
 
 // Texts the user sees.
-inline const QString kNotSavedTitle = QStringLiteral("Record not Saved!");
-inline const QString kRequiredFieldsMessage = QStringLiteral("Required Fields in RED not Entered");
-inline const QString kCameraTitle = QStringLiteral("Camera");
-inline const QString kNoCameraMessage = QStringLiteral("There is no camera available");
-inline const QString kClipboardTitle = QStringLiteral("Clipboard");
-inline const QString kNoClipboardImageMessage = QStringLiteral("There is no image in the Clipboard");
-inline const QString kPictureTitle = QStringLiteral("Picture not Loaded");
-inline const QString kCantSendTextTitle = QStringLiteral("Can't Send Text Message");
-inline const QString kCantSendTextMessage = QStringLiteral("Your device is not able to send text messages.");
+inline const QString kNotSavedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record not Saved!"));
+inline const QString kRequiredFieldsMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Required Fields in RED not Entered"));
+inline const QString kCameraTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Camera"));
+inline const QString kNoCameraMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "There is no camera available"));
+inline const QString kClipboardTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Clipboard"));
+inline const QString kNoClipboardImageMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "There is no image in the Clipboard"));
+inline const QString kPictureTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Picture not Loaded"));
+inline const QString kCantSendTextTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Can't Send Text Message"));
+inline const QString kCantSendTextMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Your device is not able to send text messages."));
 
 // Picker entries that do not come from the store.
 inline const QStringList kRecordSpeeds = {QStringLiteral("33 RPM"), QStringLiteral("45 RPM"), QStringLiteral("78 RPM")};

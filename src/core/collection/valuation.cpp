@@ -2,6 +2,7 @@
 
 #include "store/appconfig.h"
 #include "store/formatters.h"
+#include "store/translations.h"
 
 #include <QUrl>
 
@@ -24,7 +25,7 @@ QString searchAddress(const QString &artist, const QString &name)
 
 QString lastQuoteText(const std::optional<QDateTime> &lastQuoted)
 {
-    return lastQuoted ? kLastValued.arg(Formatters::mediumDate(*lastQuoted)) : kNotValuedYet;
+    return lastQuoted ? translated(kLastValued).arg(Formatters::mediumDate(*lastQuoted)) : kNotValuedYet;
 }
 
 std::optional<float> parseNewValue(const QString &text)

@@ -12,17 +12,17 @@
 // what a new value may be typed as and how it is read, and the texts of a row.
 namespace Valuation {
 
-inline const QString kNoSearchTitle = QStringLiteral("No Search");
-inline const QString kNoSearchMessage = QStringLiteral("Required Fields Name Not Entered");
-inline const QString kNotSavedTitle = QStringLiteral("Record not Saved!");
-inline const QString kNoNewValueMessage = QStringLiteral("New Value not Entered");
+inline const QString kNoSearchTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No Search"));
+inline const QString kNoSearchMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Required Fields Name Not Entered"));
+inline const QString kNotSavedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record not Saved!"));
+inline const QString kNoNewValueMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "New Value not Entered"));
 // %1: the new value as typed.
-inline const QString kUnreadableValueMessage = QStringLiteral("New Value \"%1\" is not an amount.");
-inline const QString kPageNotOpenedTitle = QStringLiteral("Page not Opened");
+inline const QString kUnreadableValueMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "New Value \"%1\" is not an amount."));
+inline const QString kPageNotOpenedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Page not Opened"));
 // %1: the address.
-inline const QString kNotAnAddressMessage = QStringLiteral("\"%1\" is not a web address.");
-inline const QString kCantSendTextTitle = QStringLiteral("Can't Send Text Message");
-inline const QString kCantSendTextMessage = QStringLiteral("Your device is not able to send text messages.");
+inline const QString kNotAnAddressMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is not a web address."));
+inline const QString kCantSendTextTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Can't Send Text Message"));
+inline const QString kCantSendTextMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Your device is not able to send text messages."));
 
 // "what is a <artist> <name> vinyl record album worth" on the search engine: "&" is spelled
 // "and", right single quotation marks go, every other character an address cannot hold as
@@ -31,8 +31,8 @@ inline const QString kCantSendTextMessage = QStringLiteral("Your device is not a
 [[nodiscard]] QString searchAddress(const QString &artist, const QString &name);
 
 // "Last valued Mar 5, 2024": the date of a record's newest quote; "Not valued yet" without one.
-inline const QString kLastValued = QStringLiteral("Last valued %1");
-inline const QString kNotValuedYet = QStringLiteral("Not valued yet");
+inline const QString kLastValued = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Last valued %1"));
+inline const QString kNotValuedYet = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Not valued yet"));
 [[nodiscard]] QString lastQuoteText(const std::optional<QDateTime> &lastQuoted);
 
 // A new value as entered or pasted, read as the current locale writes amounts ("$12.50" in

@@ -15,20 +15,20 @@ class Store;
 namespace Wantlist {
 
 // Texts the user sees.
-inline const QString kNotSavedTitle = QStringLiteral("Album not Saved!");
-inline const QString kRequiredMessage = QStringLiteral("Enter at least the album and the artist.");
-inline const QString kGone = QStringLiteral("The album is no longer on the wantlist.");
-inline const QString kGotItTitle = QStringLiteral("Got It");
-inline const QString kGotItPrompt = QStringLiteral("What did \"%1\" cost?");
-inline const QString kGotItDone = QStringLiteral("\"%1\" is in the collection now, numbered %2.");
-inline const QString kTakeOffTitle = QStringLiteral("On Your Wantlist");
+inline const QString kNotSavedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Album not Saved!"));
+inline const QString kRequiredMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Enter at least the album and the artist."));
+inline const QString kGone = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The album is no longer on the wantlist."));
+inline const QString kGotItTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Got It"));
+inline const QString kGotItPrompt = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "What did \"%1\" cost?"));
+inline const QString kGotItDone = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is in the collection now, numbered %2."));
+inline const QString kTakeOffTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "On Your Wantlist"));
 inline const QString kTakeOffMessage =
-    QStringLiteral("\"%1\" by %2 is on your wantlist. Take it off, now that it is in the collection?");
-inline const QString kTakeOffButton = QStringLiteral("Take Off");
-inline const QString kKeepButton = QStringLiteral("Keep");
-inline const QString kDeleteButton = QStringLiteral("Delete");
-inline const QString kDeleteTitle = QStringLiteral("Delete Wanted Album?");
-inline const QString kDeleteMessage = QStringLiteral("Take \"%1\" by %2 off the wantlist?");
+    QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" by %2 is on your wantlist. Take it off, now that it is in the collection?"));
+inline const QString kTakeOffButton = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Take Off"));
+inline const QString kKeepButton = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Keep"));
+inline const QString kDeleteButton = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Delete"));
+inline const QString kDeleteTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Delete Wanted Album?"));
+inline const QString kDeleteMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Take \"%1\" by %2 off the wantlist?"));
 // Priority 1 to 3, in that order.
 inline const QStringList kPriorityNames = {QStringLiteral("High"), QStringLiteral("Medium"), QStringLiteral("Low")};
 

@@ -5,6 +5,7 @@
 #include "store/formatters.h"
 #include "store/logging.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -380,7 +381,7 @@ void ExchangeWriter::writeCover(QByteArrayView encoding, int side, QByteArrayVie
 {
     if (encoding.isEmpty()) {
         ++m_unreadableImages;
-        consoleLine(Msg::kUnreadableImage.arg(side == 0 ? u"frontImage"_s : u"backImage"_s, QString::fromUtf8(name)));
+        consoleLine(translated(Msg::kUnreadableImage).arg(side == 0 ? u"frontImage"_s : u"backImage"_s, QString::fromUtf8(name)));
     } else {
         appendBase64(m_data, encoding);
     }

@@ -8,6 +8,7 @@
 #include "store/snapshots.h"
 #include "store/store.h"
 #include "store/valuehistory.h"
+#include "store/translations.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -141,7 +142,7 @@ Result<void> ImportMerge::run(const Progress &progress)
         if (!batch) {
             return Error{batch.errorMessage() + u"\n\n"_s
                          + (from == 0 ? ImportMessages::kNothingImported
-                                      : ImportMessages::kPartlyImported.arg(QLocale().toString(from)))};
+                                      : translated(ImportMessages::kPartlyImported).arg(QLocale().toString(from)))};
         }
         m_counts.linesApplied = to;
     }
@@ -276,7 +277,7 @@ std::optional<QByteArray> ImportMerge::decodeImage(TextSpan span, const QString 
     }
     if (!readable) {
         ++m_counts.unreadableImages;
-        consoleLine(ImportMessages::kUnreadableImage.arg(attribute).arg(lineNumber));
+        consoleLine(translated(ImportMessages::kUnreadableImage).arg(attribute).arg(lineNumber));
         return std::nullopt;
     }
     return decoded;

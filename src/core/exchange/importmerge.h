@@ -17,19 +17,17 @@ class Store;
 
 namespace ImportMessages {
 // "%1" is the attribute, "%2" the line number in the file.
-inline const QString kUnreadableImage = QStringLiteral("%1 on line %2 is not a readable image; left out.");
-inline const QString kCancelled = QStringLiteral("The import was cancelled; nothing was changed.");
+inline const QString kUnreadableImage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 on line %2 is not a readable image; left out."));
+inline const QString kCancelled = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The import was cancelled; nothing was changed."));
 // "%1 of %2" lines; "%3" what they did.
-inline const QString kStopped = QStringLiteral(
-    "The import was stopped after %1 of %2 lines of the file; those lines were imported (%3). "
-    "Undo Last Import puts the collection back as it was before.");
+inline const QString kStopped = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The import was stopped after %1 of %2 lines of the file; those lines were imported (%3). "
+    "Undo Last Import puts the collection back as it was before."));
 // "%1" lines; follows the cause of an import that failed part of the way.
-inline const QString kPartlyImported = QStringLiteral(
-    "The first %1 lines of the file were imported before it; Undo Last Import puts the collection back as it was.");
-inline const QString kNothingImported = QStringLiteral("Nothing was imported; the collection is as it was.");
+inline const QString kPartlyImported = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The first %1 lines of the file were imported before it; Undo Last Import puts the collection back as it was."));
+inline const QString kNothingImported = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Nothing was imported; the collection is as it was."));
 // Follows the problems listed: "%1" more lines were skipped.
-inline const QString kMoreProblems = QStringLiteral("and %1 more");
-inline const QString kCompleted = QStringLiteral("Data File Import Completed");
+inline const QString kMoreProblems = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "and %1 more"));
+inline const QString kCompleted = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Data File Import Completed"));
 } // namespace ImportMessages
 
 // One field a line changes on a stored record or track, as the preview shows it.

@@ -6,6 +6,7 @@
 #include "exchange/fileattributes.h"
 #include "store/snapshots.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QLocale>
 #include <QHash>
@@ -77,7 +78,7 @@ Result<WantlistCounts> merge(const Store &store, const WantlistFile &file, Store
         }
         const QString k = key(line.wanted.album);
         if (const auto earlier = keys.constFind(k); earlier != keys.cend()) {
-            skip(line.line, *earlier == 0 ? kAlreadyWanted : kSameAsLine.arg(*earlier));
+            skip(line.line, *earlier == 0 ? kAlreadyWanted : translated(kSameAsLine).arg(*earlier));
             continue;
         }
         keys.insert(k, line.line);
@@ -127,7 +128,7 @@ WantedLine WantlistFile::line(qsizetype index) const
             if (const auto priority = priorityOf(given))
                 line.wanted.priority = *priority;
             else
-                problems.append(kNotAPriority.arg(FileAttributes::excerpt(given)));
+                problems.append(translated(kNotAPriority).arg(FileAttributes::excerpt(given)));
         }
     }
     line.problem = problems.join(u"; "_s);

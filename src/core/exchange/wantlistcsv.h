@@ -24,14 +24,14 @@ class Store;
 // name or an artist. The wanted albums are added in one transaction, so a failed import adds none.
 namespace WantlistCsv {
 
-inline const QString kNoArtist = QStringLiteral("no artist");
-inline const QString kAlreadyWanted = QStringLiteral("already on the wantlist");
+inline const QString kNoArtist = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "no artist"));
+inline const QString kAlreadyWanted = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "already on the wantlist"));
 // "%1" is the earlier line's number.
-inline const QString kSameAsLine = QStringLiteral("the same album as line %1");
+inline const QString kSameAsLine = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "the same album as line %1"));
 // "%1" is the file's text.
-inline const QString kNotAPriority = QStringLiteral("Priority \"%1\" is not 1, 2 or 3");
+inline const QString kNotAPriority = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Priority \"%1\" is not 1, 2 or 3"));
 inline const QString kNotAWantlist =
-    QStringLiteral("no CSV header line that names record attributes, and no Discogs wantlist header");
+    QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "no CSV header line that names record attributes, and no Discogs wantlist header"));
 
 // One line of a file as a wanted album, or why it cannot be one.
 struct WantedLine

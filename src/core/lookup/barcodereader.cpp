@@ -1,4 +1,5 @@
 #include "lookup/barcodereader.h"
+#include "store/translations.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -144,7 +145,7 @@ Result<Barcode> readFile(const QString &path)
     if (!info.exists())
         return Error{kFileNotFound.arg(name)};
     if (info.isDir())
-        return Error{kNotAPicture.arg(name, u"it is a folder"_s)};
+        return Error{translated(kNotAPicture).arg(name, u"it is a folder"_s)};
     if (info.size() > kMaxFileBytes)
         return Error{kFileTooLarge.arg(name)};
 
@@ -152,7 +153,7 @@ Result<Barcode> readFile(const QString &path)
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (!reader.canRead() || size.isEmpty())
-        return Error{kNotAPicture.arg(name, reader.errorString())};
+        return Error{translated(kNotAPicture).arg(name, reader.errorString())};
     // Checked from the header, before any pixel is decoded: a small file can still claim
     // a huge picture.
     const qint64 pixels = qint64(size.width()) * size.height();
@@ -162,10 +163,10 @@ Result<Barcode> readFile(const QString &path)
     }
     const QImage image = reader.read();
     if (image.isNull())
-        return Error{kNotAPicture.arg(name, reader.errorString())};
+        return Error{translated(kNotAPicture).arg(name, reader.errorString())};
     if (auto barcode = read(image))
         return *std::move(barcode);
-    return Error{kNoBarcode.arg(name)};
+    return Error{translated(kNoBarcode).arg(name)};
 }
 
 } // namespace BarcodeReader

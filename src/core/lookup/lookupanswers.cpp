@@ -2,6 +2,7 @@
 
 #include "collection/recordform.h"
 #include "lookup/lookuptexts.h"
+#include "store/translations.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -21,7 +22,7 @@ Result<QJsonObject> rootObject(const QByteArray &json, const QString &notThatAns
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError)
-        return Error{LookupTexts::kNotJson.arg(parseError.errorString())};
+        return Error{translated(LookupTexts::kNotJson).arg(parseError.errorString())};
     if (!document.isObject())
         return Error{notThatAnswer};
     return document.object();
@@ -223,10 +224,10 @@ Result<QImage> coverFromBytes(const QByteArray &bytes, const QString &side)
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.width() > kMaxCoverSide || size.height() > kMaxCoverSide)
-        return Error{LookupTexts::kPictureTooLarge.arg(side).arg(kMaxCoverSide)};
+        return Error{translated(LookupTexts::kPictureTooLarge).arg(side).arg(kMaxCoverSide)};
     const QImage image = reader.read();
     if (image.isNull())
-        return Error{LookupTexts::kNotAPicture.arg(side, reader.errorString())};
+        return Error{translated(LookupTexts::kNotAPicture).arg(side, reader.errorString())};
     return image;
 }
 

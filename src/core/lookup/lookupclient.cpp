@@ -2,6 +2,7 @@
 
 #include "lookup/lookuptexts.h"
 #include "store/appconfig.h"
+#include "store/translations.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -80,7 +81,7 @@ ServiceAddress serviceAddress(const char *variable, const QString &fallback)
         text = fallback;
     QUrl url(text, QUrl::StrictMode);
     if (!url.isValid() || url.host().isEmpty() || (url.scheme() != "http"_L1 && url.scheme() != "https"_L1))
-        return {QUrl(fallback), LookupTexts::kBadServiceAddress.arg(QString::fromLatin1(variable), text)};
+        return {QUrl(fallback), translated(LookupTexts::kBadServiceAddress).arg(QString::fromLatin1(variable), text)};
     // Paths are resolved against the base, which only keeps its last segment with a slash.
     if (!url.path().endsWith(u'/'))
         url.setPath(url.path() + u'/');
@@ -94,7 +95,7 @@ Result<QString> barcodeQuery(const QString &barcode)
     static const QRegularExpression digitsOnly(u"^[0-9]{6,14}$"_s);
     const QString digits = QString(barcode).remove(separators);
     if (!digitsOnly.match(digits).hasMatch())
-        return Error{LookupTexts::kNotABarcode.arg(barcode.trimmed())};
+        return Error{translated(LookupTexts::kNotABarcode).arg(barcode.trimmed())};
     QStringList codes{digits};
     if (digits.size() == 12)
         codes << u'0' + digits;
@@ -177,7 +178,7 @@ void LookupClient::searchReleases(const Result<QString> &query)
     url.setQuery(u"query="_s + QString::fromLatin1(QUrl::toPercentEncoding(*query)) + u"&fmt=json"_s, QUrl::StrictMode);
     get(Service::MusicBrainz, url, [this](const Answer &answer) {
         if (answer.status == 404)
-            return fail(LookupTexts::kErrorStatus.arg(serviceName()).arg(answer.status));
+            return fail(translated(LookupTexts::kErrorStatus).arg(serviceName()).arg(answer.status));
         finishOffThread([this, body = answer.body]() -> Outcome {
             auto rows = LookupAnswers::candidatesFromSearch(body);
             if (!rows)
@@ -192,12 +193,12 @@ void LookupClient::fetchRelease(const QString &releaseId)
     if (!begin())
         return;
     if (!isReleaseId(releaseId))
-        return failSoon(LookupTexts::kNotAReleaseId.arg(releaseId));
+        return failSoon(translated(LookupTexts::kNotAReleaseId).arg(releaseId));
     QUrl url = m_musicBrainzBase.resolved(QUrl(u"release/"_s + releaseId.toLower()));
     url.setQuery(u"inc="_s + kReleaseIncludes + u"&fmt=json"_s, QUrl::StrictMode);
     get(Service::MusicBrainz, url, [this, releaseId](const Answer &answer) {
         if (answer.status == 404)
-            return fail(LookupTexts::kNoSuchRelease.arg(releaseId));
+            return fail(translated(LookupTexts::kNoSuchRelease).arg(releaseId));
         finishOffThread([this, body = answer.body]() -> Outcome {
             auto release = LookupAnswers::releaseFromLookup(body);
             if (!release)
@@ -212,7 +213,7 @@ void LookupClient::fetchCovers(const QString &releaseId)
     if (!begin())
         return;
     if (!isReleaseId(releaseId))
-        return failSoon(LookupTexts::kNotAReleaseId.arg(releaseId));
+        return failSoon(translated(LookupTexts::kNotAReleaseId).arg(releaseId));
     const QString id = releaseId.toLower();
     fetchCover(id, u"front-500"_s, [this, id](QByteArray front) {
         fetchCover(id, u"back-500"_s, [this, front](QByteArray back) { decodeCovers(front, back); });
@@ -224,7 +225,7 @@ void LookupClient::fetchFrontThumbnail(const QString &releaseId)
     if (!begin())
         return;
     if (!isReleaseId(releaseId))
-        return failSoon(LookupTexts::kNotAReleaseId.arg(releaseId));
+        return failSoon(translated(LookupTexts::kNotAReleaseId).arg(releaseId));
     fetchCover(releaseId.toLower(), u"front-250"_s, [this](QByteArray front) { decodeCovers(front, QByteArray()); });
 }
 
@@ -365,9 +366,9 @@ void LookupClient::replyFinished()
     const QString service = serviceName();
 
     if (m_abort == Abort::TooLarge)
-        return fail(LookupTexts::kTooLarge.arg(service).arg(sizeCap() / (1024 * 1024)));
+        return fail(translated(LookupTexts::kTooLarge).arg(service).arg(sizeCap() / (1024 * 1024)));
     if (m_abort == Abort::TimedOut)
-        return fail(LookupTexts::kTimedOut.arg(service, QString::number(double(m_timeout.count()) / 1000.0)));
+        return fail(translated(LookupTexts::kTimedOut).arg(service, QString::number(double(m_timeout.count()) / 1000.0)));
 
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (status == 503) {
@@ -375,20 +376,20 @@ void LookupClient::replyFinished()
         const seconds asked(reply->rawHeader("Retry-After").trimmed().toInt(&hasWait));
         const seconds wait = hasWait && asked >= seconds(0) ? asked : kDefaultRetryWait;
         if (m_attempt >= kMaxRetries || wait > kLongestRetryWait)
-            return fail(LookupTexts::kBusy.arg(service).arg(m_attempt + 1));
+            return fail(translated(LookupTexts::kBusy).arg(service).arg(m_attempt + 1));
         ++m_attempt;
         return retryLater(wait);
     }
     const bool success = status >= 200 && status < 300;
     // No HTTP answer at all, or one that broke off.
     if (status == 0 || (success && reply->error() != QNetworkReply::NoError))
-        return fail(LookupTexts::kUnreachable.arg(service, reply->errorString()));
+        return fail(translated(LookupTexts::kUnreachable).arg(service, reply->errorString()));
     if (!success && status != 404)
-        return fail(LookupTexts::kErrorStatus.arg(service).arg(status));
+        return fail(translated(LookupTexts::kErrorStatus).arg(service).arg(status));
 
     m_body += reply->readAll();
     if (m_body.size() > sizeCap())
-        return fail(LookupTexts::kTooLarge.arg(service).arg(sizeCap() / (1024 * 1024)));
+        return fail(translated(LookupTexts::kTooLarge).arg(service).arg(sizeCap() / (1024 * 1024)));
     const AnswerHandler onAnswer = std::move(m_onAnswer);
     m_onAnswer = nullptr;
     onAnswer(Answer{status, std::exchange(m_body, {})});

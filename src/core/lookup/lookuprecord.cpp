@@ -5,6 +5,7 @@
 #include "store/fetchrequest.h"
 #include "store/recordnumbers.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QLocale>
 
@@ -147,7 +148,7 @@ Result<Vinyl> addCopy(Store &store, qint64 rowId)
         Vinyl v = **found;
         const qint16 copies = std::max<qint16>(v.quantity.value_or(0), 1);
         if (copies == std::numeric_limits<qint16>::max())
-            return Error{LookupTexts::kTooManyCopies.arg(nameOf(v), QLocale().toString(int(copies)))};
+            return Error{translated(LookupTexts::kTooManyCopies).arg(nameOf(v), QLocale().toString(int(copies)))};
         v.quantity = qint16(copies + 1);
         if (auto r = store.update(v); !r)
             return r;

@@ -11,42 +11,42 @@ inline const QString kMusicBrainz = u"MusicBrainz"_s;
 inline const QString kCoverArtArchive = u"the Cover Art Archive"_s;
 
 // What the user typed cannot be asked for.
-inline const QString kNotABarcode = u"\"%1\" is not a barcode: a barcode has 6 to 14 digits."_s;
-inline const QString kEmptySearch = u"Type an artist and a title (\"Artist - Title\"), a title or a catalog number."_s;
-inline const QString kNotAReleaseId = u"\"%1\" is not a MusicBrainz release id."_s;
-inline const QString kBadServiceAddress = u"%1 is not a web address: \"%2\"."_s;
+inline const QString kNotABarcode = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is not a barcode: a barcode has 6 to 14 digits."));
+inline const QString kEmptySearch = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Type an artist and a title (\"Artist - Title\"), a title or a catalog number."));
+inline const QString kNotAReleaseId = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is not a MusicBrainz release id."));
+inline const QString kBadServiceAddress = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 is not a web address: \"%2\"."));
 
 // The service did not give a usable answer.
-inline const QString kUnreachable = u"Could not reach %1 (%2)."_s;
-inline const QString kErrorStatus = u"Error from %1: HTTP status %2."_s;
-inline const QString kTimedOut = u"No answer from %1 within %2 seconds."_s;
-inline const QString kBusy = u"No answer from %1: it is too busy (asked to slow down %2 times). Try again in a minute."_s;
-inline const QString kTooLarge = u"The answer from %1 is larger than %2 MB and was not read."_s;
-inline const QString kNoSuchRelease = u"MusicBrainz has no release %1."_s;
-inline const QString kCancelled = u"The look-up was cancelled."_s;
+inline const QString kUnreachable = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Could not reach %1 (%2)."));
+inline const QString kErrorStatus = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Error from %1: HTTP status %2."));
+inline const QString kTimedOut = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No answer from %1 within %2 seconds."));
+inline const QString kBusy = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No answer from %1: it is too busy (asked to slow down %2 times). Try again in a minute."));
+inline const QString kTooLarge = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The answer from %1 is larger than %2 MB and was not read."));
+inline const QString kNoSuchRelease = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "MusicBrainz has no release %1."));
+inline const QString kCancelled = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The look-up was cancelled."));
 
 // The answer arrived but cannot be read.
-inline const QString kNotJson = u"MusicBrainz sent an answer that is not JSON (%1)."_s;
-inline const QString kNoReleaseList = u"MusicBrainz sent an answer without a list of releases."_s;
-inline const QString kNoRelease = u"MusicBrainz sent an answer that is not a release."_s;
-inline const QString kNotAPicture = u"The %1 cover from the Cover Art Archive could not be read as a picture (%2)."_s;
-inline const QString kPictureTooLarge = u"The %1 cover from the Cover Art Archive is larger than %2 × %2 pixels and was not read."_s;
-inline const QString kFront = u"front"_s;
+inline const QString kNotJson = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "MusicBrainz sent an answer that is not JSON (%1)."));
+inline const QString kNoReleaseList = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "MusicBrainz sent an answer without a list of releases."));
+inline const QString kNoRelease = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "MusicBrainz sent an answer that is not a release."));
+inline const QString kNotAPicture = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The %1 cover from the Cover Art Archive could not be read as a picture (%2)."));
+inline const QString kPictureTooLarge = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The %1 cover from the Cover Art Archive is larger than %2 × %2 pixels and was not read."));
+inline const QString kFront = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "front"));
 
 // Adding a copy of a stored record.
-inline const QString kRecordGone = u"The record is no longer in the collection."_s;
-inline const QString kTooManyCopies = u"%1 already has %2 copies, the most a record can hold."_s;
-inline const QString kBack = u"back"_s;
+inline const QString kRecordGone = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The record is no longer in the collection."));
+inline const QString kTooManyCopies = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 already has %2 copies, the most a record can hold."));
+inline const QString kBack = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "back"));
 
 // The Look Up sheet of the add and edit screens.
-inline const QString kSearching = u"Searching MusicBrainz for %1…"_s;
-inline const QString kReadingPhoto = u"Reading the barcode in %1…"_s;
-inline const QString kReleasesFound = u"%1 releases found. Choose yours."_s;
-inline const QString kOneReleaseFound = u"1 release found. Choose it if it is yours."_s;
-inline const QString kNothingFound = u"No release found for %1."_s;
-inline const QString kFetching = u"Fetching \"%1\" with its tracks and covers…"_s;
-inline const QString kAlreadyInCollection = u"%1 is already in the collection (%2)."_s;
-inline const QString kNothingToFill = u"The record already has everything this release gives: there is nothing to fill in."_s;
-inline const QString kCoversNotLoadedTitle = u"Covers not Loaded"_s;
-inline const QString kCoversNotLoaded = u"%1 The record is filled in without its covers."_s;
+inline const QString kSearching = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Searching MusicBrainz for %1…"));
+inline const QString kReadingPhoto = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Reading the barcode in %1…"));
+inline const QString kReleasesFound = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 releases found. Choose yours."));
+inline const QString kOneReleaseFound = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "1 release found. Choose it if it is yours."));
+inline const QString kNothingFound = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No release found for %1."));
+inline const QString kFetching = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Fetching \"%1\" with its tracks and covers…"));
+inline const QString kAlreadyInCollection = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 is already in the collection (%2)."));
+inline const QString kNothingToFill = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The record already has everything this release gives: there is nothing to fill in."));
+inline const QString kCoversNotLoadedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Covers not Loaded"));
+inline const QString kCoversNotLoaded = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 The record is filled in without its covers."));
 } // namespace LookupTexts

@@ -5,6 +5,7 @@
 #include "store/currentrecord.h"
 #include "store/formatters.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QLocale>
 
@@ -29,13 +30,13 @@ Result<QString> currencyText(std::optional<float> amount, const QString &what, c
     bool ok = false;
     const double parsed = QLocale::c().toDouble(Formatters::shortest(number(amount)), &ok);
     if (!ok || !std::isfinite(parsed))
-        return Error{ReportTexts::kUnreadableAmount.arg(what, text(vinyl.name))};
+        return Error{translated(ReportTexts::kUnreadableAmount).arg(what, text(vinyl.name))};
     return Formatters::currency(parsed);
 }
 
 Error noTitleValue(const QString &attribute)
 {
-    return Error{ReportTexts::kNoTitleValue.arg(attribute)};
+    return Error{translated(ReportTexts::kNoTitleValue).arg(attribute)};
 }
 
 } // namespace

@@ -6,28 +6,28 @@
 namespace ReportTexts {
 using namespace Qt::StringLiterals;
 
-inline const QString kEmptyTitle = u"Empty Data Set!"_s;
-inline const QString kEmptyMessage = u"No Vinyl's to Print!"_s;
-inline const QString kNotBuiltTitle = u"Report not Created"_s;
-inline const QString kNotPrintedTitle = u"Report not Printed"_s;
+inline const QString kEmptyTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Empty Data Set!"));
+inline const QString kEmptyMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No Vinyl's to Print!"));
+inline const QString kNotBuiltTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Report not Created"));
+inline const QString kNotPrintedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Report not Printed"));
 inline const QString kPdfWritten = u"wrote PDF file with multiple pages to: "_s;
 inline const QString kPdfNotWritten = u"Could not create PDF file: "_s;
 inline const QString kPrinted = u"Image is Printed"_s;
 inline const QString kPrintCancelled = u"nil"_s;
-inline const QString kNoTitleValue = u"The first record has no %1, so the document has no title."_s;
-inline const QString kUnreadableAmount = u"The %1 of \"%2\" cannot be read as a number."_s;
-inline const QString kReportTitle = u"Print Vinyl"_s;
-inline const QString kOverviewTitle = u"Vinyl Collection Overview"_s;
+inline const QString kNoTitleValue = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The first record has no %1, so the document has no title."));
+inline const QString kUnreadableAmount = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The %1 of \"%2\" cannot be read as a number."));
+inline const QString kReportTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Print Vinyl"));
+inline const QString kOverviewTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Collection Overview"));
 inline const QString kPrintJob = u"Vinyl Collection"_s;
-inline const QString kCancelled = u"Cancelled."_s;
+inline const QString kCancelled = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cancelled."));
 
 // The Title of each kind of PDF file in its document information.
 inline const QString kFilteredListDocument = u"Filtered list"_s;
 inline const QString kCollectionReportDocument = u"Collection report"_s;
 
 // What the progress bar of a report says it is doing.
-inline const QString kLayingOut = u"Laying out pages"_s;
-inline const QString kPrinting = u"Printing"_s;
+inline const QString kLayingOut = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Laying out pages"));
+inline const QString kPrinting = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Printing"));
 
 // Title lines of the printed report.
 inline const QString kCompleteList = u"Complete List of Vinyl"_s;

@@ -2,6 +2,7 @@
 
 #include "store/keptfigures.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -563,11 +564,11 @@ Result<Info> backUp(const Paths &paths, const QString &target, const Progress &p
     const QString store = QFileInfo(paths.store).canonicalFilePath();
     for (const QString &suffix : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s}) {
         if (!store.isEmpty() && file == store + suffix)
-            return Error{kTargetIsStore.arg(target)};
+            return Error{translated(kTargetIsStore).arg(target)};
     }
     const QString snapshots = QFileInfo(paths.snapshots).canonicalFilePath();
     if (!snapshots.isEmpty() && (file == snapshots || file.startsWith(snapshots + u'/')))
-        return Error{kTargetIsSnapshot.arg(target)};
+        return Error{translated(kTargetIsSnapshot).arg(target)};
     Info info;
     info.kind = u"backup"_s;
     return write(paths, target, info, true, progress);

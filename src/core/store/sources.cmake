@@ -22,6 +22,7 @@ list(APPEND PB_CORE_SOURCES
     store/store.h store/store.cpp
     store/storedvalue.h
     store/textfile.h store/textfile.cpp
+    store/translations.h store/translations.cpp
     store/valuehistory.h store/valuehistory.cpp
     store/version.h store/version.cpp
     store/wantedalbums.h store/wantedalbums.cpp

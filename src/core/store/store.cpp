@@ -2,6 +2,7 @@
 #include "store/storedvalue.h"
 
 #include "store/keptfigures.h"
+#include "store/translations.h"
 
 #include <QAtomicInteger>
 #include <QDir>
@@ -400,11 +401,11 @@ QString readOnlyReasonOf(const QString &filePath)
 {
     const QFileInfo store(filePath);
     if (!writable(QFileInfo(store.absolutePath())))
-        return Store::kReadOnlyFolder.arg(QDir::toNativeSeparators(store.absolutePath()));
+        return translated(Store::kReadOnlyFolder).arg(QDir::toNativeSeparators(store.absolutePath()));
     for (const QString &path : QStringList{filePath, filePath + u"-wal"_s, filePath + u"-shm"_s}) {
         const QFileInfo file(path);
         if (file.exists() && !writable(file))
-            return Store::kReadOnlyFile.arg(QDir::toNativeSeparators(file.absoluteFilePath()));
+            return translated(Store::kReadOnlyFile).arg(QDir::toNativeSeparators(file.absoluteFilePath()));
     }
     return {};
 }
@@ -457,7 +458,7 @@ Result<std::unique_ptr<Store>> Store::open(const QString &filePath)
     auto connected = store->connect(readOnly, &writeRefused);
     // A disk that refuses the first write (mounted read-only, say) opens the store read-only.
     if (writeRefused)
-        connected = store->connect(kReadOnlyRefused.arg(QDir::toNativeSeparators(filePath)), nullptr);
+        connected = store->connect(translated(kReadOnlyRefused).arg(QDir::toNativeSeparators(filePath)), nullptr);
     if (!connected)
         return connected.error();
     if (auto r = store->migrate(); !r)
@@ -558,7 +559,7 @@ Result<void> Store::migrate()
     if (version >= kSchemaVersion)
         return {};
     if (isReadOnly())
-        return Error{kReadOnlyOlderSchema.arg(m_readOnlyReason)};
+        return Error{translated(kReadOnlyOlderSchema).arg(m_readOnlyReason)};
 
     return transaction([this, version]() -> Result<void> {
         QStringList statements;
@@ -1428,7 +1429,7 @@ Result<void> Store::insert(Loan &loan)
         if (!open)
             return open.error();
         if (!open->isEmpty() && open->first().isOut())
-            return Error{kAlreadyLent.arg(open->first().borrower)};
+            return Error{translated(kAlreadyLent).arg(open->first().borrower)};
         return write(u"INSERT INTO Loans (vinylRowId, borrower, lent, due, returned, note) VALUES (?, ?, ?, ?, ?, ?)"_s,
                      {loan.vinylRowId, loan.borrower, isoDay(loan.lent), isoDay(loan.due), isoDay(loan.returned),
                       loan.note},

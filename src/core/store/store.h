@@ -3,6 +3,7 @@
 #include "store/entities.h"
 #include "store/fetchrequest.h"
 #include "store/result.h"
+#include "store/translations.h"
 
 #include <QByteArrayView>
 #include <QList>
@@ -77,8 +78,8 @@ class Store
 public:
     static constexpr int kSchemaVersion = 10;
     // What a loan of a record that is out, or a return of one that is not, answers.
-    static inline const QString kAlreadyLent = QStringLiteral("The record is lent to %1 already: it can be lent again once it is back.");
-    static inline const QString kNotLent = QStringLiteral("The record is not lent out.");
+    static inline const QString kAlreadyLent = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The record is lent to %1 already: it can be lent again once it is back."));
+    static inline const QString kNotLent = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The record is not lent out."));
     static inline const QString kFileName = QStringLiteral("Platterbox.sqlite");
     // What a record card shows.
     static inline const QStringList kCardAttributes = {
@@ -103,17 +104,17 @@ public:
 
     // What every change of a read-only store answers; %1 says why ("the folder /x cannot be written").
     static inline const QString kReadOnlyMessage =
-        QStringLiteral("This collection is read-only: %1. It can be browsed, searched, exported and backed up, "
-                       "but not changed; copy its folder to a place you can write to change it.");
-    static inline const QString kReadOnlyFolder = QStringLiteral("the folder %1 cannot be written");
-    static inline const QString kReadOnlyFile = QStringLiteral("the file %1 cannot be written");
-    static inline const QString kReadOnlyRefused = QStringLiteral("the disk refused a write to %1");
+        QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "This collection is read-only: %1. It can be browsed, searched, exported and backed up, "
+                       "but not changed; copy its folder to a place you can write to change it."));
+    static inline const QString kReadOnlyFolder = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "the folder %1 cannot be written"));
+    static inline const QString kReadOnlyFile = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "the file %1 cannot be written"));
+    static inline const QString kReadOnlyRefused = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "the disk refused a write to %1"));
     static inline const QString kReadOnlyOlderSchema =
-        QStringLiteral("This collection is read-only (%1) and was made by an older version of Platterbox; open a "
-                       "copy of its folder in a place you can write, and it is brought up to date.");
+        QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "This collection is read-only (%1) and was made by an older version of Platterbox; open a "
+                       "copy of its folder in a place you can write, and it is brought up to date."));
     // What a change answers when another program kept the collection locked for the whole wait.
     static inline const QString kBusyMessage =
-        QStringLiteral("The collection is busy: another program is changing it. Try again in a moment.");
+        QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection is busy: another program is changing it. Try again in a moment."));
     // How long a change waits for another program's change to end.
     static constexpr int kBusyTimeoutMs = 5000;
 
@@ -139,7 +140,7 @@ public:
     [[nodiscard]] bool isReadOnly() const { return !m_readOnlyReason.isEmpty(); }
     // Why the store cannot be changed ("the folder /x cannot be written"); empty when it can.
     [[nodiscard]] QString readOnlyReason() const { return m_readOnlyReason; }
-    [[nodiscard]] Error readOnlyError() const { return Error{kReadOnlyMessage.arg(m_readOnlyReason)}; }
+    [[nodiscard]] Error readOnlyError() const { return Error{translated(kReadOnlyMessage).arg(m_readOnlyReason)}; }
     // Succeeds when the store can be changed; for the changes that do not go through it
     // (restore, undo), checked before they start.
     [[nodiscard]] Result<void> checkWritable() const;

@@ -6,6 +6,7 @@
 #include "shell/appdelegate.h"
 #include "shell/platformservices.h"
 #include "store/logging.h"
+#include "store/translations.h"
 
 #include <QDir>
 
@@ -47,12 +48,12 @@ QString BreakdownTableViewController::title() const
 
 QString BreakdownTableViewController::sortButtonTitle() const
 {
-    return BrowseTexts::kSortButtonTitle;
+    return translated(BrowseTexts::kSortButtonTitle);
 }
 
 QString BreakdownTableViewController::shareButtonTitle() const
 {
-    return BrowseTexts::kPrintButtonTitle;
+    return translated(BrowseTexts::kPrintButtonTitle);
 }
 
 QString BreakdownTableViewController::outputFilePath() const

@@ -4,6 +4,7 @@
 #include "collection/textorder.h"
 #include "shell/appdelegate.h"
 #include "store/logging.h"
+#include "store/translations.h"
 
 #include <algorithm>
 
@@ -29,12 +30,12 @@ GroupTableViewController::GroupTableViewController(const GroupKind &kind, AppDel
 QString GroupTableViewController::placeholder() const
 {
     // One placeholder for all four lists: the search always looks at the group names.
-    return BrowseTexts::kGroupPlaceholder;
+    return translated(BrowseTexts::kGroupPlaceholder);
 }
 
 QString GroupTableViewController::sortButtonTitle() const
 {
-    return BrowseTexts::kSortButtonTitle;
+    return translated(BrowseTexts::kSortButtonTitle);
 }
 
 void GroupTableViewController::viewDidLoad()

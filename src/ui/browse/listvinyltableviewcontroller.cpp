@@ -5,6 +5,7 @@
 #include "store/logging.h"
 #include "store/settings.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <algorithm>
 
@@ -23,10 +24,10 @@ struct SortOption
 const QList<SortOption> &sortOptionTable()
 {
     static const QList<SortOption> table = {
-        {u"By Name"_s, u"Option 1 selected"_s, BrowseTexts::kSortName, BrowseTexts::kSearchByName},
-        {u"By Year"_s, u"Option 2 selected"_s, BrowseTexts::kSortYear, u"Search by Year"_s},
-        {u"By Record Label"_s, u"Option 3 selected"_s, BrowseTexts::kSortRecordLabel, u"Search by Record Label"_s},
-        {u"By Artist"_s, u"Option 4 selected"_s, BrowseTexts::kSortArtist, u"Search by Artist"_s},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Name")), u"Option 1 selected"_s, BrowseTexts::kSortName, BrowseTexts::kSearchByName},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Year")), u"Option 2 selected"_s, BrowseTexts::kSortYear, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Year"))},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Record Label")), u"Option 3 selected"_s, BrowseTexts::kSortRecordLabel, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Record Label"))},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Artist")), u"Option 4 selected"_s, BrowseTexts::kSortArtist, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Artist"))},
     };
     return table;
 }
@@ -40,14 +41,14 @@ ListVinylTableViewController::ListVinylTableViewController(AppDelegate *app, QOb
 
 QString ListVinylTableViewController::title() const
 {
-    return BrowseTexts::kListTitle;
+    return translated(BrowseTexts::kListTitle);
 }
 
 QStringList ListVinylTableViewController::sortOptions() const
 {
     QStringList titles;
     for (const SortOption &option : sortOptionTable())
-        titles.append(option.title);
+        titles.append(translated(option.title));
     return titles;
 }
 
@@ -59,7 +60,7 @@ bool ListVinylTableViewController::canAdd() const
 void ListVinylTableViewController::viewDidLoad()
 {
     app()->state()->setOriginScreen(OriginScreens::List);
-    m_placeholder = sortOptionTable().first().placeholder;
+    m_placeholder = translated(sortOptionTable().first().placeholder);
     m_sortAsc = true;
     m_sortName = BrowseTexts::kSortName;
     app()->state()->editCurrentRecord().images.clear();
@@ -76,7 +77,7 @@ void ListVinylTableViewController::sortOptionSelected(int option)
     const SortOption &chosen = sortOptionTable().at(option - 1);
     consoleLine(chosen.consoleLine);
     m_sortName = chosen.sortName;
-    m_placeholder = chosen.placeholder;
+    m_placeholder = translated(chosen.placeholder);
     emit placeholderChanged();
     refresh();
 }

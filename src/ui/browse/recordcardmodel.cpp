@@ -1,6 +1,7 @@
 #include "browse/recordcardmodel.h"
 
 #include "shell/coverimageprovider.h"
+#include "store/translations.h"
 
 #include <numeric>
 
@@ -127,7 +128,7 @@ QVariant RecordCardModel::data(const QModelIndex &index, int role) const
         const auto mark = m_loanMarks.constFind(card.rowId);
         if (mark == m_loanMarks.cend())
             return QString();
-        return mark->overdue ? u"Overdue"_s : u"On Loan"_s;
+        return translated(mark->overdue ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Overdue")) : QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "On Loan")));
     }
     default:
         return {};

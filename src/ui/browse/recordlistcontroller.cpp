@@ -5,6 +5,7 @@
 #include "shell/appdelegate.h"
 #include "shell/coverimageprovider.h"
 #include "store/logging.h"
+#include "store/translations.h"
 
 void RecordListController::openRecord(qint64 rowId, const QString &origin)
 {
@@ -33,7 +34,7 @@ bool RecordListController::askedBeforeDeletingLent(qint64 rowId, std::function<v
         return false;
     auto record = store.vinylByRowId(rowId, false);
     const QString album = record && *record ? text((*record)->name) : QString();
-    showAlert(Loans::kDeleteLentTitle, Loans::kDeleteLentMessage.arg(album, loans->first().borrower),
+    showAlert(Loans::kDeleteLentTitle, translated(Loans::kDeleteLentMessage).arg(album, loans->first().borrower),
               {Loans::kKeepButton, Loans::kDeleteButton}, [remove = std::move(remove)](int button) {
                   if (button == 1)
                       remove();

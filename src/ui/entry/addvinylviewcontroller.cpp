@@ -6,6 +6,7 @@
 #include "store/logging.h"
 #include "store/recordnumbers.h"
 #include "store/valuehistory.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -99,7 +100,7 @@ void AddVinylViewController::offerToTakeOffWantlist(const Vinyl &saved)
         returnToOpener();
         return;
     }
-    showAlert(Wantlist::kTakeOffTitle, Wantlist::kTakeOffMessage.arg(text(saved.name), text(saved.artist)),
+    showAlert(Wantlist::kTakeOffTitle, translated(Wantlist::kTakeOffMessage).arg(text(saved.name), text(saved.artist)),
               {Wantlist::kKeepButton, Wantlist::kTakeOffButton}, [this, &store, found = *wanted](int button) {
                   for (const WantedAlbum &album : found) {
                       if (button != 1)

@@ -9,6 +9,7 @@
 #include "store/formatters.h"
 #include "store/logging.h"
 #include "store/valuehistory.h"
+#include "store/translations.h"
 
 #include <QDir>
 #include <QFile>
@@ -122,7 +123,7 @@ bool EditVinylViewController::lend(const QString &borrower, const QString &lentT
             return empty;
         if (const auto parsed = Formatters::parseMediumDate(text.trimmed()))
             return parsed->date();
-        showAlert(kNotLentTitle, kNotADayMessage.arg(text.trimmed(), todayText()));
+        showAlert(kNotLentTitle, translated(kNotADayMessage).arg(text.trimmed(), todayText()));
         return std::nullopt;
     };
     const auto lent = day(lentText, QDate::currentDate());
@@ -322,7 +323,7 @@ void EditVinylViewController::RemoveBackImage()
 void EditVinylViewController::askToRemove(CoverSide side)
 {
     showAlert(side == CoverSide::Front ? kRemoveFrontTitle : kRemoveBackTitle, kRemoveImageMessage,
-              {u"Yes"_s, u"No"_s}, [this, side](int button) {
+              {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Yes")), QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No"))}, [this, side](int button) {
                   if (button == 0)
                       removeCover(side);
               });
@@ -367,7 +368,7 @@ void EditVinylViewController::shareButtonClicked()
     }
     const auto text = RecordForm::shareText(fields());
     if (!text) {
-        showAlert(u"Record not Shared"_s, text.errorMessage());
+        showAlert(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record not Shared")), text.errorMessage());
         return;
     }
     // Always three items, text, front and back, so a receiver can tell the covers apart.

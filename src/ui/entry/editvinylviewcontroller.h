@@ -84,9 +84,9 @@ private:
     QStringList m_borrowers;
 };
 
-inline const QString kRemoveFrontTitle = QStringLiteral("Remove Front Cover Image");
-inline const QString kRemoveBackTitle = QStringLiteral("Remove Back Cover Image");
-inline const QString kNotLentTitle = QStringLiteral("Not Lent");
-inline const QString kNotReturnedTitle = QStringLiteral("Not Returned");
-inline const QString kNotADayMessage = QStringLiteral("\"%1\" is not a day: write it as %2.");
-inline const QString kRemoveImageMessage = QStringLiteral("Do You Want to Remove This Image?");
+inline const QString kRemoveFrontTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Remove Front Cover Image"));
+inline const QString kRemoveBackTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Remove Back Cover Image"));
+inline const QString kNotLentTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Not Lent"));
+inline const QString kNotReturnedTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Not Returned"));
+inline const QString kNotADayMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is not a day: write it as %2."));
+inline const QString kRemoveImageMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Do You Want to Remove This Image?"));

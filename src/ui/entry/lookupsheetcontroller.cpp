@@ -5,6 +5,7 @@
 #include "lookup/lookuptexts.h"
 #include "shell/appdelegate.h"
 #include "shell/platformservices.h"
+#include "store/translations.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -93,7 +94,7 @@ void LookupSheetController::Search()
     setPage(kCandidatesPage);
     const bool barcode = looksLikeBarcode(text);
     m_searched = barcode ? text : u"\""_s + text + u'"';
-    start(Step::Search, LookupTexts::kSearching.arg(m_searched));
+    start(Step::Search, translated(LookupTexts::kSearching).arg(m_searched));
     if (barcode)
         m_client.searchBarcode(text);
     else
@@ -110,7 +111,7 @@ void LookupSheetController::PhotoChosen(const QUrl &file)
 {
     const QString path = file.isLocalFile() ? file.toLocalFile() : file.toString();
     m_client.cancel();
-    start(Step::Photo, LookupTexts::kReadingPhoto.arg(QFileInfo(path).fileName()));
+    start(Step::Photo, translated(LookupTexts::kReadingPhoto).arg(QFileInfo(path).fileName()));
     m_photo.setFuture(QtConcurrent::run([path]() -> Result<QString> {
         const auto read = BarcodeReader::readFile(path);
         if (!read)
@@ -127,7 +128,7 @@ void LookupSheetController::CandidateChosen(int row)
     m_release.reset();
     m_duplicate.reset();
     m_found.reset();
-    start(Step::Release, LookupTexts::kFetching.arg(chosen.title));
+    start(Step::Release, translated(LookupTexts::kFetching).arg(chosen.title));
     m_client.fetchRelease(chosen.releaseId);
 }
 
@@ -150,7 +151,7 @@ void LookupSheetController::AddSeparateButtonClicked()
     if (!m_release)
         return;
     setPage(kCandidatesPage);
-    start(Step::Covers, LookupTexts::kFetching.arg(m_release->summary.title));
+    start(Step::Covers, translated(LookupTexts::kFetching).arg(m_release->summary.title));
     m_client.fetchCovers(m_release->summary.releaseId);
 }
 
@@ -184,9 +185,9 @@ void LookupSheetController::Cancel()
 void LookupSheetController::candidatesFound(const QList<LookupCandidate> &found)
 {
     m_candidates.setCandidates(found);
-    stop(found.isEmpty() ? LookupTexts::kNothingFound.arg(m_searched)
+    stop(found.isEmpty() ? translated(LookupTexts::kNothingFound).arg(m_searched)
          : found.size() == 1 ? LookupTexts::kOneReleaseFound
-                             : LookupTexts::kReleasesFound.arg(found.size()));
+                             : translated(LookupTexts::kReleasesFound).arg(found.size()));
     m_nextThumbnail = 0;
     fetchNextThumbnail();
 }
@@ -207,7 +208,7 @@ void LookupSheetController::releaseFetched(const LookupRelease &release)
             return stop(stored.errorMessage());
         if (*stored) {
             m_duplicate = **stored;
-            m_duplicateMessage = LookupTexts::kAlreadyInCollection.arg(LookedUp::nameOf(*m_duplicate),
+            m_duplicateMessage = translated(LookupTexts::kAlreadyInCollection).arg(LookedUp::nameOf(*m_duplicate),
                                                                        copiesText(m_duplicate->quantity.value_or(0)));
             setPage(kDuplicatePage);
             return stop({});
@@ -239,7 +240,7 @@ void LookupSheetController::fill(const LookupCovers &covers, const QString &cove
         return stop(found.errorMessage());
     m_covers = covers;
     m_found = *std::move(found);
-    const QString problem = coverProblem.isEmpty() ? QString() : LookupTexts::kCoversNotLoaded.arg(coverProblem);
+    const QString problem = coverProblem.isEmpty() ? QString() : translated(LookupTexts::kCoversNotLoaded).arg(coverProblem);
     if (m_form->screen() == FormScreen::Add) {
         stop({});
         m_form->takeLookup(*m_found, m_covers, problem);

@@ -196,7 +196,7 @@ void ExportViewController::SaveFile()
         const QString path = QDir(app()->tempDir()).filePath(name);
         QSaveFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
-            showAlert(u"Save To Files"_s, u"The file could not be written: "_s + file.errorString());
+            showAlert(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Save To Files")), u"The file could not be written: "_s + file.errorString());
             return;
         }
         items.filePaths << path;

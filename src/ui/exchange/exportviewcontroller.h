@@ -35,10 +35,10 @@ class ExportViewController : public ScreenController
     Q_PROPERTY(QString helpText READ helpText CONSTANT)
 
 public:
-    static inline const QString kTitle = QStringLiteral("Data Export");
-    static inline const QString kDone = QStringLiteral("Process Complete - File Ready to Save to Files or Email");
-    static inline const QString kMailTitle = QStringLiteral("Sending Email");
-    static inline const QString kMailUnavailable = QStringLiteral("Email not Setup or Unavailable");
+    static inline const QString kTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Data Export"));
+    static inline const QString kDone = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Process Complete - File Ready to Save to Files or Email"));
+    static inline const QString kMailTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sending Email"));
+    static inline const QString kMailUnavailable = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Email not Setup or Unavailable"));
     static inline const QString kMailSubject = QStringLiteral("Vinyl Collection Update Text File");
     static inline const QString kMailBody = QStringLiteral("Attachment: Vinyl Collection Text File");
     static inline const QString kMailMimeType = QStringLiteral("csv");

@@ -3,6 +3,7 @@
 #include "shell/appdelegate.h"
 #include "store/formatters.h"
 #include "store/snapshots.h"
+#include "store/translations.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -61,7 +62,7 @@ void ImportExportViewController::refreshUndo()
 void ImportExportViewController::run(const QString &busyText, BackgroundJob::Work work,
                                      std::function<void(const Result<void> &)> done)
 {
-    m_busyText = busyText;
+    m_busyText = translated(busyText);
     m_done = std::move(done);
     if (!m_job.start(std::move(work), false)) {
         m_done = {};
@@ -83,7 +84,7 @@ void ImportExportViewController::backUpTo(const QUrl &file)
     const QString path = localPath(file);
     const Backup::Paths paths = app()->backupPaths();
     auto info = std::make_shared<Backup::Info>();
-    run(u"Backing up the collection\u2026"_s,
+    run(translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Backing up the collection\u2026"))),
         [paths, path, info](const BackgroundJob::Progress &progress) -> Result<void> {
             auto written = Backup::backUp(paths, path, progress);
             if (!written)
@@ -93,11 +94,11 @@ void ImportExportViewController::backUpTo(const QUrl &file)
         },
         [this, path, info](const Result<void> &result) {
             if (m_job.cancelled())
-                showAlert(kBackUpTitle, u"The backup was cancelled; no file was written."_s);
+                showAlert(kBackUpTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The backup was cancelled; no file was written."))));
             else if (!result)
-                showAlert(kBackUpTitle, u"The collection could not be backed up.\n"_s + result.errorMessage());
+                showAlert(kBackUpTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be backed up."))) + u'\n' + result.errorMessage());
             else
-                showAlert(kBackUpTitle, u"%1 and %2 cover files were backed up to \"%3\"."_s.arg(
+                showAlert(kBackUpTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 and %2 cover files were backed up to \"%3\"."))).arg(
                                             records(info->records), QLocale().toString(info->coverFiles),
                                             QFileInfo(path).fileName()));
         });
@@ -119,7 +120,7 @@ void ImportExportViewController::restoreFrom(const QUrl &file)
     const QString name = QFileInfo(path).fileName();
     // The whole file is checked before the collector is asked anything.
     auto info = std::make_shared<Backup::Info>();
-    run(u"Checking the backup\u2026"_s,
+    run(translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Checking the backup\u2026"))),
         [path, info](const BackgroundJob::Progress &) -> Result<void> {
             auto checked = Backup::inspect(path);
             if (!checked)
@@ -129,14 +130,14 @@ void ImportExportViewController::restoreFrom(const QUrl &file)
         },
         [this, path, name, info](const Result<void> &result) {
             if (!result) {
-                showAlert(kRestoreTitle, result.errorMessage() + u"\nNothing was changed."_s);
+                showAlert(kRestoreTitle, result.errorMessage() + u'\n' + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Nothing was changed."))));
                 return;
             }
             showAlert(kRestoreTitle,
                       u"Replace the whole collection with the backup \"%1\" of %2 (%3)? The collection as it is now "
                       "is kept and can be put back with Undo Last Import."_s
                           .arg(name, dateAndTime(info->created), records(info->records)),
-                      {u"Restore"_s, u"Cancel"_s}, [this, path, name](int button) {
+                      {translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Restore"))), translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cancel")))}, [this, path, name](int button) {
                           if (button == 0)
                               restoreConfirmed(path, name);
                       });
@@ -146,18 +147,18 @@ void ImportExportViewController::restoreFrom(const QUrl &file)
 void ImportExportViewController::restoreConfirmed(const QString &path, const QString &fileName)
 {
     Snapshots snapshots = app()->snapshots();
-    run(u"Restoring the collection\u2026"_s,
+    run(translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Restoring the collection\u2026"))),
         [snapshots, path](const BackgroundJob::Progress &progress) mutable -> Result<void> {
             return snapshots.restore(path, progress);
         },
         [this, fileName](const Result<void> &result) {
             if (!result) {
-                showAlert(kRestoreTitle, (m_job.cancelled() ? u"The restore was cancelled."_s : result.errorMessage())
-                                             + u"\nThe collection is as it was."_s);
+                showAlert(kRestoreTitle, (m_job.cancelled() ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The restore was cancelled."))) : result.errorMessage())
+                                             + u'\n' + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection is as it was."))));
                 return;
             }
             app()->collectionReplaced();
-            showAlert(kRestoreTitle, u"The collection was restored from \"%1\"."_s.arg(fileName));
+            showAlert(kRestoreTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection was restored from \"%1\"."))).arg(fileName));
         });
 }
 
@@ -167,18 +168,18 @@ void ImportExportViewController::UndoLastImportButtonTapped()
         return;
     const auto latest = app()->snapshots().latest();
     if (!latest) {
-        showAlert(kUndoTitle, u"There is no import or restore to undo."_s);
+        showAlert(kUndoTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "There is no import or restore to undo."))));
         return;
     }
     const QString what = latest->info.kind == Snapshots::kKindRestore ? u"restore"_s : u"import"_s;
     showAlert(kUndoTitle,
               u"Put the collection back as it was before the %1 of \"%2\" on %3? Everything changed since then "
               "is undone too."_s.arg(what, latest->info.source, dateAndTime(latest->info.created)),
-              {u"Undo"_s, u"Cancel"_s}, [this](int button) {
+              {u"Undo"_s, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cancel")))}, [this](int button) {
                   if (button != 0)
                       return;
                   Snapshots snapshots = app()->snapshots();
-                  run(u"Putting the collection back\u2026"_s,
+                  run(translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Putting the collection back\u2026"))),
                       [snapshots](const BackgroundJob::Progress &progress) mutable -> Result<void> {
                           auto undone = snapshots.undoLatest(progress);
                           return undone ? Result<void>() : Result<void>(undone.error());
@@ -186,11 +187,11 @@ void ImportExportViewController::UndoLastImportButtonTapped()
                       [this](const Result<void> &result) {
                           if (!result) {
                               showAlert(kUndoTitle, (m_job.cancelled() ? u"Cancelled."_s : result.errorMessage())
-                                                        + u"\nThe collection is as it was."_s);
+                                                        + u'\n' + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection is as it was."))));
                               return;
                           }
                           app()->collectionReplaced();
-                          showAlert(kUndoTitle, u"The collection is back as it was."_s);
+                          showAlert(kUndoTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection is back as it was."))));
                       });
               });
 }

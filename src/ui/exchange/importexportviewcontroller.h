@@ -20,9 +20,9 @@ class ImportExportViewController : public ScreenController
     Q_PROPERTY(bool undoButtonEnabled READ undoButtonEnabled NOTIFY changed)
 
 public:
-    static inline const QString kBackUpTitle = QStringLiteral("Back Up");
-    static inline const QString kRestoreTitle = QStringLiteral("Restore");
-    static inline const QString kUndoTitle = QStringLiteral("Undo Last Import");
+    static inline const QString kBackUpTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Back Up"));
+    static inline const QString kRestoreTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Restore"));
+    static inline const QString kUndoTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Undo Last Import"));
 
     explicit ImportExportViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
 

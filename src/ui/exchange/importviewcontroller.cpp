@@ -6,6 +6,7 @@
 #include "store/snapshots.h"
 #include "store/store.h"
 #include "store/textfile.h"
+#include "store/translations.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -31,13 +32,13 @@ QString unreadableNote(qint64 count)
 {
     if (count == 0)
         return {};
-    return u"\n\n"_s + (count == 1 ? u"1 cover picture could not be read and was left out."_s
-                                   : u"%1 cover pictures could not be read and were left out."_s.arg(count));
+    return u"\n\n"_s + (count == 1 ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "1 cover picture could not be read and was left out.")))
+                                   : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 cover pictures could not be read and were left out."))).arg(count));
 }
 
 QString notRead(const QStringList &columns)
 {
-    return columns.isEmpty() ? QString() : u"Not read: "_s + columns.join(u", "_s);
+    return columns.isEmpty() ? QString() : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Not read: "))) + columns.join(u", "_s);
 }
 
 // "Skipped:" and the first lines skipped, each with its reason.
@@ -50,7 +51,7 @@ QString skippedLines(const QList<ImportProblem> &problems, qint64 count, qsizety
     for (qsizetype i = 0; i < listed; ++i)
         text += u'\n' + ImportMerge::problemText(problems.at(i));
     if (count > listed)
-        text += u'\n' + ImportMessages::kMoreProblems.arg(QLocale().toString(count - listed));
+        text += u'\n' + translated(ImportMessages::kMoreProblems).arg(QLocale().toString(count - listed));
     return text;
 }
 
@@ -87,9 +88,9 @@ ImportViewController::~ImportViewController()
 
 QString ImportViewController::helpText()
 {
-    return u"YOU CAN IMPORT THE FILE CREATED BY THIS APP, A DISCOGS COLLECTION EXPORT OR A CSV FILE.\n"_s
-           + u"1: Select the file you saved to your iCloud drive\n"_s + u"2: Import the file into your device"_s
-           + u"\n\nWith Into the Wantlist on, a Discogs wantlist export or a CSV file adds its albums to the wantlist."_s;
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "YOU CAN IMPORT THE FILE CREATED BY THIS APP, A DISCOGS COLLECTION EXPORT OR A CSV FILE."))) + u'\n'
+           + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "1: Select the file you saved to your iCloud drive"))) + u'\n' + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "2: Import the file into your device")))
+           + u"\n\n"_s + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "With Into the Wantlist on, a Discogs wantlist export or a CSV file adds its albums to the wantlist.")));
 }
 
 void ImportViewController::setIntoWantlist(bool on)
@@ -168,7 +169,7 @@ void ImportViewController::previewDone(const Result<void> &result)
         emit previewFinished();
         if (!m_job.cancelled()) {
             consoleLine(result.errorMessage());
-            showAlert(kTitle, u"The file could not be read.\n"_s + result.errorMessage());
+            showAlert(kTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The file could not be read."))) + u'\n' + result.errorMessage());
         }
         return;
     }
@@ -247,12 +248,12 @@ void ImportViewController::importDone(const Result<void> &result)
     emit changed();
     if (m_counts.stopped) {
         const QLocale locale;
-        showAlert(kCancelledTitle, ImportMessages::kStopped.arg(locale.toString(m_counts.linesApplied),
+        showAlert(kCancelledTitle, translated(ImportMessages::kStopped).arg(locale.toString(m_counts.linesApplied),
                                                                 locale.toString(work->file->lineCount()),
                                                                 m_countsLabel));
         return;
     }
-    showAlert(kTitle, completionMessage(), {u"OK"_s}, [this](int) {
+    showAlert(kTitle, completionMessage(), {translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "OK")))}, [this](int) {
         if (app())
             app()->navigator()->unwind(u"unwindToMenu"_s);
     });
@@ -286,7 +287,7 @@ void ImportViewController::wantlistImportDone(const Result<void> &result, const 
     emit changed();
     showAlert(kTitle, kWantlistCompleted + u"\n\n"_s + m_countsLabel
                           + skippedLines(counts.problems, counts.skipped(), kListedProblems),
-              {u"OK"_s}, [this](int) {
+              {translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "OK")))}, [this](int) {
                   if (app())
                       app()->navigator()->unwind(u"unwindToMenu"_s);
               });

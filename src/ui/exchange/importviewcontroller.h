@@ -47,11 +47,11 @@ class ImportViewController : public ScreenController
     Q_PROPERTY(bool intoWantlist READ intoWantlist WRITE setIntoWantlist NOTIFY changed)
 
 public:
-    static inline const QString kTitle = QStringLiteral("Data Import File");
-    static inline const QString kLoaded = QStringLiteral("File Loaded and Ready to Import");
+    static inline const QString kTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Data Import File"));
+    static inline const QString kLoaded = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "File Loaded and Ready to Import"));
     static inline const QString kCompleted = ImportMessages::kCompleted;
-    static inline const QString kCancelledTitle = QStringLiteral("Import Cancelled");
-    static inline const QString kWantlistCompleted = QStringLiteral("Wantlist Import Completed");
+    static inline const QString kCancelledTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Import Cancelled"));
+    static inline const QString kWantlistCompleted = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Wantlist Import Completed"));
     static constexpr int kPreviewCharacters = 60000;
     // Problem lines listed by name in the completion alert; the rest are counted.
     static constexpr int kListedProblems = 20;

@@ -3,6 +3,7 @@
 #include "shell/appdelegate.h"
 #include "shell/platformservices.h"
 #include "store/appconfig.h"
+#include "store/translations.h"
 
 #include <QUrlQuery>
 
@@ -19,8 +20,14 @@ RateShareTableViewController::RateShareTableViewController(AppDelegate *app, QOb
 
 QStringList RateShareTableViewController::rowTitles()
 {
-    return {u"Rate Platterbox"_s, u"Share Platterbox with a Friend"_s, u"Share the Platterbox Website"_s,
-            u"Visit the Platterbox Website"_s, u"Send Feedback"_s};
+    QStringList titles{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Rate Platterbox")),
+                       QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Share Platterbox with a Friend")),
+                       QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Share the Platterbox Website")),
+                       QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Visit the Platterbox Website")),
+                       QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Send Feedback"))};
+    for (QString &title : titles)
+        title = translated(title);
+    return titles;
 }
 
 QUrl RateShareTableViewController::reviewUrl()

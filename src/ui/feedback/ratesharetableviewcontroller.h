@@ -17,11 +17,11 @@ public:
     enum Row { Rate, ShareStoreLink, ShareInstructions, OpenWebsite, FeedbackMail };
 
     static inline const QString kInstructions =
-        QStringLiteral("Click the following link to visit the Platterbox App website");
-    static inline const QString kNoTextTitle = QStringLiteral("Can't Send Text Message");
-    static inline const QString kNoTextMessage = QStringLiteral("Your Device is not able to send text messages.");
-    static inline const QString kNoMailTitle = QStringLiteral("Can't Send Email");
-    static inline const QString kNoMailMessage = QStringLiteral("Your Device is not able to send Email.");
+        QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Click the following link to visit the Platterbox App website"));
+    static inline const QString kNoTextTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Can't Send Text Message"));
+    static inline const QString kNoTextMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Your Device is not able to send text messages."));
+    static inline const QString kNoMailTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Can't Send Email"));
+    static inline const QString kNoMailMessage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Your Device is not able to send Email."));
     static inline const QString kMailBody = QStringLiteral("<p>Enter your comments about Platterbox app below: </p>");
 
     explicit RateShareTableViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);

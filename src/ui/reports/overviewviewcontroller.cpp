@@ -1,6 +1,7 @@
 #include "reports/overviewviewcontroller.h"
 
 #include "reports/reporttexts.h"
+#include "store/translations.h"
 
 #include <QFile>
 
@@ -17,7 +18,7 @@ OverviewViewController::OverviewViewController(AppDelegate *app, QObject *parent
 
 QString OverviewViewController::title() const
 {
-    return ReportTexts::kOverviewTitle;
+    return translated(ReportTexts::kOverviewTitle);
 }
 
 QUrl OverviewViewController::documentSource()

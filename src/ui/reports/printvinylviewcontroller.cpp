@@ -10,6 +10,7 @@
 #include "shell/platformservices.h"
 #include "store/logging.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QPainter>
 #include <QPrinter>
@@ -95,7 +96,7 @@ PrintVinylViewController::~PrintVinylViewController()
 
 QString PrintVinylViewController::title() const
 {
-    return ReportTexts::kReportTitle;
+    return translated(ReportTexts::kReportTitle);
 }
 
 void PrintVinylViewController::viewDidLoad()

@@ -7,6 +7,7 @@
 #include "store/firstlaunch.h"
 #include "store/formatters.h"
 #include "store/logging.h"
+#include "store/translations.h"
 #include "store/wantedalbums.h"
 
 #include <QLocale>
@@ -25,18 +26,18 @@ struct MenuButton
 const QList<MenuButton> &buttons()
 {
     static const QList<MenuButton> list = {
-        {u"ListButton"_s, u"List Vinyl's"_s, u"ListVinylTableView"_s},
-        {u"ListGroupButton"_s, u"Groups"_s, u"GroupListsView"_s},
-        {u"AddButton"_s, u"Add Vinyl"_s, u"AddVinylView"_s, true},
-        {u"ValuationButton"_s, u"Valuation"_s, u"ValuationView"_s},
-        {u"StatisticsButton"_s, u"Statistics"_s, u"StatisticsView"_s},
-        {u"WantlistButton"_s, u"Wantlist"_s, u"WantlistView"_s},
-        {u"LoansButton"_s, u"Loans"_s, u"LoansView"_s},
-        {u"ReferenceListButton"_s, u"Reference Lists"_s, u"ReferenceListsView"_s},
-        {u"ImportExportButton"_s, u"Import / Export"_s, u"ImportExportView"_s},
-        {u"RateShareButton"_s, u"Rate & Share"_s, u"RateShareTableView"_s},
-        {u"OverviewButton"_s, u"Overview"_s, u"OverviewView"_s},
-        {u"DefaultsButton"_s, u"Settings"_s, u"DefaultsView"_s},
+        {u"ListButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "List Vinyl's")), u"ListVinylTableView"_s},
+        {u"ListGroupButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Groups")), u"GroupListsView"_s},
+        {u"AddButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Add Vinyl")), u"AddVinylView"_s, true},
+        {u"ValuationButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Valuation")), u"ValuationView"_s},
+        {u"StatisticsButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Statistics")), u"StatisticsView"_s},
+        {u"WantlistButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Wantlist")), u"WantlistView"_s},
+        {u"LoansButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Loans")), u"LoansView"_s},
+        {u"ReferenceListButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Reference Lists")), u"ReferenceListsView"_s},
+        {u"ImportExportButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Import / Export")), u"ImportExportView"_s},
+        {u"RateShareButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Rate & Share")), u"RateShareTableView"_s},
+        {u"OverviewButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Overview")), u"OverviewView"_s},
+        {u"DefaultsButton"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Settings")), u"DefaultsView"_s},
     };
     return list;
 }
@@ -65,7 +66,7 @@ QVariantList MainMenuViewController::menuButtons() const
     QVariantList list;
     for (const MenuButton &b : buttons()) {
         const bool enabled = app() && app()->navigator()->hasScreen(b.screen) && !(b.changes && app()->readOnly());
-        list.append(QVariantMap{{u"name"_s, b.name}, {u"title"_s, b.title}, {u"screen"_s, b.screen}, {u"enabled"_s, enabled}});
+        list.append(QVariantMap{{u"name"_s, b.name}, {u"title"_s, translated(b.title)}, {u"screen"_s, b.screen}, {u"enabled"_s, enabled}});
     }
     return list;
 }

@@ -2,6 +2,19 @@
 
 #include "collection/browsetexts.h"
 #include "shell/appdelegate.h"
+#include "store/translations.h"
+
+namespace {
+// An alert in the user's language. Messages are often a named text and a cause joined line by
+// line ("The file could not be read.\n" + the cause), so each line is looked up on its own.
+QString translatedLines(const QString &text)
+{
+    QStringList lines = text.split(u'\n');
+    for (QString &line : lines)
+        line = translated(line);
+    return lines.join(u'\n');
+}
+} // namespace
 
 ScreenController::ScreenController(AppDelegate *app, QObject *parent) : QObject(parent), m_app(app) {}
 
@@ -27,7 +40,10 @@ void ScreenController::showAlert(const QString &title, const QString &message, c
     m_lastAlertTitle = title;
     m_lastAlertMessage = message;
     m_pendingAnswer = std::move(onAnswer);
-    emit alert(title, message, buttons);
+    QStringList captions = buttons;
+    for (QString &caption : captions)
+        caption = translated(caption);
+    emit alert(translated(title), translatedLines(message), captions);
 }
 
 bool ScreenController::refusedAsReadOnly()

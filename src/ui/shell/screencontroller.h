@@ -23,9 +23,9 @@ class ScreenController : public QObject, public QQmlParserStatus
 
 public:
     // The title of the alert a failed store read or save raises on every screen.
-    static inline const QString kStoreErrorTitle = QStringLiteral("Unresolved error ");
+    static inline const QString kStoreErrorTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Unresolved error "));
     // The title of the alert a change of a read-only collection raises.
-    static inline const QString kReadOnlyTitle = QStringLiteral("Read-Only Collection");
+    static inline const QString kReadOnlyTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Read-Only Collection"));
 
     explicit ScreenController(AppDelegate *app = nullptr, QObject *parent = nullptr);
 
@@ -65,7 +65,7 @@ protected:
     bool openInEditor(qint64 rowId, const QString &origin);
 
     using AlertAction = std::function<void(int buttonIndex)>;
-    void showAlert(const QString &title, const QString &message, const QStringList &buttons = {QStringLiteral("OK")},
+    void showAlert(const QString &title, const QString &message, const QStringList &buttons = {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "OK"))},
                    AlertAction onAnswer = {});
 
     void classBegin() override {}

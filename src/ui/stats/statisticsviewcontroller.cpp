@@ -3,6 +3,7 @@
 #include "shell/appdelegate.h"
 #include "store/formatters.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QLocale>
 
@@ -130,14 +131,14 @@ QVariantList StatisticsViewController::figures() const
     const CollectionFigures &f = m_statistics.figures;
     const QLocale locale;
     const auto figure = [](const QString &title, const QString &text) {
-        return QVariantMap{{u"title"_s, title}, {u"text"_s, text}};
+        return QVariantMap{{u"title"_s, translated(title)}, {u"text"_s, text}};
     };
-    return {figure(u"Records"_s, locale.toString(f.records)),
-            figure(u"Copies"_s, locale.toString(f.copies)),
-            figure(u"Total Cost"_s, Formatters::currencyOrZero(f.totalCost)),
-            figure(u"Total Value"_s, Formatters::currencyOrZero(f.totalValue)),
+    return {figure(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Records")), locale.toString(f.records)),
+            figure(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Copies")), locale.toString(f.copies)),
+            figure(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Total Cost")), Formatters::currencyOrZero(f.totalCost)),
+            figure(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Total Value")), Formatters::currencyOrZero(f.totalValue)),
             figure(StatisticsTexts::differenceTitle(f.difference()), StatisticsTexts::differenceText(f.difference())),
-            figure(u"On Loan"_s, f.overdue > 0 ? u"%1 (%2 overdue)"_s.arg(locale.toString(f.onLoan), locale.toString(f.overdue))
+            figure(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "On Loan")), f.overdue > 0 ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 (%2 overdue)"))).arg(locale.toString(f.onLoan), locale.toString(f.overdue))
                                                : locale.toString(f.onLoan))};
 }
 

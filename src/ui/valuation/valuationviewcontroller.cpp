@@ -9,6 +9,7 @@
 #include "store/logging.h"
 #include "store/store.h"
 #include "store/valuehistory.h"
+#include "store/translations.h"
 
 #include <QUrl>
 
@@ -120,7 +121,7 @@ void ValuationViewController::openPage(const QString &address)
 {
     const QUrl url(address, QUrl::StrictMode);
     if (!url.isValid() || url.scheme().isEmpty()) {
-        showAlert(Valuation::kPageNotOpenedTitle, Valuation::kNotAnAddressMessage.arg(address));
+        showAlert(Valuation::kPageNotOpenedTitle, translated(Valuation::kNotAnAddressMessage).arg(address));
         return;
     }
     if (app())
@@ -138,7 +139,7 @@ void ValuationViewController::SaveNewCardButtonClicked()
     // A value that does not read is said, and kept for correcting, rather than dropped.
     const std::optional<float> newValue = Valuation::parseNewValue(m_newValueText);
     if (!newValue) {
-        showAlert(Valuation::kNotSavedTitle, Valuation::kUnreadableValueMessage.arg(m_newValueText));
+        showAlert(Valuation::kNotSavedTitle, translated(Valuation::kUnreadableValueMessage).arg(m_newValueText));
         return;
     }
     Store &store = app()->persistentContainer();

@@ -3,6 +3,7 @@
 #include "collection/wantlist.h"
 #include "shell/appdelegate.h"
 #include "store/logging.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -78,7 +79,7 @@ QStringList WantedViewController::priorityNames() const
 
 QString WantedViewController::gotItPrompt() const
 {
-    return Wantlist::kGotItPrompt.arg(text(m_wanted.album.name));
+    return translated(Wantlist::kGotItPrompt).arg(text(m_wanted.album.name));
 }
 
 bool WantedViewController::takeCovers(Vinyl &album)
@@ -159,10 +160,10 @@ bool WantedViewController::gotIt(const QString &cost)
         return false;
     }
     m_collectedRowId = record->rowId;
-    const QString done = Wantlist::kGotItDone.arg(text(record->name)).arg(number(record->id));
+    const QString done = translated(Wantlist::kGotItDone).arg(text(record->name)).arg(number(record->id));
     consoleLine(done);
     m_returning = true;
-    showAlert(Wantlist::kGotItTitle, done, {u"OK"_s}, [this](int) {
+    showAlert(Wantlist::kGotItTitle, done, {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "OK"))}, [this](int) {
         m_returning = false;
         returnToWantlist();
     });
@@ -174,7 +175,7 @@ void WantedViewController::deleteClicked()
     if (m_returning || isNew() || refusedAsReadOnly())
         return;
     showAlert(Wantlist::kDeleteTitle,
-              Wantlist::kDeleteMessage.arg(text(m_wanted.album.name), text(m_wanted.album.artist)),
+              translated(Wantlist::kDeleteMessage).arg(text(m_wanted.album.name), text(m_wanted.album.artist)),
               {Wantlist::kKeepButton, Wantlist::kDeleteButton}, [this](int button) {
                   if (button != 1)
                       return;

@@ -2,6 +2,7 @@
 
 #include "collection/wantlist.h"
 #include "shell/appdelegate.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -82,7 +83,7 @@ void WantlistViewController::deleteRow(int row)
     if (row < 0 || row >= m_shown.size() || refusedAsReadOnly())
         return;
     const WantedAlbum wanted = m_shown.at(row);
-    showAlert(Wantlist::kDeleteTitle, Wantlist::kDeleteMessage.arg(text(wanted.album.name), text(wanted.album.artist)),
+    showAlert(Wantlist::kDeleteTitle, translated(Wantlist::kDeleteMessage).arg(text(wanted.album.name), text(wanted.album.artist)),
               {Wantlist::kKeepButton, Wantlist::kDeleteButton}, [this, rowId = wanted.rowId](int button) {
                   if (button != 1)
                       return;
