@@ -35,7 +35,7 @@ ItemDelegate {
         Label {
             objectName: root.nameObjectName
             text: root.nameLabel
-            color: "black"
+            color: Theme.text
             font.pixelSize: 16
             elide: Text.ElideRight
             Layout.fillWidth: true
@@ -43,7 +43,7 @@ ItemDelegate {
         Label {
             objectName: "CountLabel"
             text: root.countLabel
-            color: "black"
+            color: Theme.text
             font.pixelSize: 16
             font.bold: true
         }

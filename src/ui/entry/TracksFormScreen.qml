@@ -29,7 +29,7 @@ ScreenPage {
         anchors.topMargin: 20
         spacing: 6
 
-        Label { text: "Track #"; color: "#555555" }
+        Label { text: "Track #"; color: Theme.secondaryText }
         TextField {
             objectName: "TrackNumberTextField"
             text: root.controller.trackNumber
@@ -37,14 +37,14 @@ ScreenPage {
             onTextEdited: root.controller.trackNumber = text
             Layout.fillWidth: true
         }
-        Label { text: "Song"; color: "red" }
+        Label { text: "Song"; color: Theme.attention }
         TextField {
             objectName: "SongTextField"
             text: root.controller.song
             onTextEdited: root.controller.song = text
             Layout.fillWidth: true
         }
-        Label { text: "Duration"; color: "#555555" }
+        Label { text: "Duration"; color: Theme.secondaryText }
         TextField {
             objectName: "DurationTextField"
             text: root.controller.duration
@@ -52,7 +52,7 @@ ScreenPage {
             onTextEdited: root.controller.duration = text
             Layout.fillWidth: true
         }
-        Label { text: "Written By"; color: "#555555" }
+        Label { text: "Written By"; color: Theme.secondaryText }
         TextField {
             objectName: "WrittenByTextField"
             text: root.controller.writtenBy

@@ -16,7 +16,7 @@ ItemDelegate {
     required property string detailLabel
 
     // New, updated, unchanged, problem.
-    readonly property var kindColors: ["#1b7f3b", "#1f5fbf", "#6b6b6b", "#b3261e"]
+    readonly property var kindColors: [Theme.success, Theme.info, Theme.secondaryText, Theme.danger]
 
     topPadding: 10
     bottomPadding: 10
@@ -59,7 +59,7 @@ ItemDelegate {
                 objectName: "LineLabel"
                 text: root.lineLabel
                 font.pixelSize: 12
-                color: "#666666"
+                color: Theme.secondaryText
             }
         }
         Label {
@@ -67,7 +67,7 @@ ItemDelegate {
             text: root.detailLabel
             visible: text.length > 0
             font.pixelSize: 13
-            color: "#333333"
+            color: Theme.text
             wrapMode: Text.Wrap
             Layout.fillWidth: true
         }

@@ -33,12 +33,12 @@ SwipeDelegate {
         anchors.right: parent.right
         anchors.rightMargin: root.insetX
         radius: 10
-        color: "#e0302a"
+        color: Theme.deleteFill
 
         Label {
             anchors.centerIn: parent
             text: "delete"
-            color: "white"
+            color: Theme.onDelete
             font.pixelSize: 16
         }
         // The row filters the presses on its swipe items (to drag them back); it reports a

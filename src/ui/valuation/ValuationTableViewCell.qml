@@ -27,8 +27,8 @@ ItemDelegate {
             anchors.rightMargin: 8
             anchors.topMargin: 4
             anchors.bottomMargin: 4
-            border.color: root.selected ? "#1f7a3a" : "black"
-            fillColor: root.selected ? "#d8f0dd" : "#eef6f6"
+            border.color: root.selected ? Theme.selectedCardBorder : Theme.cardBorder
+            fillColor: root.selected ? Theme.selectedCard : Theme.card
             hovered: root.hovered
         }
     }
@@ -54,7 +54,7 @@ ItemDelegate {
 
             component CellLine: Label {
                 font.pixelSize: 12
-                color: "black"
+                color: Theme.text
                 elide: Text.ElideRight
                 Layout.fillWidth: true
             }

@@ -123,7 +123,7 @@ ScreenPage {
                 spacing: 2
                 Label {
                     text: "Tracks"
-                    color: "#555555"
+                    color: Theme.secondaryText
                     font.pixelSize: 13
                 }
                 Repeater {

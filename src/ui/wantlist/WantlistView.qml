@@ -50,7 +50,7 @@ ScreenPage {
             objectName: "WantlistSummary"
             text: controller.summary
             font.pixelSize: 15
-            color: "#555555"
+            color: Theme.secondaryText
             wrapMode: Text.Wrap
             Layout.fillWidth: true
             Layout.maximumWidth: Adaptive.formWidth
@@ -84,7 +84,7 @@ ScreenPage {
                 width: ListView.view.width
                 implicitHeight: lines.implicitHeight + 20
                 hovered: pointer.hovered || (ListView.isCurrentItem && list.activeFocus)
-                fillColor: row.modelData.priority === 1 ? "#fff4e0" : Qt.hsva(0.5, 0.06, 0.96, 1)
+                fillColor: row.modelData.priority === 1 ? Theme.warningFill : Theme.card
 
                 HoverHandler {
                     id: pointer
@@ -111,7 +111,7 @@ ScreenPage {
                         Label {
                             text: row.modelData.detail
                             font.pixelSize: 14
-                            color: "#333333"
+                            color: Theme.text
                             wrapMode: Text.Wrap
                             Layout.fillWidth: true
                         }
