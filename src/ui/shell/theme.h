@@ -160,7 +160,9 @@ public:
     // The user-defaults key of the choice: "light", "dark" or "desktop" (also when absent).
     static inline const QString kSettingsKey = QStringLiteral("Appearance");
 
-    explicit Theme(QObject *parent = nullptr);
+    // Not default-constructible, so that QML takes the one theme from create() rather than
+    // making one of its own.
+    explicit Theme(QObject *parent);
     ~Theme() override;
 
     // The one theme of the window, which the QML singleton is too. The colours belong to the

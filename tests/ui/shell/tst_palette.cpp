@@ -139,7 +139,7 @@ private slots:
         QFETCH(bool, desktopDark);
         QFETCH(bool, dark);
         const QPalette before = QGuiApplication::palette();
-        Theme theme;
+        Theme theme(nullptr);
         theme.setChoice(choice);
         // Without a portal the platform palette speaks for the desktop, and is followed when it
         // changes while the app runs.
