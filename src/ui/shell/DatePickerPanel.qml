@@ -147,6 +147,14 @@ Pane {
             DayOfWeekRow {
                 Layout.fillWidth: true
                 locale: grid.locale
+                // A Label, so that the names take the theme's text colour.
+                delegate: Label {
+                    required property string shortName
+                    text: shortName
+                    font.bold: true
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                }
             }
             MonthGrid {
                 id: grid

@@ -8,6 +8,7 @@
 
 #include <QMimeData>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -231,6 +232,19 @@ private slots:
         QVERIFY(again);
         QCOMPARE(theme->dark(), dark);
         QCOMPARE(DefaultsViewController(again->get()).appearance(), index);
+    }
+
+    // The window's QML takes the same theme the settings screen changes.
+    void windowShowsTheChosenVariant()
+    {
+        TestApp t;
+        TestWindow window(t.app());
+        QVERIFY(window.window());
+        DefaultsViewController settings(&t.app());
+        for (const bool dark : {true, false}) {
+            settings.appearanceChosen(dark ? 1 : 0);
+            QTRY_COMPARE(window.window()->color(), Theme::color(Theme::Window, dark));
+        }
     }
 
     void defaultDateIsStoredAndShownAgain()
