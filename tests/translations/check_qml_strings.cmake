@@ -14,21 +14,23 @@ foreach(file IN LISTS files)
     set(number 0)
     foreach(line IN LISTS lines)
         math(EXPR number "${number} + 1")
-        if(NOT line MATCHES "^[ \t]*(${shown})[ \t]*:")
-            continue()
-        endif()
-        # What qsTr, qsTranslate and qsTrId already carry is fine; any literal left holding a
-        # letter is shown untranslated.
-        string(REGEX REPLACE "qsTr(anslate|Id)?\\([^)]*\\)" "" rest "${line}")
-        string(REGEX REPLACE "^[^:]*:" "" rest "${rest}")
-        # A character written as an escape ("\u2715") is a sign, not a word.
-        string(REGEX REPLACE "\\\\u[0-9A-Fa-f]+" "" rest "${rest}")
-        if(rest MATCHES "\"[^\"]*[A-Za-z][^\"]*\"" OR rest MATCHES "'[^']*[A-Za-z][^']*'")
-            file(RELATIVE_PATH shortName ${ROOT} ${file})
-            string(STRIP "${line}" stripped)
-            string(APPEND problems "  ${shortName}:${number}: ${stripped}\n")
-            math(EXPR count "${count} + 1")
-        endif()
+        # Each property a person reads, on a line of its own or one of several in braces.
+        string(REGEX MATCHALL "(^|[{;])[ \t]*(${shown})[ \t]*:[^;}]*" settings "${line}")
+        foreach(setting IN LISTS settings)
+            # What qsTr, qsTranslate and qsTrId already carry is fine; any literal left holding a
+            # letter is shown untranslated.
+            string(REGEX REPLACE "qsTr(anslate|Id)?\\([^)]*\\)" "" rest "${setting}")
+            string(REGEX REPLACE "^[^:]*:" "" rest "${rest}")
+            # A character written as an escape ("\u2715") is a sign, not a word.
+            string(REGEX REPLACE "\\\\u[0-9A-Fa-f]+" "" rest "${rest}")
+            if(rest MATCHES "\"[^\"]*[A-Za-z][^\"]*\"" OR rest MATCHES "'[^']*[A-Za-z][^']*'")
+                file(RELATIVE_PATH shortName ${ROOT} ${file})
+                string(STRIP "${line}" stripped)
+                string(APPEND problems "  ${shortName}:${number}: ${stripped}\n")
+                math(EXPR count "${count} + 1")
+                break()
+            endif()
+        endforeach()
     endforeach()
 endforeach()
 if(count GREATER 0)

@@ -1,4 +1,6 @@
-// The screen tour: every screen of the app, with a sample collection loaded, as PNG files.
+// The screen tour: every screen of the app, with a sample collection loaded, as PNG files; in the
+// light variant at every width, then in the dark one at phone and desktop width (dark/).
+#include "shell/theme.h"
 #include "store/logging.h"
 #include "store/translations.h"
 #include "tour.h"
@@ -40,6 +42,8 @@ int main(int argc, char *argv[])
     }
     QQuickWindow *window = &tour.window();
 
+    // The light set is light whatever the desktop prefers; the dark set follows it.
+    Theme::instance()->setChoice(Theme::Choice::Light);
     QList<TourStep> steps = tourSteps();
     // Work in progress is pictured once, at phone size, after every other screen: it grows the
     // collection.
@@ -48,12 +52,9 @@ int main(int argc, char *argv[])
     addReportProgressSteps(lastSteps);
     QList<TourStep> wideSteps;
     addWideSteps(wideSteps);
-    // PLATTERBOX_TOUR_ONLY=text takes only the pictures whose file names hold text.
+    // PLATTERBOX_TOUR_ONLY=text takes only the pictures whose paths in the tour's folder hold text
+    // ("settings", "dark/", "dark/desktop/statistics").
     const QString only = qEnvironmentVariable("PLATTERBOX_TOUR_ONLY");
-    for (QList<TourStep> *list : {&steps, &lastSteps, &wideSteps}) {
-        if (!only.isEmpty())
-            list->removeIf([&only](const TourStep &step) { return !step.fileName.contains(only); });
-    }
 
     // Every screen at the three widths the screens adapt to: phone (the window's own size, in
     // the folder itself), tablet and desktop (in sub-folders).
@@ -79,12 +80,16 @@ int main(int argc, char *argv[])
 
     TourContext context(tour.app(), *window);
     int written = 0;
+    int expected = 0;
     int cut = 0;
     const auto picture = [&](const QDir &dir, const TourStep &step) {
+        const QString path = dir.filePath(step.fileName);
+        if (!only.isEmpty() && !QDir(outDir).relativeFilePath(path).contains(only))
+            return;
+        ++expected;
         step.prepare(context);
         if (step.settleFirst)
             context.settle();
-        const QString path = dir.filePath(step.fileName);
         if (step.settleFirst) {
             for (const QString &problem : context.cutTexts()) {
                 ++cut;
@@ -106,6 +111,18 @@ int main(int argc, char *argv[])
         for (const TourStep &step : steps)
             picture(dir, step);
     }
+    // The same screens in the dark variant, beside the light ones: at phone and desktop width.
+    const QList<TourSize> darkSizes = {sizes.at(0), sizes.at(2)};
+    Theme::instance()->setChoice(Theme::Choice::Dark);
+    for (const TourSize &size : darkSizes) {
+        const QDir dir(QDir(outDir).filePath(u"dark/"_s + size.folder));
+        QDir().mkpath(dir.path());
+        window->resize(size.size);
+        context.settle(600);
+        for (const TourStep &step : steps)
+            picture(dir, step);
+    }
+    Theme::instance()->setChoice(Theme::Choice::Light);
     const QDir wide(QDir(outDir).filePath(u"desktop-1600"_s));
     QDir().mkpath(wide.path());
     window->resize(QSize(1600, 1000));
@@ -119,5 +136,5 @@ int main(int argc, char *argv[])
     printf("%d screens written to %s\n", written, qPrintable(outDir));
     if (cut > 0)
         fprintf(stderr, "tour: %d texts or cards cut short\n", cut);
-    return written == steps.size() * sizes.size() + wideSteps.size() + lastSteps.size() && cut == 0 ? 0 : 1;
+    return written == expected && cut == 0 ? 0 : 1;
 }

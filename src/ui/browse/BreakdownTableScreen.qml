@@ -90,7 +90,7 @@ ScreenPage {
             text: root.controller.footerText
             horizontalAlignment: Text.AlignHCenter
             font.pixelSize: 14
-            color: "#333333"
+            color: Theme.text
             topPadding: 8
             bottomPadding: 10
             Layout.fillWidth: true

@@ -27,7 +27,7 @@ ColumnLayout {
         text: root.controller.headerText
         font.bold: false
         font.pixelSize: 15
-        color: "#333333"
+        color: Theme.text
         Layout.fillWidth: true
     }
     CardGrid {

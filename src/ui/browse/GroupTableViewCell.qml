@@ -41,7 +41,7 @@ ItemDelegate {
             Accessible.ignored: true
             objectName: root.nameObjectName
             text: root.nameLabel
-            color: "black"
+            color: Theme.text
             font.pixelSize: 16
             elide: Text.ElideRight
             Layout.fillWidth: true
@@ -50,7 +50,7 @@ ItemDelegate {
             Accessible.ignored: true
             objectName: "CountLabel"
             text: root.countLabel
-            color: "black"
+            color: Theme.text
             font.pixelSize: 16
             font.bold: true
         }

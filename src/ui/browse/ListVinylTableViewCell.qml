@@ -68,13 +68,13 @@ SwipeRow {
                 anchors.right: parent.right
                 anchors.bottom: parent.bottom
                 height: badgeText.implicitHeight + 4
-                color: root.loanOverdue ? "#b3261e" : "#37474f"
+                color: root.loanOverdue ? Theme.overdueBand : Theme.loanBand
                 opacity: 0.92
                 Label {
                     id: badgeText
                     anchors.centerIn: parent
                     text: root.loanBadge
-                    color: "white"
+                    color: Theme.onBand
                     font.pixelSize: 11
                     font.bold: true
                 }
@@ -93,7 +93,7 @@ SwipeRow {
             component CardLine: Label {
                 Accessible.ignored: true
                 font.pixelSize: 12
-                color: "black"
+                color: Theme.text
                 wrapMode: Text.Wrap
                 maximumLineCount: 2
                 elide: Text.ElideRight

@@ -92,7 +92,7 @@ FocusScope {
         objectName: "TableHeader"
         width: parent.width
         height: 36
-        color: "#e6e6e6"
+        color: Theme.headerFill
         clip: true
         z: 1
 
@@ -126,7 +126,7 @@ FocusScope {
                         horizontalAlignment: root.alignment(headerCell.index)
                         font.pixelSize: 13
                         font.bold: true
-                        color: "black"
+                        color: Theme.text
                         // The arrow shows the direction of the column the rows are sorted by.
                         text: headerCell.modelData + (headerCell.sorted ? (root.sortAscending ? " ▲" : " ▼") : "")
                         elide: Text.ElideRight
@@ -169,7 +169,7 @@ FocusScope {
                             width: 1
                             height: parent.height - 12
                             anchors.verticalCenter: parent.verticalCenter
-                            color: "#a0a0a0"
+                            color: Theme.fieldBorder
                         }
                     }
                 }
@@ -227,14 +227,14 @@ FocusScope {
             onDeleteRequested: root.deleteRequested(index)
 
             background: Rectangle {
-                color: row.ListView.isCurrentItem && list.activeFocus ? "#d6e8fb"
-                     : row.hovered ? "#eef4fb"
-                     : row.index % 2 ? "#f7f7f7" : "white"
+                color: row.ListView.isCurrentItem && list.activeFocus ? Theme.selection
+                     : row.hovered ? Theme.rowHover
+                     : row.index % 2 ? Theme.rowAlternate : Theme.window
                 Rectangle {
                     anchors.bottom: parent.bottom
                     width: parent.width
                     height: 1
-                    color: "#e2e2e2"
+                    color: Theme.divider
                 }
             }
 
@@ -262,7 +262,7 @@ FocusScope {
                             horizontalAlignment: root.alignment(index)
                             font.pixelSize: 13
                             font.bold: index === 0
-                            color: "black"
+                            color: Theme.text
                             text: row.cells[index] || ""
                             elide: Text.ElideRight
                             onImplicitWidthChanged: root.fit(index, implicitWidth - leftPadding - rightPadding)

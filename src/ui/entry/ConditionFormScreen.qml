@@ -29,13 +29,13 @@ ScreenPage {
         anchors.topMargin: 20
         spacing: 6
 
-        Label { text: "Condition"; color: "red" }
+        Label { text: qsTr("Condition"); color: Theme.attention }
         TextField {
             Accessible.name: qsTr("Condition")
             objectName: "ConditionTextField"
             text: root.controller.condition
             onTextEdited: root.controller.condition = text
-            background: Rectangle { radius: 5; border.width: 1; border.color: "#888888"; color: "white" }
+            background: Rectangle { radius: 5; border.width: 1; border.color: Theme.fieldBorder; color: Theme.field }
             leftPadding: 10
             Layout.fillWidth: true
         }

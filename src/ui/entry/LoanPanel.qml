@@ -15,7 +15,7 @@ ColumnLayout {
 
     Label {
         text: qsTr("Loans")
-        color: "#555555"
+        color: Theme.secondaryText
         font.pixelSize: 13
     }
     RowLayout {
@@ -24,7 +24,7 @@ ColumnLayout {
         Label {
             objectName: "LoanStatus"
             text: root.controller.onLoan ? root.controller.loanStatus : qsTr("In the collection")
-            color: root.controller.overdue ? "#b3261e" : (root.controller.onLoan ? "black" : "#999999")
+            color: root.controller.overdue ? Theme.danger : (root.controller.onLoan ? Theme.text : Theme.captionText)
             font.pixelSize: 15
             font.bold: root.controller.onLoan
             wrapMode: Text.Wrap
@@ -42,7 +42,7 @@ ColumnLayout {
         delegate: Label {
             required property string modelData
             text: modelData
-            color: "#555555"
+            color: Theme.secondaryText
             font.pixelSize: 14
             wrapMode: Text.Wrap
             Layout.fillWidth: true

@@ -20,7 +20,7 @@ Popup {
     modal: true
     padding: 0
     closePolicy: Popup.CloseOnEscape
-    background: Rectangle { color: "black" }
+    background: Rectangle { color: Theme.viewfinder }
 
     Loader {
         anchors.fill: parent
@@ -47,7 +47,7 @@ Popup {
                     anchors.bottom: parent.bottom
                     anchors.bottomMargin: 24
                     text: qsTr("Hold the barcode on the sleeve in view")
-                    color: "white"
+                    color: Theme.onViewfinder
                     font.pixelSize: 16
                 }
             }

@@ -25,7 +25,7 @@ Popup {
     modal: true
     padding: 0
     closePolicy: Popup.CloseOnEscape
-    background: Rectangle { color: "white"; radius: root.phone ? 0 : 10; border.color: "#d0d0d0" }
+    background: Rectangle { color: Theme.surface; radius: root.phone ? 0 : 10; border.color: Theme.border }
 
     onOpened: queryField.forceActiveFocus()
     onClosed: sheet.Cancel()
@@ -55,7 +55,7 @@ Popup {
         Rectangle {
             Layout.fillWidth: true
             implicitHeight: 52
-            color: "#f7f7f7"
+            color: Theme.toolbar
             radius: root.phone ? 0 : 10
             RowLayout {
                 anchors.fill: parent
@@ -137,7 +137,7 @@ Popup {
                     objectName: "LookupMessage"
                     text: sheet.message
                     wrapMode: Text.Wrap
-                    color: "#444444"
+                    color: Theme.secondaryText
                     Layout.fillWidth: true
                 }
             }
@@ -146,7 +146,7 @@ Popup {
         Rectangle {
             Layout.fillWidth: true
             implicitHeight: 1
-            color: "#e0e0e0"
+            color: Theme.divider
         }
 
         StackLayout {
@@ -179,7 +179,7 @@ Popup {
                             implicitWidth: 64
                             implicitHeight: 64
                             Layout.alignment: Qt.AlignTop
-                            color: "#eeeeee"
+                            color: Theme.headerFill
                             radius: 4
                             Image {
                                 Accessible.role: Accessible.Graphic
@@ -212,7 +212,7 @@ Popup {
                                 Accessible.ignored: true
                                 text: row.details
                                 font.pixelSize: 13
-                                color: "#666666"
+                                color: Theme.secondaryText
                                 wrapMode: Text.Wrap
                                 Layout.fillWidth: true
                             }
@@ -288,7 +288,7 @@ Popup {
                             spacing: 0
                             Label {
                                 text: parent.modelData.what
-                                color: "#555555"
+                                color: Theme.secondaryText
                                 font.pixelSize: 13
                             }
                             Label {

@@ -62,7 +62,8 @@ ScreenPage {
             background: Rectangle {
                 radius: 5
                 border.width: 1
-                border.color: "#999999"
+                border.color: Theme.fieldBorder
+                color: Theme.field
             }
             Component.onCompleted: text = controller.notes
             onTextChanged: if (text !== controller.notes) controller.notes = text

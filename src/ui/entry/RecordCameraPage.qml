@@ -22,7 +22,7 @@ Popup {
     modal: true
     padding: 0
     closePolicy: Popup.NoAutoClose
-    background: Rectangle { color: "black" }
+    background: Rectangle { color: Theme.viewfinder }
 
     Loader {
         id: session

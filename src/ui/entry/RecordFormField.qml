@@ -30,7 +30,7 @@ ColumnLayout {
 
     Label {
         text: root.caption
-        color: root.required ? "#d00000" : "#555555"
+        color: root.required ? Theme.attention : Theme.secondaryText
         font.pixelSize: 13
     }
 
@@ -51,8 +51,8 @@ ColumnLayout {
         background: Rectangle {
             radius: 5
             border.width: 1
-            border.color: input.activeFocus ? "#1e88e5" : (root.required ? "#d00000" : "#999999")
-            color: "white"
+            border.color: input.activeFocus ? Theme.focusRing : (root.required ? Theme.attention : Theme.fieldBorder)
+            color: Theme.field
         }
         Component.onCompleted: text = root.value
         onTextEdited: {

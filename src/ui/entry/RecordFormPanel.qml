@@ -156,7 +156,7 @@ Item {
 
                         Label {
                             text: cover.modelData.caption
-                            color: "#555555"
+                            color: Theme.secondaryText
                             font.pixelSize: 13
                         }
                         Rectangle {
@@ -165,8 +165,8 @@ Item {
                             Layout.preferredHeight: root.coversBeside ? 220 : 160
                             radius: 5
                             border.width: 1
-                            border.color: "#999999"
-                            color: "#f4f4f4"
+                            border.color: Theme.fieldBorder
+                            color: Theme.headerFill
                             Image {
                                 Accessible.role: Accessible.Graphic
                                 Accessible.name: cover.modelData.caption
@@ -181,7 +181,7 @@ Item {
                                 anchors.centerIn: parent
                                 visible: !(cover.front ? root.controller.hasFrontImage : root.controller.hasBackImage)
                                 text: qsTr("No Picture")
-                                color: "#999999"
+                                color: Theme.captionText
                             }
                             TapHandler {
                                 onDoubleTapped: root.coverDoubleTapped()
@@ -385,7 +385,7 @@ Item {
 
             Label {
                 text: qsTr("Notes")
-                color: "#555555"
+                color: Theme.secondaryText
                 font.pixelSize: 13
             }
             TextArea {
@@ -405,7 +405,8 @@ Item {
                 background: Rectangle {
                     radius: 5
                     border.width: 1
-                    border.color: notes.activeFocus ? "#1e88e5" : "#999999"
+                    border.color: notes.activeFocus ? Theme.focusRing : Theme.fieldBorder
+                    color: Theme.field
                 }
                 property bool reverting: false
                 Component.onCompleted: text = root.controller.notes
@@ -443,7 +444,7 @@ Item {
                 spacing: 2
                 Label {
                     text: qsTr("Tracks, stored when the record is saved")
-                    color: "#555555"
+                    color: Theme.secondaryText
                     font.pixelSize: 13
                 }
                 Repeater {
@@ -491,7 +492,7 @@ Item {
         width: place.width
         height: 260
         padding: 0
-        background: Rectangle { color: "white"; border.color: "#d0d0d0" }
+        background: Rectangle { color: Theme.surface; border.color: Theme.border }
 
         ColumnLayout {
             anchors.fill: parent
@@ -499,7 +500,7 @@ Item {
             Rectangle {
                 Layout.fillWidth: true
                 implicitHeight: 44
-                color: Qt.rgba(0.3607843137254902, 0.8470588235294118, 1.0, 0.25)
+                color: Theme.pickerBand
                 RowLayout {
                     anchors.fill: parent
                     anchors.leftMargin: 16
@@ -519,7 +520,7 @@ Item {
             Label {
                 visible: root.listEntries.length === 0
                 text: qsTr("No entries")
-                color: "#999999"
+                color: Theme.captionText
                 Layout.alignment: Qt.AlignHCenter
                 Layout.topMargin: 24
             }

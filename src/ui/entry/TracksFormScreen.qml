@@ -29,7 +29,7 @@ ScreenPage {
         anchors.topMargin: 20
         spacing: 6
 
-        Label { text: "Track #"; color: "#555555" }
+        Label { text: qsTr("Track #"); color: Theme.secondaryText }
         TextField {
             Accessible.name: qsTr("Track #")
             objectName: "TrackNumberTextField"
@@ -38,7 +38,7 @@ ScreenPage {
             onTextEdited: root.controller.trackNumber = text
             Layout.fillWidth: true
         }
-        Label { text: "Song"; color: "red" }
+        Label { text: qsTr("Song"); color: Theme.attention }
         TextField {
             Accessible.name: qsTr("Song")
             objectName: "SongTextField"
@@ -46,7 +46,7 @@ ScreenPage {
             onTextEdited: root.controller.song = text
             Layout.fillWidth: true
         }
-        Label { text: "Duration"; color: "#555555" }
+        Label { text: qsTr("Duration"); color: Theme.secondaryText }
         TextField {
             Accessible.name: qsTr("Duration")
             objectName: "DurationTextField"
@@ -55,7 +55,7 @@ ScreenPage {
             onTextEdited: root.controller.duration = text
             Layout.fillWidth: true
         }
-        Label { text: "Written By"; color: "#555555" }
+        Label { text: qsTr("Written By"); color: Theme.secondaryText }
         TextField {
             Accessible.name: qsTr("Written By")
             objectName: "WrittenByTextField"

@@ -36,7 +36,7 @@ Card {
             Label { text: root.songLabel; font.pixelSize: 16; font.bold: true; elide: Text.ElideRight; Layout.fillWidth: true }
             Label { text: root.trackNumberLabel; font.pixelSize: 13; elide: Text.ElideRight; Layout.fillWidth: true }
             Label { text: root.durationLabel; font.pixelSize: 13; elide: Text.ElideRight; Layout.fillWidth: true }
-            Label { text: root.writtenByLabel; font.pixelSize: 13; color: "#444444"; elide: Text.ElideRight; Layout.fillWidth: true }
+            Label { text: root.writtenByLabel; font.pixelSize: 13; color: Theme.secondaryText; elide: Text.ElideRight; Layout.fillWidth: true }
         }
     }
 }

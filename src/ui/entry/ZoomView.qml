@@ -34,7 +34,7 @@ ScreenPage {
         anchors.centerIn: parent
         visible: controller.images.length === 0
         text: qsTr("This record has no cover images.")
-        color: "#777777"
+        color: Theme.captionText
         font.pixelSize: 16
     }
 

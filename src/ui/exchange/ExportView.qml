@@ -119,7 +119,8 @@ ScreenPage {
             Layout.fillHeight: true
             radius: 5
             border.width: 1
-            border.color: "black"
+            border.color: Theme.cardBorder
+            color: Theme.field
             clip: true
 
             ScrollView {
@@ -155,7 +156,8 @@ ScreenPage {
             Layout.preferredHeight: helpText.implicitHeight + 16
             radius: 5
             border.width: 1
-            border.color: "black"
+            border.color: Theme.cardBorder
+            color: Theme.field
 
             Label {
                 id: helpText

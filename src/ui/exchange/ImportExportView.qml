@@ -47,7 +47,7 @@ ScreenPage {
             text: qsTr("Move the whole collection to and from an exchange file.")
             wrapMode: Text.Wrap
             font.pixelSize: 15
-            color: "#555555"
+            color: Theme.secondaryText
             Layout.fillWidth: true
         }
         StyledButton {
@@ -69,7 +69,7 @@ ScreenPage {
             text: qsTr("A backup keeps everything: every record, track, picture and cover file, exactly as stored.")
             wrapMode: Text.Wrap
             font.pixelSize: 15
-            color: "#555555"
+            color: Theme.secondaryText
             Layout.fillWidth: true
             Layout.topMargin: 8
         }

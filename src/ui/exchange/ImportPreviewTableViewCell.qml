@@ -21,7 +21,7 @@ ItemDelegate {
     FocusRing { control: root; gap: -3 }
 
     // New, updated, unchanged, problem.
-    readonly property var kindColors: ["#1b7f3b", "#1f5fbf", "#6b6b6b", "#b3261e"]
+    readonly property var kindColors: [Theme.success, Theme.info, Theme.secondaryText, Theme.danger]
 
     topPadding: 10
     bottomPadding: 10
@@ -67,7 +67,7 @@ ItemDelegate {
                 Accessible.ignored: true
                 text: root.lineLabel
                 font.pixelSize: 12
-                color: "#666666"
+                color: Theme.secondaryText
             }
         }
         Label {
@@ -76,7 +76,7 @@ ItemDelegate {
             text: root.detailLabel
             visible: text.length > 0
             font.pixelSize: 13
-            color: "#333333"
+            color: Theme.text
             wrapMode: Text.Wrap
             Layout.fillWidth: true
         }

@@ -84,7 +84,7 @@ ScreenPage {
             visible: text.length > 0
             elide: Text.ElideMiddle
             font.pixelSize: 14
-            color: "#555555"
+            color: Theme.secondaryText
             Layout.fillWidth: true
         }
         Label {
@@ -93,7 +93,7 @@ ScreenPage {
             visible: text.length > 0
             wrapMode: Text.Wrap
             font.pixelSize: 14
-            color: "#555555"
+            color: Theme.secondaryText
             Layout.fillWidth: true
         }
 
@@ -127,7 +127,7 @@ ScreenPage {
             text: controller.remarksLabel
             visible: text.length > 0
             font.pixelSize: 12
-            color: "#555555"
+            color: Theme.secondaryText
             wrapMode: Text.Wrap
             Layout.fillWidth: true
         }
@@ -189,7 +189,8 @@ ScreenPage {
             Rectangle {
                 radius: 5
                 border.width: 1
-                border.color: "black"
+                border.color: Theme.cardBorder
+                color: Theme.field
                 clip: true
 
                 ScrollView {
@@ -226,7 +227,8 @@ ScreenPage {
             Layout.preferredHeight: helpText.implicitHeight + 16
             radius: 5
             border.width: 1
-            border.color: "black"
+            border.color: Theme.cardBorder
+            color: Theme.field
 
             Label {
                 id: helpText

@@ -27,7 +27,7 @@ ScreenPage {
         anchors.margins: 12
         text: controller.summary
         font.pixelSize: 15
-        color: "#555555"
+        color: Theme.secondaryText
         wrapMode: Text.Wrap
     }
 
@@ -57,7 +57,7 @@ ScreenPage {
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData.accessibleLabel
             Accessible.onPressAction: controller.rowPicked(row.index)
-            fillColor: modelData.overdue ? "#fbe9e7" : Qt.hsva(0.5, 0.06, 0.96, 1)
+            fillColor: modelData.overdue ? Theme.dangerFill : Theme.card
 
             HoverHandler {
                 id: pointer
@@ -83,7 +83,7 @@ ScreenPage {
                     Accessible.ignored: true
                     text: row.modelData.status
                     font.pixelSize: 14
-                    color: row.modelData.overdue ? "#b3261e" : "#333333"
+                    color: row.modelData.overdue ? Theme.danger : Theme.text
                     wrapMode: Text.Wrap
                     Layout.fillWidth: true
                 }

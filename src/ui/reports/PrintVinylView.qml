@@ -36,8 +36,8 @@ ScreenPage {
         Rectangle {
             radius: 5
             border.width: 1
-            border.color: "#808080"
-            color: "#e6e6e6"
+            border.color: Theme.fieldBorder
+            color: Theme.headerFill
             clip: true
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -60,9 +60,9 @@ ScreenPage {
                     width: ListView.view.width
                     // An A4 page: 595.2 by 841.8 points.
                     height: Math.round(width * 841.8 / 595.2)
-                    color: "white"
+                    color: Theme.paper
                     border.width: 1
-                    border.color: "#b0b0b0"
+                    border.color: Theme.paperBorder
 
                     Image {
                         Accessible.role: Accessible.Graphic
@@ -81,7 +81,7 @@ ScreenPage {
                         anchors.margins: 6
                         text: page.pageNumber
                         font.pixelSize: 11
-                        color: "#808080"
+                        color: Theme.secondaryText
                     }
                 }
             }

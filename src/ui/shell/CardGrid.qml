@@ -43,9 +43,9 @@ GridView {
             anchors.topMargin: root.cardInsetY - 2
             anchors.bottomMargin: root.cardInsetY - 2
             radius: 12
-            color: "transparent"
+            color: Theme.noFill
             border.width: 3
-            border.color: "#1e88e5"
+            border.color: Theme.focusRing
         }
     }
     highlightMoveDuration: 0

@@ -18,7 +18,7 @@ Pane {
     signal todayClicked()
 
     padding: 0
-    background: Rectangle { color: "white"; border.color: "#d0d0d0" }
+    background: Rectangle { color: Theme.surface; border.color: Theme.border }
 
     function setDate(d: date) {
         selectedDate = d
@@ -44,7 +44,7 @@ Pane {
         Rectangle {
             Layout.fillWidth: true
             implicitHeight: 44
-            color: Qt.rgba(0.3607843137254902, 0.8470588235294118, 1.0, 0.25)
+            color: Theme.pickerBand
             RowLayout {
                 anchors.fill: parent
                 anchors.leftMargin: 8
@@ -158,6 +158,14 @@ Pane {
             DayOfWeekRow {
                 Layout.fillWidth: true
                 locale: grid.locale
+                // A Label, so that the names take the theme's text colour.
+                delegate: Label {
+                    required property string shortName
+                    text: shortName
+                    font.bold: true
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                }
             }
             MonthGrid {
                 id: grid
@@ -175,11 +183,11 @@ Pane {
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     opacity: model.month === grid.month ? 1 : 0.3
-                    color: chosen ? "white" : "black"
+                    color: chosen ? Theme.onAccent : Theme.text
                     background: Rectangle {
                         visible: parent.chosen
                         radius: height / 2
-                        color: "#1e88e5"
+                        color: Theme.accent
                     }
                 }
                 onClicked: (d) => root.setDate(new Date(d.getFullYear(), d.getMonth(), d.getDate()))

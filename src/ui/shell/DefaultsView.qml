@@ -3,7 +3,7 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Platterbox
 
-// Settings: the default date and the look of the release-date picker.
+// Settings: the default date, the look of the release-date picker and the window's appearance.
 ScreenPage {
     id: root
 
@@ -43,7 +43,7 @@ ScreenPage {
             anchors.topMargin: 20
             spacing: 14
 
-            Label { text: "Release Date"; font.pixelSize: 13; font.capitalization: Font.AllUppercase; color: "#777777" }
+            Label { text: qsTr("Release Date"); font.pixelSize: 13; font.capitalization: Font.AllUppercase; color: Theme.captionText }
 
             RowLayout {
                 Layout.fillWidth: true
@@ -73,7 +73,7 @@ ScreenPage {
                 readOnly: true
                 font.pixelSize: 17
                 Layout.fillWidth: true
-                background: Rectangle { radius: 5; border.width: 1; border.color: "#999999" }
+                background: Rectangle { radius: 5; border.width: 1; border.color: Theme.fieldBorder; color: Theme.field }
                 leftPadding: 10
                 MouseArea {
                     anchors.fill: parent
@@ -86,7 +86,7 @@ ScreenPage {
                 text: qsTr("Date Picker Style")
                 font.pixelSize: 13
                 font.capitalization: Font.AllUppercase
-                color: "#777777"
+                color: Theme.captionText
                 Layout.topMargin: 12
             }
             RowLayout {
@@ -122,9 +122,23 @@ ScreenPage {
             Label {
                 text: qsTr("The style last switched on stays in use for release dates.")
                 wrapMode: Text.Wrap
-                color: "#777777"
+                color: Theme.captionText
                 font.pixelSize: 13
                 Layout.fillWidth: true
+            }
+
+            RowLayout {
+                Layout.fillWidth: true
+                Layout.topMargin: 12
+                Label { text: qsTr("Appearance"); font.pixelSize: 17; Layout.fillWidth: true }
+                ComboBox {
+                    objectName: "AppearanceBox"
+                    model: [qsTr("Light"), qsTr("Dark"), qsTr("As the desktop")]
+                    currentIndex: controller.appearance
+                    implicitContentWidthPolicy: ComboBox.WidestText
+                    Accessible.name: qsTr("Appearance")
+                    onActivated: (index) => controller.appearanceChosen(index)
+                }
             }
         }
     }

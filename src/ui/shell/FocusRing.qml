@@ -11,7 +11,7 @@ Rectangle {
     required property Control control
     // Drawn this far outside the control.
     property real gap: 2
-    property color ringColor: "#1e88e5"
+    property color ringColor: Theme.focusRing
 
     x: -gap
     y: -gap
@@ -19,7 +19,7 @@ Rectangle {
     height: control.height + 2 * gap
     z: 10
     radius: 12
-    color: "transparent"
+    color: Theme.noFill
     border.width: 3
     border.color: ringColor
     visible: control.visualFocus

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
+import QtQuick.Controls.Material
 import Platterbox
 
 // The window and its one navigation stack. Screens are pushed by name through the
@@ -15,6 +16,13 @@ ApplicationWindow {
     minimumHeight: 480
     visible: true
     title: qsTr("Platterbox")
+
+    // The controls take their colours from the theme too.
+    Material.theme: Theme.dark ? Material.Dark : Material.Light
+    Material.background: Theme.window
+    Material.foreground: Theme.text
+    Material.accent: Theme.accent
+    Material.primary: Theme.toolbar
 
     property alias stack: stack
 

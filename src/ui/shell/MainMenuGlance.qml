@@ -52,7 +52,7 @@ Column {
                     Label {
                         text: tile.modelData.label
                         font.pixelSize: 13
-                        color: "#555555"
+                        color: Theme.secondaryText
                         wrapMode: Text.Wrap
                         width: parent.width
                     }
@@ -71,7 +71,7 @@ Column {
     Label {
         visible: root.controller.recentRecords.length === 0
         text: qsTr("Records you add show here.")
-        color: "#555555"
+        color: Theme.secondaryText
     }
     Repeater {
         model: root.controller.recentRecords
@@ -108,7 +108,7 @@ Column {
                     }
                     Label {
                         text: row.modelData.artist
-                        color: "#555555"
+                        color: Theme.secondaryText
                         wrapMode: Text.Wrap
                         width: parent.width
                     }

@@ -64,7 +64,7 @@ ScreenPage {
             Label {
                 text: qsTr("Your vinyl collection")
                 font.pixelSize: 16
-                color: "#555555"
+                color: Theme.secondaryText
                 Layout.alignment: Qt.AlignHCenter
                 Layout.bottomMargin: 8
             }
@@ -74,9 +74,9 @@ ScreenPage {
                 visible: AppDelegate.readOnly
                 text: AppDelegate.readOnlyNotice
                 wrapMode: Text.Wrap
-                color: "#7a4100"
+                color: Theme.warningText
                 padding: 10
-                background: Rectangle { color: "#fff1d6"; border.color: "#e0a040"; radius: 6 }
+                background: Rectangle { color: Theme.warningFill; border.color: Theme.warningBorder; radius: 6 }
                 Layout.fillWidth: true
                 Layout.maximumWidth: 520
                 Layout.alignment: Qt.AlignHCenter
@@ -85,7 +85,7 @@ ScreenPage {
             StyledButton {
                 objectName: "MenuControlButton"
                 text: controller.menuUnfolded ? qsTr("Close Menu") : qsTr("Menu")
-                borderColor: "red"
+                borderColor: Theme.attention
                 font.bold: true
                 Layout.fillWidth: true
                 Layout.maximumWidth: 520

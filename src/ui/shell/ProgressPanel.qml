@@ -17,8 +17,8 @@ Rectangle {
     implicitHeight: column.implicitHeight + 16
     radius: 10
     border.width: 2
-    border.color: "black"
-    color: "white"
+    border.color: Theme.cardBorder
+    color: Theme.surface
 
     ColumnLayout {
         id: column

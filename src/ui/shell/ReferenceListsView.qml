@@ -24,7 +24,7 @@ ScreenPage {
             text: qsTr("The grades offered when you describe a record's condition and its cover's condition.")
             wrapMode: Text.Wrap
             font.pixelSize: 15
-            color: "#555555"
+            color: Theme.secondaryText
             Layout.fillWidth: true
         }
         StyledButton {

@@ -25,8 +25,8 @@ Page {
     StackView.onDeactivated: disappeared()
 
     header: ToolBar {
-        Material.background: "#f7f7f7"
-        Material.foreground: "#111111"
+        Material.background: Theme.toolbar
+        Material.foreground: Theme.toolbarText
 
         RowLayout {
             anchors.fill: parent

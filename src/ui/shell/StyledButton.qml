@@ -7,8 +7,8 @@ import Platterbox
 Button {
     id: root
 
-    property color borderColor: "black"
-    property color fillColor: "white"
+    property color borderColor: Theme.cardBorder
+    property color fillColor: Theme.surface
     // A key sequence or a list of them (see ButtonShortcut).
     property alias shortcut: keys.keys
     property string toolTip
@@ -30,7 +30,7 @@ Button {
     contentItem: Label {
         text: root.text
         font: root.font
-        color: "black"
+        color: Theme.text
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         // Side by side on a narrow phone a caption shrinks to fit before it is cut.

@@ -38,7 +38,7 @@ SwipeDelegate {
         anchors.right: parent.right
         anchors.rightMargin: root.insetX
         radius: 10
-        color: "#e0302a"
+        color: Theme.deleteFill
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Delete %1").arg(root.itemName)
         Accessible.onPressAction: {
@@ -49,7 +49,7 @@ SwipeDelegate {
         Label {
             anchors.centerIn: parent
             text: qsTr("delete")
-            color: "white"
+            color: Theme.onDelete
             font.pixelSize: 16
         }
         // The row filters the presses on its swipe items (to drag them back); it reports a

@@ -2,6 +2,7 @@
 
 #include "shell/coverimageprovider.h"
 #include "shell/platformservices.h"
+#include "shell/theme.h"
 #include "store/snapshots.h"
 
 #include <QJSEngine>
@@ -16,6 +17,7 @@ QPointer<AppDelegate> s_current;
 AppDelegate::AppDelegate(std::unique_ptr<DataFolder> folder, std::unique_ptr<PlatformServices> platform)
     : m_folder(std::move(folder)), m_platform(std::move(platform))
 {
+    Theme::instance()->setChoice(Theme::choiceFromKey(settings().value(Theme::kSettingsKey).toString()));
     s_current = this;
 }
 

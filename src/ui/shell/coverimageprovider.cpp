@@ -1,10 +1,12 @@
 #include "shell/coverimageprovider.h"
 
+#include "shell/theme.h"
 #include "store/coverchanges.h"
 #include "store/store.h"
 
 #include <QCache>
 #include <QMutex>
+#include <QPainter>
 #include <QRunnable>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -20,9 +22,9 @@ QMutex s_cacheMutex;
 QCache<QString, QImage> s_cache(400);
 QAtomicInteger<quint64> s_connectionCounter;
 
-QString cacheKey(qint64 rowId, bool front, const QSize &size)
+QString cacheKey(qint64 rowId, bool front, const QSize &size, bool dark)
 {
-    return u"%1/%2/%3x%4"_s.arg(rowId).arg(front ? 'f' : 'b').arg(size.width()).arg(size.height());
+    return u"%1/%2/%3x%4%5"_s.arg(rowId).arg(front ? 'f' : 'b').arg(size.width()).arg(size.height()).arg(dark ? u"d"_s : QString());
 }
 
 QThreadPool &coverPool()
@@ -65,10 +67,27 @@ QByteArray readCover(const QString &storeFile, qint64 rowId, bool front)
     return q.value(0).toByteArray();
 }
 
-QImage fallbackPicture(const QSize &size)
+// The black record of a record without a cover; on a dark window it lies on a lighter square,
+// so that it does not vanish into the background.
+QImage fallbackPicture(const QSize &size, bool dark)
 {
     QImage image(u":/resources/black-vinyl-record.png"_s);
-    return size.isValid() && !size.isEmpty() ? image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation) : image;
+    if (size.isValid() && !size.isEmpty())
+        image = image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QColor backdrop = Theme::color(Theme::CoverBackdrop, dark);
+    if (backdrop.alpha() == 0)
+        return image;
+    QImage framed(image.size(), QImage::Format_ARGB32_Premultiplied);
+    framed.fill(Qt::transparent);
+    QPainter painter(&framed);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(backdrop);
+    const qreal corner = framed.width() / 12.0;
+    painter.drawRoundedRect(QRectF(framed.rect()), corner, corner);
+    painter.drawImage(0, 0, image);
+    painter.end();
+    return framed;
 }
 
 class CoverResponse : public QQuickImageResponse, public QRunnable
@@ -84,7 +103,8 @@ public:
 
     void run() override
     {
-        const QString key = cacheKey(m_rowId, m_front, m_size);
+        const bool dark = Theme::darkInUse();
+        const QString key = cacheKey(m_rowId, m_front, m_size, dark);
         {
             QMutexLocker lock(&s_cacheMutex);
             if (const QImage *cached = s_cache.object(key)) {
@@ -97,7 +117,7 @@ public:
         if (m_rowId > 0)
             image = QImage::fromData(readCover(m_storeFile, m_rowId, m_front));
         if (image.isNull()) {
-            image = fallbackPicture(m_size);
+            image = fallbackPicture(m_size, dark);
         } else if (m_size.isValid() && !m_size.isEmpty()) {
             image = image.scaled(m_size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         }
@@ -155,5 +175,8 @@ void CoverImageProvider::forgetAll()
 
 QString CoverImageProvider::source(qint64 rowId, bool front)
 {
-    return u"image://cover/%1/%2"_s.arg(rowId).arg(front ? u"front"_s : u"back"_s);
+    // QML keeps pictures by their address, and the placeholder of a record without a cover is
+    // drawn for the variant in use: a dark window asks at another address.
+    return u"image://cover/%1/%2%3"_s.arg(rowId).arg(front ? u"front"_s : u"back"_s,
+                                                     Theme::darkInUse() ? u"/dark"_s : QString());
 }

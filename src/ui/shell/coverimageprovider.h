@@ -18,7 +18,7 @@ public:
     static void forget(qint64 rowId);
     // After the whole collection was replaced (restore, undo).
     static void forgetAll();
-    // "image://cover/<rowId>/front"
+    // "image://cover/<rowId>/front" (".../front/dark" while the dark variant is in use)
     [[nodiscard]] static QString source(qint64 rowId, bool front = true);
 
 private:

@@ -1,6 +1,7 @@
 #include "shell/defaultsviewcontroller.h"
 
 #include "shell/appdelegate.h"
+#include "shell/theme.h"
 #include "store/formatters.h"
 
 using namespace Qt::StringLiterals;
@@ -86,6 +87,21 @@ void DefaultsViewController::DateInlineSwitchChanged(bool on)
         chooseStyle(Style::Inline);
     else
         emit changed();
+}
+
+int DefaultsViewController::appearance() const
+{
+    return static_cast<int>(Theme::instance()->choice());
+}
+
+void DefaultsViewController::appearanceChosen(int index)
+{
+    if (index < 0 || index > static_cast<int>(Theme::Choice::Desktop))
+        return;
+    const auto choice = static_cast<Theme::Choice>(index);
+    app()->settings().setValue(Theme::kSettingsKey, Theme::choiceKey(choice));
+    Theme::instance()->setChoice(choice);
+    emit changed();
 }
 
 void DefaultsViewController::storeDate(QDate date)

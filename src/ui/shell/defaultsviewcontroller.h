@@ -6,7 +6,8 @@
 
 // The settings screen: whether a default date is used and which, and which of the three
 // date-picker styles the record form uses. Every change is stored the moment it is made.
-// Turning a style switch off does nothing: the style last chosen stays in force.
+// Turning a style switch off does nothing: the style last chosen stays in force. The appearance
+// (light, dark or as the desktop) is applied to the window at once.
 class DefaultsViewController : public ScreenController
 {
     Q_OBJECT
@@ -19,6 +20,8 @@ class DefaultsViewController : public ScreenController
     Q_PROPERTY(bool dateInlineSwitch READ dateInlineSwitch NOTIFY changed)
     // "wheel", "compact", "inline" or "" (the default look) for the date picker.
     Q_PROPERTY(QString pickerStyle READ pickerStyle NOTIFY changed)
+    // The index of the appearance in use: 0 light, 1 dark, 2 as the desktop.
+    Q_PROPERTY(int appearance READ appearance NOTIFY changed)
 
 public:
     explicit DefaultsViewController(AppDelegate *app = nullptr, QObject *parent = nullptr);
@@ -30,11 +33,14 @@ public:
     [[nodiscard]] bool dateCompactSwitch() const { return m_compact; }
     [[nodiscard]] bool dateInlineSwitch() const { return m_inline; }
     [[nodiscard]] QString pickerStyle() const { return m_pickerStyle; }
+    [[nodiscard]] int appearance() const;
 
     Q_INVOKABLE void DefaultDateSwitchChanged(bool on);
     Q_INVOKABLE void DateWheelSwitchChanged(bool on);
     Q_INVOKABLE void DateCompactSwitchChanged(bool on);
     Q_INVOKABLE void DateInlineSwitchChanged(bool on);
+    // 0 light, 1 dark, 2 as the desktop; anything else is ignored.
+    Q_INVOKABLE void appearanceChosen(int index);
     // The picker's value changed, "Done" or "Today".
     Q_INVOKABLE void dateChanged(QDate date);
     Q_INVOKABLE void doneClick(QDate date);

@@ -1,5 +1,6 @@
 # The window and what every screen shares: the navigator, the screen controller, the app state,
-# the main menu, defaults and reference lists, the cover image provider, platform services.
+# the main menu, defaults and reference lists, the cover image provider, platform services, and
+# the colours of the window (light, dark or as the desktop).
 list(APPEND PB_UI_SOURCES
     shell/appdelegate.h shell/appdelegate.cpp
     shell/appstate.h shell/appstate.cpp
@@ -13,6 +14,7 @@ list(APPEND PB_UI_SOURCES
     shell/recordingplatformservices.h shell/recordingplatformservices.cpp
     shell/referencelistsviewcontroller.h shell/referencelistsviewcontroller.cpp
     shell/screencontroller.h shell/screencontroller.cpp
+    shell/theme.h shell/theme.cpp
 )
 list(APPEND PB_UI_QML
     shell/Adaptive.qml

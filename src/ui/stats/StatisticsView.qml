@@ -63,7 +63,7 @@ ScreenPage {
                             Layout.preferredWidth: 1
                             Label {
                                 text: figure.modelData.title
-                                color: "#555555"
+                                color: Theme.secondaryText
                                 font.pixelSize: 13
                             }
                             Label {
@@ -102,7 +102,7 @@ ScreenPage {
                         values: card.modelData.values
                         points: card.modelData.points ?? []
                         currency: card.modelData.currency
-                        color: card.modelData.currency ? "#43a047" : "#1e88e5"
+                        color: card.modelData.currency ? Theme.chartAmount : Theme.chartCount
                         onTapped: (index) => controller.barTapped(card.modelData.name, index)
                     }
                 }

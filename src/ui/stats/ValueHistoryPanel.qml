@@ -18,13 +18,13 @@ ColumnLayout {
 
     Label {
         text: qsTr("Value History")
-        color: "#555555"
+        color: Theme.secondaryText
         font.pixelSize: 13
     }
     Label {
         visible: root.rows.length === 0
         text: qsTr("No value kept yet")
-        color: "#999999"
+        color: Theme.captionText
         font.pixelSize: 14
     }
     Repeater {
@@ -50,7 +50,7 @@ ColumnLayout {
             }
             Label {
                 text: row.modelData.source
-                color: "#555555"
+                color: Theme.secondaryText
                 font.pixelSize: 14
                 Layout.fillWidth: true
             }
@@ -60,7 +60,7 @@ ColumnLayout {
         objectName: "ValueHistoryChart"
         visible: root.points.length >= 2
         look: "line"
-        color: "#2e7d32"
+        color: Theme.chartLine
         points: visible ? root.points : []
         Layout.fillWidth: true
         Layout.preferredHeight: 160

@@ -32,8 +32,8 @@ ItemDelegate {
             anchors.rightMargin: 8
             anchors.topMargin: 4
             anchors.bottomMargin: 4
-            border.color: root.selected ? "#1f7a3a" : "black"
-            fillColor: root.selected ? "#d8f0dd" : "#eef6f6"
+            border.color: root.selected ? Theme.selectedCardBorder : Theme.cardBorder
+            fillColor: root.selected ? Theme.selectedCard : Theme.card
             hovered: root.hovered
         }
     }
@@ -62,7 +62,7 @@ ItemDelegate {
             component CellLine: Label {
                 Accessible.ignored: true
                 font.pixelSize: 12
-                color: "black"
+                color: Theme.text
                 elide: Text.ElideRight
                 Layout.fillWidth: true
             }

@@ -102,7 +102,7 @@ ScreenPage {
                 objectName: "LastQuoteLabel"
                 visible: text !== ""
                 text: controller.lastQuoteText
-                color: "#555555"
+                color: Theme.secondaryText
                 font.pixelSize: 13
             }
             RowLayout {
@@ -151,7 +151,7 @@ ScreenPage {
                     toolTip: qsTr("Save the new value")
                     shortcut: StandardKey.Save
                     enabled: controller.saveEnabled
-                    fillColor: enabled ? "#c9ecd2" : "#d0d0d0"
+                    fillColor: enabled ? Theme.successFill : Theme.disabledFill
                     Layout.preferredWidth: 110
                     onClicked: controller.SaveNewCardButtonClicked()
                 }

@@ -124,7 +124,7 @@ ScreenPage {
                 spacing: 2
                 Label {
                     text: qsTr("Tracks")
-                    color: "#555555"
+                    color: Theme.secondaryText
                     font.pixelSize: 13
                 }
                 Repeater {

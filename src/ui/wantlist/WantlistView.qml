@@ -50,7 +50,7 @@ ScreenPage {
             objectName: "WantlistSummary"
             text: controller.summary
             font.pixelSize: 15
-            color: "#555555"
+            color: Theme.secondaryText
             wrapMode: Text.Wrap
             Layout.fillWidth: true
             Layout.maximumWidth: Adaptive.formWidth
@@ -88,7 +88,7 @@ ScreenPage {
                 Accessible.role: Accessible.ListItem
                 Accessible.name: modelData.accessibleLabel
                 Accessible.onPressAction: controller.rowPicked(row.index)
-                fillColor: row.modelData.priority === 1 ? "#fff4e0" : Qt.hsva(0.5, 0.06, 0.96, 1)
+                fillColor: row.modelData.priority === 1 ? Theme.warningFill : Theme.card
 
                 HoverHandler {
                     id: pointer
@@ -117,7 +117,7 @@ ScreenPage {
                             Accessible.ignored: true
                             text: row.modelData.detail
                             font.pixelSize: 14
-                            color: "#333333"
+                            color: Theme.text
                             wrapMode: Text.Wrap
                             Layout.fillWidth: true
                         }

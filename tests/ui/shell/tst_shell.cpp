@@ -4,11 +4,13 @@
 #include "shell/defaultsviewcontroller.h"
 #include "shell/desktopplatformservices.h"
 #include "shell/mainmenuviewcontroller.h"
+#include "shell/theme.h"
 #include "store/samplecollection.h"
 #include "testsupport.h"
 
 #include <QMimeData>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -232,6 +234,58 @@ private slots:
         QCOMPARE(settings.pickerStyle(), u"inline"_s);
         QVERIFY(settings.dateInlineSwitch());
         QVERIFY(!settings.dateWheelSwitch());
+    }
+
+    void appearanceIsAppliedAtOnceAndKept_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<bool>("dark");
+        // The test platform's palette is light, and no portal is asked here.
+        QTest::newRow("light") << 0 << u"light"_s << false;
+        QTest::newRow("dark") << 1 << u"dark"_s << true;
+        QTest::newRow("as the desktop") << 2 << u"desktop"_s << false;
+    }
+    void appearanceIsAppliedAtOnceAndKept()
+    {
+        QFETCH(int, index);
+        QFETCH(QString, stored);
+        QFETCH(bool, dark);
+        TestApp t;
+        DefaultsViewController settings(&t.app());
+        QCOMPARE(settings.appearance(), 2); // as the desktop until chosen
+        // Another choice first, so that the one under test has to change the window.
+        settings.appearanceChosen(dark ? 0 : 1);
+        Theme *theme = Theme::instance();
+        QSignalSpy themeChanged(theme, &Theme::changed);
+        settings.appearanceChosen(index);
+        QCOMPARE(themeChanged.count(), 1);
+        QCOMPARE(theme->dark(), dark);
+        QCOMPARE(theme->window(), Theme::color(Theme::Window, dark));
+        QCOMPARE(t.app().settings().value(Theme::kSettingsKey).toString(), stored);
+        settings.appearanceChosen(7); // not a choice: nothing changes
+        QCOMPARE(settings.appearance(), index);
+
+        // Started again on the same data folder, the app shows the same appearance.
+        t.app().settings().sync();
+        theme->setChoice(dark ? Theme::Choice::Light : Theme::Choice::Dark);
+        auto again = AppDelegate::create(t.dataDir(), true, std::make_unique<RecordingPlatformServices>());
+        QVERIFY(again);
+        QCOMPARE(theme->dark(), dark);
+        QCOMPARE(DefaultsViewController(again->get()).appearance(), index);
+    }
+
+    // The window's QML takes the same theme the settings screen changes.
+    void windowShowsTheChosenVariant()
+    {
+        TestApp t;
+        TestWindow window(t.app());
+        QVERIFY(window.window());
+        DefaultsViewController settings(&t.app());
+        for (const bool dark : {true, false}) {
+            settings.appearanceChosen(dark ? 1 : 0);
+            QTRY_COMPARE(window.window()->color(), Theme::color(Theme::Window, dark));
+        }
     }
 
     void defaultDateIsStoredAndShownAgain()

@@ -10,7 +10,7 @@ Item {
     property var labels: []
     property var values: []
     property bool horizontal: false
-    property color color: "#1e88e5"
+    property color color: Theme.chartCount
 
     signal tapped(int index)
 
@@ -33,7 +33,7 @@ Item {
         ChartView {
             antialiasing: true
             legend.visible: false
-            backgroundColor: "transparent"
+            backgroundColor: Theme.noFill
             margins { top: 0; bottom: 0; left: 0; right: 0 }
             BarSeries {
                 labelsVisible: true
@@ -42,6 +42,9 @@ Item {
                     categories: root.labels
                     truncateLabels: false
                     labelsFont.pixelSize: 10
+                    labelsColor: Theme.chartLabel
+                    gridLineColor: Theme.chartGrid
+                    color: Theme.chartAxis
                     labelsAngle: root.labels.length > 10 ? -45 : 0
                 }
                 axisY: ValueAxis {
@@ -52,12 +55,15 @@ Item {
                     tickInterval: valueScale.step
                     labelFormat: "%.0f"
                     labelsFont.pixelSize: 10
+                    labelsColor: Theme.chartLabel
+                    gridLineColor: Theme.chartGrid
+                    color: Theme.chartAxis
                 }
                 BarSet {
                     values: root.values
                     color: root.color
                     borderColor: root.color
-                    labelColor: "#333333"
+                    labelColor: Theme.chartLabel
                 }
                 onClicked: (index, barset) => root.tapped(index)
             }
@@ -69,7 +75,7 @@ Item {
         ChartView {
             antialiasing: true
             legend.visible: false
-            backgroundColor: "transparent"
+            backgroundColor: Theme.noFill
             margins { top: 0; bottom: 0; left: 0; right: 0 }
             // Horizontal bars are drawn from the bottom up; the entries are turned over so the
             // first one is on top.
@@ -79,6 +85,9 @@ Item {
                 axisY: BarCategoryAxis {
                     categories: root.labels.slice().reverse()
                     labelsFont.pixelSize: 10
+                    labelsColor: Theme.chartLabel
+                    gridLineColor: Theme.chartGrid
+                    color: Theme.chartAxis
                 }
                 axisX: ValueAxis {
                     min: 0
@@ -88,12 +97,15 @@ Item {
                     tickInterval: valueScale.step
                     labelFormat: "%.0f"
                     labelsFont.pixelSize: 10
+                    labelsColor: Theme.chartLabel
+                    gridLineColor: Theme.chartGrid
+                    color: Theme.chartAxis
                 }
                 BarSet {
                     values: root.values.slice().reverse()
                     color: root.color
                     borderColor: root.color
-                    labelColor: "#333333"
+                    labelColor: Theme.chartLabel
                 }
                 onClicked: (index, barset) => root.tapped(root.values.length - 1 - index)
             }

@@ -12,7 +12,7 @@ Item {
     property var values: []
     // For "line": [{x: milliseconds since the epoch, y: value}], oldest first.
     property var points: []
-    property color color: "#1e88e5"
+    property color color: Theme.chartCount
     // The values are amounts rather than counts.
     property bool currency: false
 
@@ -24,7 +24,7 @@ Item {
         anchors.centerIn: parent
         visible: root.empty
         text: qsTr("Nothing to show yet")
-        color: "#999999"
+        color: Theme.captionText
     }
 
     Loader {

@@ -7,7 +7,7 @@ Item {
     id: root
 
     property var points: []
-    property color color: "#2e7d32"
+    property color color: Theme.chartLine
 
     ValueScale {
         id: valueScale
@@ -37,7 +37,7 @@ Item {
         anchors.fill: parent
         antialiasing: true
         legend.visible: false
-        backgroundColor: "transparent"
+        backgroundColor: Theme.noFill
         margins { top: 0; bottom: 0; left: 0; right: 0 }
         LineSeries {
             id: line
@@ -49,6 +49,9 @@ Item {
                 format: "MMM yyyy"
                 tickCount: 4
                 labelsFont.pixelSize: 10
+                labelsColor: Theme.chartLabel
+                gridLineColor: Theme.chartGrid
+                color: Theme.chartAxis
             }
             axisY: ValueAxis {
                 min: 0
@@ -58,6 +61,9 @@ Item {
                 tickInterval: valueScale.step
                 labelFormat: "%.0f"
                 labelsFont.pixelSize: 10
+                labelsColor: Theme.chartLabel
+                gridLineColor: Theme.chartGrid
+                color: Theme.chartAxis
             }
         }
     }

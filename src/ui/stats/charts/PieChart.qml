@@ -13,6 +13,8 @@ Item {
 
     onLabelsChanged: fill()
     onValuesChanged: fill()
+    readonly property var sliceColors: Theme.chartSeries
+    onSliceColorsChanged: fill()
     Component.onCompleted: fill()
 
     // The chart has no bindable list of slices; it is filled again whenever the series changes.
@@ -21,6 +23,9 @@ Item {
         for (let i = 0; i < Math.min(labels.length, values.length); ++i) {
             const slice = pie.append(labels[i] + " (" + values[i] + ")", values[i])
             slice.labelVisible = true
+            slice.labelColor = Theme.chartLabel
+            slice.color = sliceColors[i % sliceColors.length]
+            slice.borderColor = Theme.window
         }
     }
 
@@ -28,7 +33,7 @@ Item {
         anchors.fill: parent
         antialiasing: true
         legend.visible: false
-        backgroundColor: "transparent"
+        backgroundColor: Theme.noFill
         margins { top: 0; bottom: 0; left: 0; right: 0 }
         PieSeries {
             id: pie
