@@ -420,6 +420,26 @@
         <source>The style last switched on stays in use for release dates.</source>
         <translation>Die zuletzt eingeschaltete Art gilt für Erscheinungsdaten.</translation>
     </message>
+    <message>
+        <source>Release Date</source>
+        <translation>Erscheinungsdatum</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
 </context>
 <context>
     <name>EditVinylView</name>
