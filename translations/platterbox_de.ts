@@ -33,6 +33,32 @@
         <source>--data-dir needs a folder.</source>
         <translation>--data-dir braucht einen Ordner.</translation>
     </message>
+    <message>
+        <source>Work on the collection in DIR instead of $PLATTERBOX_DATA_DIR or the app&apos;s data folder.</source>
+        <translation>Mit der Sammlung in DIR arbeiten statt in $PLATTERBOX_DATA_DIR oder im Datenordner der App.</translation>
+    </message>
+    <message>
+        <source>Print these options and exit.</source>
+        <translation>Diese Optionen ausgeben und beenden.</translation>
+    </message>
+    <message>
+        <source>Print the name and version and exit.</source>
+        <translation>Name und Version ausgeben und beenden.</translation>
+    </message>
+    <message>
+        <source>usage: platterbox-app [--data-dir DIR]
+
+The Platterbox window.
+
+options:
+</source>
+        <translation>Aufruf: platterbox-app [--data-dir DIR]
+
+Das Fenster von Platterbox.
+
+Optionen:
+</translation>
+    </message>
 </context>
 <context>
     <name>BreakdownTableScreen</name>
@@ -749,6 +775,10 @@
     <message>
         <source>Add record</source>
         <translation>Platte hinzufügen</translation>
+    </message>
+    <message>
+        <source>Choose the sort order</source>
+        <translation>Sortierung wählen</translation>
     </message>
 </context>
 <context>
@@ -1789,6 +1819,442 @@
     <message>
         <source>The file could not be read.</source>
         <translation>Die Datei konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>List by Artist</source>
+        <translation>Liste nach Künstler</translation>
+    </message>
+    <message>
+        <source>Search by Album Name</source>
+        <translation>Nach Albumname suchen</translation>
+    </message>
+    <message>
+        <source>List by Producer</source>
+        <translation>Liste nach Produzent</translation>
+    </message>
+    <message>
+        <source>Search by Producer</source>
+        <translation>Nach Produzent suchen</translation>
+    </message>
+    <message>
+        <source>List by Year</source>
+        <translation>Liste nach Jahr</translation>
+    </message>
+    <message>
+        <source>Search by Release Date</source>
+        <translation>Nach Erscheinungsdatum suchen</translation>
+    </message>
+    <message>
+        <source>Valuation for displayed vinyl&apos;s: </source>
+        <translation>Wert der angezeigten Platten: </translation>
+    </message>
+    <message>
+        <source># Vinyl Records = %1 of %2</source>
+        <translation># Platten = %1 von %2</translation>
+    </message>
+    <message>
+        <source>The picture could not be stored as JPEG.</source>
+        <translation>Das Bild konnte nicht als JPEG gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Quantity &quot;%1&quot; is not a whole number from 0 to 32767.</source>
+        <translation>Menge „%1“ ist keine ganze Zahl von 0 bis 32767.</translation>
+    </message>
+    <message>
+        <source>Run Length &quot;%1&quot; is not a number of minutes.</source>
+        <translation>Spieldauer „%1“ ist keine Zahl von Minuten.</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is not an amount.</source>
+        <translation>%1 „%2“ ist kein Betrag.</translation>
+    </message>
+    <message>
+        <source>There is no picture to store.</source>
+        <translation>Es gibt kein Bild zum Speichern.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be read as a picture (%2).</source>
+        <translation>„%1“ konnte nicht als Bild gelesen werden (%2).</translation>
+    </message>
+    <message>
+        <source>Cost</source>
+        <translation>Kosten</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Value over Time</source>
+        <translation>Wert im Zeitverlauf</translation>
+    </message>
+    <message>
+        <source>Records per Decade</source>
+        <translation>Platten pro Jahrzehnt</translation>
+    </message>
+    <message>
+        <source>Records per Year</source>
+        <translation>Platten pro Jahr</translation>
+    </message>
+    <message>
+        <source>Top 10 Artists by Records</source>
+        <translation>Top 10 Künstler nach Platten</translation>
+    </message>
+    <message>
+        <source>Top 10 Artists by Value</source>
+        <translation>Top 10 Künstler nach Wert</translation>
+    </message>
+    <message>
+        <source>Top 10 Labels by Records</source>
+        <translation>Top 10 Labels nach Platten</translation>
+    </message>
+    <message>
+        <source>Top 10 Labels by Value</source>
+        <translation>Top 10 Labels nach Wert</translation>
+    </message>
+    <message>
+        <source>Record Condition</source>
+        <translation>Zustand der Platte</translation>
+    </message>
+    <message>
+        <source>Cover Condition</source>
+        <translation>Zustand des Covers</translation>
+    </message>
+    <message>
+        <source>Speeds</source>
+        <translation>Geschwindigkeiten</translation>
+    </message>
+    <message>
+        <source>Album Types</source>
+        <translation>Albumarten</translation>
+    </message>
+    <message>
+        <source>Top 10 Gains against Cost</source>
+        <translation>Top 10 Wertzuwächse gegenüber den Kosten</translation>
+    </message>
+    <message>
+        <source>Cannot total the collection: %1</source>
+        <translation>Die Sammlung kann nicht summiert werden: %1</translation>
+    </message>
+    <message>
+        <source>Duration must be a number, such as %1.</source>
+        <translation>Die Dauer muss eine Zahl sein, etwa %1.</translation>
+    </message>
+    <message>
+        <source>Track # %1</source>
+        <translation>Titel Nr. %1</translation>
+    </message>
+    <message>
+        <source>Duration: %1</source>
+        <translation>Dauer: %1</translation>
+    </message>
+    <message>
+        <source>Written By: %1</source>
+        <translation>Geschrieben von: %1</translation>
+    </message>
+    <message>
+        <source>Records held: %1
+Total value: %2
+</source>
+        <translation>Platten im Besitz: %1
+Gesamtwert: %2
+</translation>
+    </message>
+    <message>
+        <source>Nothing on the wantlist yet: add the albums you are looking for, with the most you would pay.</source>
+        <translation>Noch nichts auf der Wunschliste: Füge die Alben hinzu, die du suchst, mit dem Höchstpreis, den du zahlen würdest.</translation>
+    </message>
+    <message>
+        <source>1 album wanted</source>
+        <translation>1 Album gesucht</translation>
+    </message>
+    <message>
+        <source>%1 albums wanted</source>
+        <translation>%1 Alben gesucht</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>Der Export wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Platterbox exchange file</source>
+        <translation>Platterbox-Austauschdatei</translation>
+    </message>
+    <message>
+        <source>Discogs collection export</source>
+        <translation>Discogs-Sammlungsexport</translation>
+    </message>
+    <message>
+        <source>CSV file</source>
+        <translation>CSV-Datei</translation>
+    </message>
+    <message>
+        <source>Not a file Platterbox can read</source>
+        <translation>Keine Datei, die Platterbox lesen kann</translation>
+    </message>
+    <message>
+        <source>The collection could not be kept before the import, so nothing was imported. %1</source>
+        <translation>Die Sammlung konnte vor dem Import nicht festgehalten werden, daher wurde nichts importiert. %1</translation>
+    </message>
+    <message>
+        <source>%1 new, %2 updated, %3 unchanged, %4 %5</source>
+        <translation>%1 neu, %2 geändert, %3 unverändert, %4 %5</translation>
+    </message>
+    <message>
+        <source>problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>problems</source>
+        <translation>Probleme</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>artist</source>
+        <translation>Künstler</translation>
+    </message>
+    <message>
+        <source>producer</source>
+        <translation>Produzent</translation>
+    </message>
+    <message>
+        <source>record label</source>
+        <translation>Label</translation>
+    </message>
+    <message>
+        <source>release date</source>
+        <translation>Erscheinungsdatum</translation>
+    </message>
+    <message>
+        <source>cost</source>
+        <translation>Kosten</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>No such page.</source>
+        <translation>Diese Seite gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Vinyl Collection</source>
+        <translation>Plattensammlung</translation>
+    </message>
+    <message>
+        <source>Filtered list</source>
+        <translation>Gefilterte Liste</translation>
+    </message>
+    <message>
+        <source>Collection report</source>
+        <translation>Sammlungsbericht</translation>
+    </message>
+    <message>
+        <source>Qty: %1 - Cost: %2 - Total Value (Qty * Value): %3</source>
+        <translation>Anz.: %1 - Kosten: %2 - Gesamtwert (Anz. * Wert): %3</translation>
+    </message>
+    <message>
+        <source>Complete List of Vinyl</source>
+        <translation>Vollständige Plattenliste</translation>
+    </message>
+    <message>
+        <source>Vinyl&apos;s Filtered by Artist: </source>
+        <translation>Platten gefiltert nach Künstler: </translation>
+    </message>
+    <message>
+        <source>Vinyl&apos;s Filtered by Release Date: </source>
+        <translation>Platten gefiltert nach Erscheinungsdatum: </translation>
+    </message>
+    <message>
+        <source>Vinyl&apos;s Filtered by Producer: </source>
+        <translation>Platten gefiltert nach Produzent: </translation>
+    </message>
+    <message>
+        <source>Vinyl&apos;s Filtered by Record Label: </source>
+        <translation>Platten gefiltert nach Label: </translation>
+    </message>
+    <message>
+        <source>Vinyl Filtered by Artist: </source>
+        <translation>Platten gefiltert nach Künstler: </translation>
+    </message>
+    <message>
+        <source>Vinyl Filtered by Record Label: </source>
+        <translation>Platten gefiltert nach Label: </translation>
+    </message>
+    <message>
+        <source>Vinyl Filtered by Producer: </source>
+        <translation>Platten gefiltert nach Produzent: </translation>
+    </message>
+    <message>
+        <source>Vinyl Filtered by Year: </source>
+        <translation>Platten gefiltert nach Jahr: </translation>
+    </message>
+    <message>
+        <source>Album: </source>
+        <translation>Album: </translation>
+    </message>
+    <message>
+        <source>Album Name: </source>
+        <translation>Albumname: </translation>
+    </message>
+    <message>
+        <source>Name: </source>
+        <translation>Name: </translation>
+    </message>
+    <message>
+        <source>Artist: </source>
+        <translation>Künstler: </translation>
+    </message>
+    <message>
+        <source>Year Issued: </source>
+        <translation>Erscheinungsjahr: </translation>
+    </message>
+    <message>
+        <source>Release Date: </source>
+        <translation>Erscheinungsdatum: </translation>
+    </message>
+    <message>
+        <source>Date Released: </source>
+        <translation>Erschienen: </translation>
+    </message>
+    <message>
+        <source>Record Label: </source>
+        <translation>Label: </translation>
+    </message>
+    <message>
+        <source>Producer: </source>
+        <translation>Produzent: </translation>
+    </message>
+    <message>
+        <source>Quantity: </source>
+        <translation>Menge: </translation>
+    </message>
+    <message>
+        <source>Speed: </source>
+        <translation>Geschwindigkeit: </translation>
+    </message>
+    <message>
+        <source>Record Speed: </source>
+        <translation>Geschwindigkeit: </translation>
+    </message>
+    <message>
+        <source>Length: </source>
+        <translation>Länge: </translation>
+    </message>
+    <message>
+        <source>Record Length (min): </source>
+        <translation>Spieldauer (min): </translation>
+    </message>
+    <message>
+        <source>Run Length (min): </source>
+        <translation>Spieldauer (min): </translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Type: </source>
+        <translation>Art: </translation>
+    </message>
+    <message>
+        <source>Single/Double: </source>
+        <translation>Einfach/Doppel: </translation>
+    </message>
+    <message>
+        <source>Vinyl Condition: </source>
+        <translation>Zustand der Platte: </translation>
+    </message>
+    <message>
+        <source>Cover Condition: </source>
+        <translation>Zustand des Covers: </translation>
+    </message>
+    <message>
+        <source>Cost: </source>
+        <translation>Kosten: </translation>
+    </message>
+    <message>
+        <source>Value: </source>
+        <translation>Wert: </translation>
+    </message>
+    <message>
+        <source>Est. Value: </source>
+        <translation>Gesch. Wert: </translation>
+    </message>
+    <message>
+        <source>Total Value: </source>
+        <translation>Gesamtwert: </translation>
+    </message>
+    <message>
+        <source>Notes: </source>
+        <translation>Notizen: </translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>k. A.</translation>
+    </message>
+    <message>
+        <source>Step 1: Create the Export File
+Step 2: Option 1: Click &apos;Save To Files&apos; button
+             Option 2: Click the Email File button to email the file to yourself and then from your email save the file to your iCloud Drive. There are size limits to email attachments for most carriers.</source>
+        <translation>Schritt 1: Exportdatei erstellen
+Schritt 2: Möglichkeit 1: Auf „In Dateien sichern“ klicken
+             Möglichkeit 2: Auf „E-Mail“ klicken, um dir die Datei selbst zu schicken, und sie dann aus deiner E-Mail in dein iCloud Drive sichern. Die meisten Anbieter begrenzen die Größe von E-Mail-Anhängen.</translation>
+    </message>
+    <message>
+        <source>The collection could not be read: %1</source>
+        <translation>Die Sammlung konnte nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>Track %1: %2</source>
+        <translation>Titel %1: %2</translation>
+    </message>
+    <message>
+        <source> (record %1)</source>
+        <translation> (Platte %1)</translation>
+    </message>
+    <message>
+        <source>Conditions: %1</source>
+        <translation>Zustände: %1</translation>
+    </message>
+    <message>
+        <source>The overview document is missing from this build.</source>
+        <translation>Das Überblicksdokument fehlt in diesem Build.</translation>
+    </message>
+    <message>
+        <source>The printer could not be used.</source>
+        <translation>Der Drucker konnte nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>Records in the %1</source>
+        <translation>Platten der %1</translation>
+    </message>
+    <message>
+        <source>Sort by name</source>
+        <translation>Nach Name sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by year</source>
+        <translation>Nach Jahr sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by record label</source>
+        <translation>Nach Label sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by artist</source>
+        <translation>Nach Künstler sortieren</translation>
     </message>
 </context>
 <context>

@@ -25,11 +25,14 @@ namespace {
 // out of the arguments when it is made.
 struct AppOptions
 {
-    QCommandLineOption dataDir{u"data-dir"_s,
-                               u"Work on the collection in DIR instead of $PLATTERBOX_DATA_DIR or the app's data folder."_s,
-                               u"DIR"_s};
-    QCommandLineOption help{{u"h"_s, u"help"_s}, u"Print these options and exit."_s};
-    QCommandLineOption version{u"version"_s, u"Print the name and version and exit."_s};
+    // Descriptions are English, translated when the help is printed.
+    QCommandLineOption dataDir{
+        u"data-dir"_s,
+        QStringLiteral(QT_TRANSLATE_NOOP("App", "Work on the collection in DIR instead of $PLATTERBOX_DATA_DIR or the app's data folder.")),
+        u"DIR"_s};
+    QCommandLineOption help{{u"h"_s, u"help"_s}, QStringLiteral(QT_TRANSLATE_NOOP("App", "Print these options and exit."))};
+    QCommandLineOption version{u"version"_s,
+                               QStringLiteral(QT_TRANSLATE_NOOP("App", "Print the name and version and exit."))};
 
     void addTo(QCommandLineParser &parser) const
     {
@@ -39,7 +42,8 @@ struct AppOptions
 
     [[nodiscard]] QString helpText() const
     {
-        QString text = u"usage: platterbox-app [--data-dir DIR]\n\nThe Platterbox window.\n\noptions:\n"_s;
+        QString text = QCoreApplication::translate(
+            "App", "usage: platterbox-app [--data-dir DIR]\n\nThe Platterbox window.\n\noptions:\n");
         for (const QCommandLineOption &option : {dataDir, help, version}) {
             QStringList names;
             for (const QString &name : option.names())
@@ -47,7 +51,8 @@ struct AppOptions
             QString name = names.join(u", "_s);
             if (!option.valueName().isEmpty())
                 name += u' ' + option.valueName();
-            text += u"  "_s + name.leftJustified(16) + u"  "_s + option.description() + u'\n';
+            text += u"  "_s + name.leftJustified(16) + u"  "_s
+                + QCoreApplication::translate("App", option.description().toUtf8().constData()) + u'\n';
         }
         return text;
     }
@@ -74,6 +79,9 @@ int main(int argc, char *argv[])
         options.addTo(parser);
         (void)parser.parse(raw);
         if (parser.isSet(options.help)) {
+            // A core application is enough to read the help in the user's language.
+            const QCoreApplication translating(argc, argv);
+            installTranslations();
             print(stdout, options.helpText());
             return 0;
         }

@@ -72,29 +72,41 @@ private slots:
     void speaksTheSystemLanguage_data()
     {
         QTest::addColumn<QString>("lang");
+        QTest::addColumn<QString>("program");
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("output");
         QTest::addColumn<QString>("error");
         const QString german = u"de_DE.UTF-8"_s;
-        QTest::newRow("German figures") << german << QStringList{u"stats"_s} << 0
+        const QString cli = QStringLiteral(PB_CLI_PROGRAM);
+        QTest::newRow("German figures") << german << cli << QStringList{u"stats"_s} << 0
                                         << u"Platten: 0\nExemplare: 0\nGesamtwert: 0,00\u00a0\u20ac\n"_s << QString();
-        QTest::newRow("a German error") << german << QStringList{u"demo"_s, u"0"_s} << 1 << QString()
+        QTest::newRow("a German error") << german << cli << QStringList{u"demo"_s, u"0"_s} << 1 << QString()
                                         << u"platterbox: N muss zwischen 1 und 32767 liegen\n"_s;
-        QTest::newRow("German usage") << german << QStringList{u"stats"_s, u"x"_s} << 2 << QString()
+        QTest::newRow("German usage") << german << cli << QStringList{u"stats"_s, u"x"_s} << 2 << QString()
                                       << u"Aufruf: platterbox [--data-dir DIR] stats [--json]\n"_s;
-        QTest::newRow("English in the C locale") << u"C"_s << QStringList{u"stats"_s} << 0
+        QTest::newRow("English in the C locale") << u"C"_s << cli << QStringList{u"stats"_s} << 0
                                                  << u"Records: 0\nCopies: 0\nTotal value: $0.00\n"_s << QString();
-        QTest::newRow("English in Britain") << u"en_GB.UTF-8"_s << QStringList{u"demo"_s, u"0"_s} << 1 << QString()
+        QTest::newRow("English in Britain") << u"en_GB.UTF-8"_s << cli << QStringList{u"demo"_s, u"0"_s} << 1 << QString()
                                             << u"platterbox: N must be between 1 and 32767\n"_s;
+        // The window program's help is read before it has a window.
+        QTest::newRow("the window's German help")
+            << german << QStringLiteral(PB_APP_PROGRAM) << QStringList{u"--help"_s} << 0
+            << u"Aufruf: platterbox-app [--data-dir DIR]\n\nDas Fenster von Platterbox.\n\nOptionen:\n"
+               "  --data-dir DIR    Mit der Sammlung in DIR arbeiten statt in $PLATTERBOX_DATA_DIR oder im "
+               "Datenordner der App.\n"
+               "  -h, --help        Diese Optionen ausgeben und beenden.\n"
+               "  --version         Name und Version ausgeben und beenden.\n"_s
+            << QString();
         // A language without a translation reads English, in its own formats.
-        QTest::newRow("English in France") << u"fr_FR.UTF-8"_s << QStringList{u"stats"_s} << 0
+        QTest::newRow("English in France") << u"fr_FR.UTF-8"_s << cli << QStringList{u"stats"_s} << 0
                                            << u"Records: 0\nCopies: 0\nTotal value: 0,00\u00a0\u20ac\n"_s << QString();
     }
 
     void speaksTheSystemLanguage()
     {
         QFETCH(QString, lang);
+        QFETCH(QString, program);
         QFETCH(QStringList, arguments);
         QFETCH(int, code);
         QFETCH(QString, output);
@@ -102,7 +114,7 @@ private slots:
         QTemporaryDir scratch;
         QProcess process;
         process.setProcessEnvironment(speaking(lang));
-        process.start(QStringLiteral(PB_CLI_PROGRAM), QStringList{u"--data-dir"_s, scratch.path()} + arguments);
+        process.start(program, QStringList{u"--data-dir"_s, scratch.path()} + arguments);
         QVERIFY(process.waitForFinished());
         QCOMPARE(QString::fromUtf8(process.readAllStandardError()), error);
         QCOMPARE(QString::fromUtf8(process.readAllStandardOutput()), output);

@@ -3,19 +3,20 @@
 #include "collection/collectionlist.h"
 #include "collection/groupnames.h"
 #include "store/formatters.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
 namespace BreakdownKinds {
-const BreakdownKind Artist{BreakdownKind::Group::Artist, u"List by Artist"_s, u"ArtistBreakdown"_s,
-                           u"Search by Album Name"_s, u"unwindToArtistTableView"_s, u"VinylFilteredByArtist.pdf"_s,
+const BreakdownKind Artist{BreakdownKind::Group::Artist, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "List by Artist")), u"ArtistBreakdown"_s,
+                           QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Album Name")), u"unwindToArtistTableView"_s, u"VinylFilteredByArtist.pdf"_s,
                            true, true, true, false};
-const BreakdownKind Label{BreakdownKind::Group::Label, QString(), u"LabelBreakdown"_s, u"Search by Record Label"_s,
+const BreakdownKind Label{BreakdownKind::Group::Label, QString(), u"LabelBreakdown"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Record Label")),
                           u"unwindToLabelTableView"_s, u"VinylFilteredByRecordLabel.pdf"_s, false, false, true, true};
-const BreakdownKind Producer{BreakdownKind::Group::Producer, u"List by Producer"_s, u"ProducerBreakdown"_s,
-                             u"Search by Producer"_s, u"unwindToProducerTableView"_s, u"VinylFilteredByProducer.pdf"_s,
+const BreakdownKind Producer{BreakdownKind::Group::Producer, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "List by Producer")), u"ProducerBreakdown"_s,
+                             QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Producer")), u"unwindToProducerTableView"_s, u"VinylFilteredByProducer.pdf"_s,
                              false, false, false, false};
-const BreakdownKind Year{BreakdownKind::Group::Year, u"List by Year"_s, u"YearBreakdown"_s, u"Search by Release Date"_s,
+const BreakdownKind Year{BreakdownKind::Group::Year, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "List by Year")), u"YearBreakdown"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Release Date")),
                          u"unwindToYearTableView"_s, u"VinylFilteredByYear.pdf"_s, false, false, false, false};
 } // namespace BreakdownKinds
 
@@ -50,29 +51,31 @@ std::optional<FetchRequest> request(const BreakdownKind &kind, const CurrentReco
 
 QString title(const BreakdownKind &kind, const CurrentRecord &group)
 {
-    return kind.title.isEmpty() ? group.recordLabel : kind.title;
+    return kind.title.isEmpty() ? group.recordLabel : translated(kind.title);
 }
 
-RecordCard makeCard(const Vinyl &vinyl, const BreakdownKind &kind, bool searching)
+RecordCard makeCard(const Vinyl &vinyl, const BreakdownKind &kind, bool searching, const RecordCaptions &captions)
 {
     const bool detail = kind.detailWhileSearching == searching;
-    const QString producer = kind.naFallbacks ? vinyl.producer.value_or(u"N/A"_s) : text(vinyl.producer);
-    const QString speed = kind.naFallbacks ? vinyl.recordSpeed.value_or(u"N/A"_s) : text(vinyl.recordSpeed);
+    const QString producer = kind.naFallbacks ? vinyl.producer.value_or(captions.notAvailable) : text(vinyl.producer);
+    const QString speed = kind.naFallbacks ? vinyl.recordSpeed.value_or(captions.notAvailable) : text(vinyl.recordSpeed);
 
     RecordCard card;
     card.rowId = vinyl.rowId;
-    card.nameLabel = (detail ? u"Album:  "_s : u"Album: "_s) + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
+    // The wider gap after the album's caption is the detailed card's look.
+    card.nameLabel = captions.album + (detail ? u" "_s : QString()) + text(vinyl.name) + u"  "_s + captions.artist
+        + text(vinyl.artist);
     if (vinyl.releaseDate)
-        card.releaseDateLabel = u"Release Date: "_s + Formatters::mediumDate(*vinyl.releaseDate);
+        card.releaseDateLabel = captions.releaseDate + Formatters::mediumDate(*vinyl.releaseDate);
     else if (kind.dateFallback)
-        card.releaseDateLabel = u"Release Date: N/A"_s;
-    card.producerLabel = u"Producer: "_s + producer;
+        card.releaseDateLabel = captions.releaseDate + captions.notAvailable;
+    card.producerLabel = captions.producer + producer;
     if (detail)
-        card.producerLabel += u"  Speed: "_s + text(vinyl.recordSpeed);
+        card.producerLabel += u"  "_s + captions.speed + text(vinyl.recordSpeed);
     const double total = double(number(vinyl.quantity)) * double(number(vinyl.value));
-    card.costLabel = u"Cost: "_s + Formatters::currencyOrZero(double(number(vinyl.cost))) + u"  Total Value: "_s
-        + Formatters::currencyOrZero(total);
-    card.speedLabel = u"Speed: "_s + speed + u"  Type: "_s + text(vinyl.doubleAlbum);
+    card.costLabel = captions.cost + Formatters::currencyOrZero(double(number(vinyl.cost))) + u"  "_s
+        + captions.totalValue + Formatters::currencyOrZero(total);
+    card.speedLabel = captions.speed + speed + u"  "_s + captions.type + text(vinyl.doubleAlbum);
     return card;
 }
 
@@ -111,9 +114,10 @@ double valueOf(const QList<Vinyl> &records, const QList<int> &list)
 QString footerText(const BreakdownKind &kind, float groupValue, double shownValue, bool searching)
 {
     if (!kind.footerFollowsSearch)
-        return u"Value: "_s + Formatters::currencyOrZero(double(groupValue));
+        return translated(RecordCaptions().value) + Formatters::currencyOrZero(double(groupValue));
     const double amount = searching ? shownValue : double(groupValue);
-    return u"Valuation for displayed vinyl's: "_s + Formatters::currencyOrZero(amount);
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Valuation for displayed vinyl's: ")))
+        + Formatters::currencyOrZero(amount);
 }
 
 } // namespace Breakdown

@@ -4,6 +4,7 @@
 #include "store/currentrecord.h"
 #include "store/entities.h"
 #include "store/fetchrequest.h"
+#include "store/recordcaptions.h"
 
 #include <QList>
 #include <QString>
@@ -17,9 +18,9 @@ struct BreakdownKind
     enum class Group { Artist, Label, Producer, Year };
 
     Group group = Group::Artist;
-    QString title; // empty: the list is titled with the record label itself
+    QString title; // English, marked for translation; empty: the list is titled with the record label itself
     QString originScreen;
-    QString placeholder;
+    QString placeholder; // English, marked for translation
     QString unwind; // the editor's named return to this list
     QString fileName; // the shared PDF document
     // The artist list's footer follows the search; the others always give the group's value.
@@ -47,7 +48,8 @@ namespace Breakdown {
 [[nodiscard]] std::optional<FetchRequest> request(const BreakdownKind &kind, const CurrentRecord &group, bool ascending);
 
 [[nodiscard]] QString title(const BreakdownKind &kind, const CurrentRecord &group);
-[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const BreakdownKind &kind, bool searching);
+[[nodiscard]] RecordCard makeCard(const Vinyl &vinyl, const BreakdownKind &kind, bool searching,
+                                  const RecordCaptions &captions);
 
 // Indices of list (kept in order) whose lower-cased name contains the lower-cased text;
 // nameKeys are the records' lower-cased names, absent for a record without a name.

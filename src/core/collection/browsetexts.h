@@ -13,8 +13,6 @@ inline const QString kSortMenuTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterb
 inline const QString kSortOptionsTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort Options"));
 inline const QString kSortButtonTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort"));
 inline const QString kPrintButtonTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Print"));
-inline const QString kHeaderPrefix = u"# Vinyl Records = "_s;
-inline const QString kHeaderOf = u" of "_s;
 inline const QString kGroupPlaceholder = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search By Artist"));
 
 // Sort choices of the collection list: the value kept in SortName.

@@ -4,6 +4,7 @@
 #include "collection/textorder.h"
 #include "store/formatters.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <algorithm>
 
@@ -73,6 +74,7 @@ QString TextCache::year(const QDateTime &date)
 
 RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &texts)
 {
+    const RecordCaptions &captions = texts.captions();
     RecordCard card;
     card.rowId = vinyl.rowId;
     // Sorted by year or label the name line is left as laid out (empty): the card leads
@@ -80,20 +82,19 @@ RecordCard makeCard(const Vinyl &vinyl, const QString &sortName, TextCache &text
     if (sortName == BrowseTexts::kSortName || sortName == BrowseTexts::kSortSpeed
         || sortName == BrowseTexts::kSortQuantity || sortName == BrowseTexts::kSortValue
         || sortName == BrowseTexts::kSortTotal)
-        card.nameLabel = u"Album: "_s + text(vinyl.name) + u"  Artist: "_s + text(vinyl.artist);
+        card.nameLabel = captions.album + text(vinyl.name) + u"  "_s + captions.artist + text(vinyl.artist);
     else if (sortName == BrowseTexts::kSortArtist)
-        card.nameLabel = u"Artist: "_s + text(vinyl.artist) + u"  Album: "_s + text(vinyl.name);
+        card.nameLabel = captions.artist + text(vinyl.artist) + u"  "_s + captions.album + text(vinyl.name);
     card.releaseDateLabel =
-        u"Release Date: "_s + (vinyl.releaseDate ? texts.mediumDate(*vinyl.releaseDate) : u"N/A"_s);
-    if (sortName == BrowseTexts::kSortRecordLabel)
-        card.producerLabel = u"Record Label: "_s + text(vinyl.recordLabel) + u"  Speed: "_s + text(vinyl.recordSpeed);
-    else
-        card.producerLabel = u"Producer: "_s + text(vinyl.producer) + u"  Speed: "_s + text(vinyl.recordSpeed);
+        captions.releaseDate + (vinyl.releaseDate ? texts.mediumDate(*vinyl.releaseDate) : captions.notAvailable);
+    card.producerLabel = (sortName == BrowseTexts::kSortRecordLabel ? captions.recordLabel + text(vinyl.recordLabel)
+                                                                    : captions.producer + text(vinyl.producer))
+        + u"  "_s + captions.speed + text(vinyl.recordSpeed);
     const double total = double(number(vinyl.quantity)) * double(number(vinyl.value));
-    card.costLabel = u"Cost: "_s + texts.currency(double(number(vinyl.cost))) + u"  Total Value: "_s
+    card.costLabel = captions.cost + texts.currency(double(number(vinyl.cost))) + u"  "_s + captions.totalValue
         + texts.currency(total);
-    card.speedLabel = u"Length: "_s + Formatters::shortest(number(vinyl.albumDuration)) + u" min  Type: "_s
-        + text(vinyl.doubleAlbum);
+    card.speedLabel = captions.length + Formatters::shortest(number(vinyl.albumDuration)) + captions.minutes
+        + u"  "_s + captions.type + text(vinyl.doubleAlbum);
     card.cells = {text(vinyl.name),
                   text(vinyl.artist),
                   vinyl.releaseDate ? texts.year(*vinyl.releaseDate) : QString(),
@@ -146,7 +147,8 @@ void sortByName(const QList<Vinyl> &records, QList<int> &list, bool ascending)
 
 QString headerText(qsizetype shown, qsizetype all)
 {
-    return BrowseTexts::kHeaderPrefix + QString::number(shown) + BrowseTexts::kHeaderOf + QString::number(all);
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "# Vinyl Records = %1 of %2")))
+        .arg(QString::number(shown), QString::number(all));
 }
 
 } // namespace CollectionList

@@ -2,6 +2,7 @@
 
 #include "collection/recordcard.h"
 #include "store/entities.h"
+#include "store/recordcaptions.h"
 
 #include <QHash>
 #include <QList>
@@ -31,15 +32,18 @@ struct TableColumn
 [[nodiscard]] const QList<TableColumn> &tableColumns();
 
 // Remembers the texts of amounts and dates already formatted during one load: collections
-// repeat prices and release days a lot, and formatting is most of a card's cost.
+// repeat prices and release days a lot, and formatting is most of a card's cost. Holds the
+// cards' captions in the language of the moment it was made.
 class TextCache
 {
 public:
     [[nodiscard]] QString currency(double amount);
     [[nodiscard]] QString mediumDate(const QDateTime &date);
     [[nodiscard]] QString year(const QDateTime &date);
+    [[nodiscard]] const RecordCaptions &captions() const { return m_captions; }
 
 private:
+    RecordCaptions m_captions = RecordCaptions::translatedNow();
     QHash<double, QString> m_currency;
     QHash<qint64, QString> m_dates;
     QHash<qint64, QString> m_years;

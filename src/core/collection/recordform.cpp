@@ -2,8 +2,10 @@
 
 #include "store/currentrecord.h"
 #include "store/formatters.h"
+#include "store/recordcaptions.h"
 #include "store/settings.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -44,9 +46,10 @@ bool onlyFrom(const QString &text, const QString &allowed)
     return std::all_of(text.cbegin(), text.cend(), [&](QChar c) { return allowed.contains(c); });
 }
 
-Error notANumber(const QString &fieldName, const QString &text, const QString &what)
+// sentence is an English template marked for translation, with %1 for the text typed.
+Error notANumber(const char *sentence, const QString &text)
 {
-    return Error{u"%1 \"%2\" is not %3."_s.arg(fieldName, text, what)};
+    return Error{translated(QString::fromUtf8(sentence)).arg(text)};
 }
 
 std::optional<QDateTime> parseReleaseDate(const QString &text)
@@ -79,13 +82,13 @@ Result<FormNumbers> parseNumbers(const RecordFormFields &fields)
         numbers.recordLength = length.value();
     }
     if (!fields.cost.isEmpty()) {
-        const auto cost = parseMoney(u"Cost"_s, fields.cost);
+        const auto cost = parseMoney(kCostField, fields.cost);
         if (!cost)
             return cost.error();
         numbers.cost = cost.value();
     }
     if (!fields.value.isEmpty()) {
-        const auto value = parseMoney(u"Value"_s, fields.value);
+        const auto value = parseMoney(kValueField, fields.value);
         if (!value)
             return value.error();
         numbers.value = value.value();
@@ -99,7 +102,7 @@ Result<QByteArray> encodeJpeg(const QImage &image)
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     if (image.isNull() || !image.save(&buffer, "JPEG", 80) || data.isEmpty())
-        return Error{u"The picture could not be stored as JPEG."_s};
+        return Error{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The picture could not be stored as JPEG."))};
     return data;
 }
 
@@ -157,7 +160,7 @@ Result<qint16> parseQuantity(const QString &text)
     bool ok = false;
     const qint16 quantity = QLocale::c().toShort(asciiDigits(text), &ok);
     if (!ok)
-        return notANumber(u"Quantity"_s, text, u"a whole number from 0 to 32767"_s);
+        return notANumber(QT_TRANSLATE_NOOP("Platterbox", "Quantity \"%1\" is not a whole number from 0 to 32767."), text);
     return quantity;
 }
 
@@ -165,7 +168,7 @@ Result<double> parseRecordLength(const QString &text)
 {
     const auto length = Formatters::parseDecimal(text);
     if (!length)
-        return notANumber(u"Run Length"_s, text, u"a number of minutes"_s);
+        return notANumber(QT_TRANSLATE_NOOP("Platterbox", "Run Length \"%1\" is not a number of minutes."), text);
     return *length;
 }
 
@@ -173,7 +176,8 @@ Result<float> parseMoney(const QString &fieldName, const QString &text)
 {
     const auto amount = Formatters::parseAmount(text);
     if (!amount || !std::isfinite(float(*amount)))
-        return notANumber(fieldName, text, u"an amount"_s);
+        return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 \"%2\" is not an amount.")))
+                         .arg(translated(fieldName), text)};
     return float(*amount);
 }
 
@@ -283,9 +287,10 @@ RecordFormFields fieldsFromRecord(const CurrentRecord &record)
 
 Result<QString> shareText(const RecordFormFields &fields)
 {
+    const RecordCaptions captions = RecordCaptions::translatedNow();
     QString text;
-    const auto line = [&text](const QString &label, const QString &fieldText) {
-        text += label + (fieldText.isEmpty() ? u"N/A"_s : fieldText) + u'\n';
+    const auto line = [&text, &captions](const QString &label, const QString &fieldText) {
+        text += label + (fieldText.isEmpty() ? captions.notAvailable : fieldText) + u'\n';
     };
     const auto currencyText = [](const QString &fieldName, const QString &fieldText) -> Result<QString> {
         const auto amount = parseMoney(fieldName, fieldText);
@@ -294,36 +299,36 @@ Result<QString> shareText(const RecordFormFields &fields)
         return Formatters::currency(double(amount.value()));
     };
 
-    line(u"Album Name: "_s, fields.name);
+    line(captions.albumName, fields.name);
     // The artist line carries this label in every shared text; people who receive the
     // lines know it, so it stays.
-    line(u"Year Issued: "_s, fields.artist);
-    line(u"Release Date: "_s, fields.releaseDate);
-    line(u"Record Label: "_s, fields.recordLabel);
-    line(u"Quantity: "_s, fields.quantity);
-    line(u"Run Length (min): "_s, fields.recordLength);
-    line(u"Producer: "_s, fields.producer);
-    line(u"Vinyl Condition: "_s, fields.vinylCondition);
-    line(u"Cover Condition: "_s, fields.coverCondition);
-    line(u"Record Speed: "_s, fields.recordSpeed);
-    line(u"Single/Double: "_s, fields.doubleAlbum);
+    line(captions.yearIssued, fields.artist);
+    line(captions.releaseDate, fields.releaseDate);
+    line(captions.recordLabel, fields.recordLabel);
+    line(captions.quantity, fields.quantity);
+    line(captions.runLength, fields.recordLength);
+    line(captions.producer, fields.producer);
+    line(captions.vinylCondition, fields.vinylCondition);
+    line(captions.coverCondition, fields.coverCondition);
+    line(captions.recordSpeed, fields.recordSpeed);
+    line(captions.singleDouble, fields.doubleAlbum);
     if (fields.cost.isEmpty()) {
-        line(u"Cost: "_s, QString());
+        line(captions.cost, QString());
     } else {
-        const auto cost = currencyText(u"Cost"_s, fields.cost);
+        const auto cost = currencyText(kCostField, fields.cost);
         if (!cost)
             return cost.error();
-        line(u"Cost: "_s, cost.value());
+        line(captions.cost, cost.value());
     }
     if (fields.value.isEmpty()) {
-        text += u"Est. Value: N/A\n"_s;
+        line(captions.estimatedValue, QString());
     } else {
-        const auto value = currencyText(u"Value"_s, fields.value);
+        const auto value = currencyText(kValueField, fields.value);
         if (!value)
             return value.error();
-        line(u"Value: "_s, value.value());
+        line(captions.value, value.value());
     }
-    line(u"Notes: "_s, fields.notes);
+    line(captions.notes, fields.notes);
     return text;
 }
 
@@ -353,7 +358,7 @@ QString datePickerStyle(const Settings &settings)
 Result<QByteArray> thumbnailJpeg(const QImage &image)
 {
     if (image.isNull())
-        return Error{u"There is no picture to store."_s};
+        return Error{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "There is no picture to store."))};
     QImage square(100, 100, QImage::Format_ARGB32_Premultiplied);
     square.fill(Qt::transparent);
     {
@@ -380,7 +385,7 @@ Result<QImage> readPicture(const QString &filePath)
     reader.setAutoTransform(true);
     const QImage image = reader.read();
     if (image.isNull())
-        return Error{u"\"%1\" could not be read as a picture (%2)."_s.arg(QFileInfo(filePath).fileName(),
+        return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" could not be read as a picture (%2)."))).arg(QFileInfo(filePath).fileName(),
                                                                         reader.errorString())};
     return image;
 }

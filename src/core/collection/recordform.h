@@ -89,7 +89,10 @@ enum class FilteredField { Quantity, Decimal, Notes, Barcode };
 [[nodiscard]] Result<qint16> parseQuantity(const QString &text);
 [[nodiscard]] Result<double> parseRecordLength(const QString &text);
 // Currency signs are dropped first: "$1,250.5" reads 1250.5 in en_US, "1.250,5 €" in de_DE.
+// fieldName is kCostField or kValueField, translated in the error.
 [[nodiscard]] Result<float> parseMoney(const QString &fieldName, const QString &text);
+inline const QString kCostField = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cost"));
+inline const QString kValueField = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Value"));
 
 // The texts the form shows for the numbers: "3", "45.5" ("45,5" in de_DE), "1,234.50".
 [[nodiscard]] QString quantityText(qint16 quantity);

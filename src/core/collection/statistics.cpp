@@ -3,6 +3,7 @@
 #include "store/formatters.h"
 #include "store/keptfigures.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QJsonArray>
 #include <QSqlError>
@@ -132,23 +133,23 @@ const QList<ChartDefinition> &chartDefinitions()
     using Look = ChartDefinition::Look;
     using Opens = ChartDefinition::Opens;
     static const QList<ChartDefinition> list = {
-        {u"valueOverTime"_s, u"Value over Time"_s, Look::Line, true, Opens::Nothing, &Statistics::valueOverTime},
-        {u"recordsPerDecade"_s, u"Records per Decade"_s, Look::Columns, false, Opens::DecadeYears,
+        {u"valueOverTime"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Value over Time")), Look::Line, true, Opens::Nothing, &Statistics::valueOverTime},
+        {u"recordsPerDecade"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Records per Decade")), Look::Columns, false, Opens::DecadeYears,
          &Statistics::recordsPerDecade},
-        {u"recordsPerYear"_s, u"Records per Year"_s, Look::Columns, false, Opens::YearList, &Statistics::recordsPerYear},
-        {u"topArtistsByRecords"_s, u"Top 10 Artists by Records"_s, Look::Bars, false, Opens::ArtistList,
+        {u"recordsPerYear"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Records per Year")), Look::Columns, false, Opens::YearList, &Statistics::recordsPerYear},
+        {u"topArtistsByRecords"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Top 10 Artists by Records")), Look::Bars, false, Opens::ArtistList,
          &Statistics::topArtistsByRecords},
-        {u"topArtistsByValue"_s, u"Top 10 Artists by Value"_s, Look::Bars, true, Opens::ArtistList,
+        {u"topArtistsByValue"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Top 10 Artists by Value")), Look::Bars, true, Opens::ArtistList,
          &Statistics::topArtistsByValue},
-        {u"topLabelsByRecords"_s, u"Top 10 Labels by Records"_s, Look::Bars, false, Opens::LabelList,
+        {u"topLabelsByRecords"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Top 10 Labels by Records")), Look::Bars, false, Opens::LabelList,
          &Statistics::topLabelsByRecords},
-        {u"topLabelsByValue"_s, u"Top 10 Labels by Value"_s, Look::Bars, true, Opens::LabelList,
+        {u"topLabelsByValue"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Top 10 Labels by Value")), Look::Bars, true, Opens::LabelList,
          &Statistics::topLabelsByValue},
-        {u"recordConditions"_s, u"Record Condition"_s, Look::Bars, false, Opens::Nothing, &Statistics::recordConditions},
-        {u"coverConditions"_s, u"Cover Condition"_s, Look::Bars, false, Opens::Nothing, &Statistics::coverConditions},
-        {u"speeds"_s, u"Speeds"_s, Look::Pie, false, Opens::Nothing, &Statistics::speeds},
-        {u"albumTypes"_s, u"Album Types"_s, Look::Pie, false, Opens::Nothing, &Statistics::albumTypes},
-        {u"topGains"_s, u"Top 10 Gains against Cost"_s, Look::Bars, true, Opens::Nothing, &Statistics::topGains},
+        {u"recordConditions"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record Condition")), Look::Bars, false, Opens::Nothing, &Statistics::recordConditions},
+        {u"coverConditions"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cover Condition")), Look::Bars, false, Opens::Nothing, &Statistics::coverConditions},
+        {u"speeds"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Speeds")), Look::Pie, false, Opens::Nothing, &Statistics::speeds},
+        {u"albumTypes"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Album Types")), Look::Pie, false, Opens::Nothing, &Statistics::albumTypes},
+        {u"topGains"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Top 10 Gains against Cost")), Look::Bars, true, Opens::Nothing, &Statistics::topGains},
     };
     return list;
 }
@@ -163,9 +164,9 @@ Result<Statistics> compute(const Store &store, const Progress &progress)
     q.setForwardOnly(true);
     for (qsizetype i = 0; i < list.size(); ++i) {
         if (progress && !progress(i, list.size()))
-            return Error{u"Cancelled."_s};
+            return Error{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cancelled."))};
         if (!q.exec(list.at(i).sql))
-            return Error{u"Cannot total the collection: "_s + q.lastError().text()};
+            return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cannot total the collection: %1"))).arg(q.lastError().text())};
         list.at(i).read(q, statistics);
         q.finish();
     }

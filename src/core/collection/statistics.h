@@ -65,7 +65,7 @@ struct ChartDefinition
     enum class Opens { Nothing, ArtistList, LabelList, DecadeYears, YearList };
 
     QString name;  // its key in the JSON and its name on the screen
-    QString title; // "Records per Decade"
+    QString title; // "Records per Decade", English, marked for translation
     Look look = Look::Columns;
     bool currency = false; // the values are amounts
     Opens opens = Opens::Nothing;

@@ -2,12 +2,13 @@
 
 #include "store/formatters.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
 QString TrackTexts::badDuration()
 {
-    return u"Duration must be a number, such as %1."_s.arg(Formatters::shortestInLocale(3.5));
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Duration must be a number, such as %1."))).arg(Formatters::shortestInLocale(3.5));
 }
 
 QString trimBlanks(const QString &text)
@@ -113,9 +114,9 @@ TrackRow trackRow(const Track &track)
     row.song = text(track.song);
     row.songLabel = row.song;
     // Unset numbers read 0, as everywhere; a track without a writer shows no writer line.
-    row.trackNumberLabel = u"Track # "_s + QString::number(number(track.trackNumber));
-    row.durationLabel = u"Duration: "_s + Formatters::twoDecimals(number(track.duration));
-    row.writtenByLabel = text(track.writtenBy).isEmpty() ? QString() : u"Written By: "_s + *track.writtenBy;
+    row.trackNumberLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Track # %1"))).arg(number(track.trackNumber));
+    row.durationLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Duration: %1"))).arg(Formatters::twoDecimals(number(track.duration)));
+    row.writtenByLabel = text(track.writtenBy).isEmpty() ? QString() : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Written By: %1"))).arg(*track.writtenBy);
     return row;
 }
 

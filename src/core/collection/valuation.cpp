@@ -48,18 +48,19 @@ QString valueText(const Totals &totals)
 
 QString shareText(const Totals &totals)
 {
-    return u"Records held: "_s + copiesText(totals) + u"\nTotal value: "_s + valueText(totals) + u'\n';
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Records held: %1\nTotal value: %2\n")))
+        .arg(copiesText(totals), valueText(totals));
 }
 
-RowTexts rowTexts(const Vinyl &vinyl)
+RowTexts rowTexts(const Vinyl &vinyl, const RecordCaptions &captions)
 {
     RowTexts texts;
-    texts.name = u"Name: "_s + text(vinyl.name);
-    texts.artist = u"Artist: "_s + text(vinyl.artist);
-    texts.recordLabel = u"Record Label: "_s + text(vinyl.recordLabel);
-    texts.released =
-        u"Date Released: "_s + (vinyl.releaseDate ? Formatters::monthYear(*vinyl.releaseDate) : u"N/A"_s);
-    texts.value = u"Value: "_s + Formatters::currencyOrZero(double(number(vinyl.value)));
+    texts.name = captions.name + text(vinyl.name);
+    texts.artist = captions.artist + text(vinyl.artist);
+    texts.recordLabel = captions.recordLabel + text(vinyl.recordLabel);
+    texts.released = captions.dateReleased
+        + (vinyl.releaseDate ? Formatters::monthYear(*vinyl.releaseDate) : captions.notAvailable);
+    texts.value = captions.value + Formatters::currencyOrZero(double(number(vinyl.value)));
     return texts;
 }
 

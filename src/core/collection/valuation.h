@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/entities.h"
+#include "store/recordcaptions.h"
 
 #include <QDateTime>
 #include <QList>
@@ -60,6 +61,6 @@ struct RowTexts
     QString released;
     QString value;
 };
-[[nodiscard]] RowTexts rowTexts(const Vinyl &vinyl);
+[[nodiscard]] RowTexts rowTexts(const Vinyl &vinyl, const RecordCaptions &captions);
 
 } // namespace Valuation

@@ -3,6 +3,7 @@
 #include "store/formatters.h"
 #include "store/recordnumbers.h"
 #include "store/store.h"
+#include "store/translations.h"
 #include "store/valuehistory.h"
 
 using namespace Qt::StringLiterals;
@@ -92,9 +93,10 @@ QString maxPriceText(const WantedAlbum &wanted)
 QString summary(qsizetype shown, qsizetype total)
 {
     if (total == 0)
-        return u"Nothing on the wantlist yet: add the albums you are looking for, with the most you would pay."_s;
-    const QString albums = total == 1 ? u"1 album wanted"_s : u"%1 albums wanted"_s.arg(total);
-    return shown == total ? albums : u"%1 of %2"_s.arg(shown).arg(albums);
+        return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Nothing on the wantlist yet: add the albums you are looking for, with the most you would pay.")));
+    const QString albums = total == 1 ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "1 album wanted")))
+                                        : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 albums wanted"))).arg(total);
+    return shown == total ? albums : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 of %2"))).arg(shown).arg(albums);
 }
 
 QString detailLine(const WantedAlbum &wanted)

@@ -182,7 +182,7 @@ Result<Files> write(Store &store, bool tracksInRecordsFile, const Progress &prog
         ++done;
         return !progress || done % kProgressEvery != 0 || progress(done, total);
     };
-    const Error cancelled{u"The export was cancelled."_s};
+    const Error cancelled{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The export was cancelled."))};
 
     Files files;
     files.records = kByteOrderMark + headerLine(FileAttributes::records());

@@ -40,7 +40,7 @@ inline const QString kWrittenBy = QStringLiteral("Written By is missing or empty
 inline const QString kLineBreakerRemoved = QStringLiteral("A caret or line break was removed from %1.");
 inline const QString kUnreadableImage = QStringLiteral("%1 of \"%2\" is not a readable image; left out.");
 inline const QString kEncodingsNotKept = QStringLiteral("The covers' exchange encodings could not be kept: %1");
-inline const QString kCancelled = QStringLiteral("The export was cancelled.");
+inline const QString kCancelled = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The export was cancelled."));
 } // namespace ExportMessages
 
 // Builds the exchange text of the whole store: records sorted by name, artist and release date,

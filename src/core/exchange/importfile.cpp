@@ -5,6 +5,7 @@
 #include "exchange/discogscsv.h"
 #include "exchange/exchangeformat.h"
 #include "exchange/exchangereader.h"
+#include "store/translations.h"
 
 #include <QLocale>
 
@@ -30,15 +31,15 @@ QString formatName(ImportFormat format)
 {
     switch (format) {
     case ImportFormat::Exchange:
-        return u"Platterbox exchange file"_s;
+        return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Platterbox exchange file")));
     case ImportFormat::Discogs:
-        return u"Discogs collection export"_s;
+        return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Discogs collection export")));
     case ImportFormat::Spreadsheet:
-        return u"CSV file"_s;
+        return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "CSV file")));
     case ImportFormat::Unknown:
         break;
     }
-    return u"Not a file Platterbox can read"_s;
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Not a file Platterbox can read")));
 }
 
 QString summary(const ImportFile &file)

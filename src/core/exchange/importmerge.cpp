@@ -7,8 +7,8 @@
 #include "store/recordnumbers.h"
 #include "store/snapshots.h"
 #include "store/store.h"
-#include "store/valuehistory.h"
 #include "store/translations.h"
+#include "store/valuehistory.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -89,8 +89,7 @@ Result<ImportCounts> ImportMerge::applyAfterSnapshot(Store &store, const ImportF
     const auto keeping = [&](qint64, qint64) { return !progress || progress(0, file.lineCount()); };
     const auto taken = snapshots.take(Snapshots::kKindImport, source, keeping);
     if (!taken)
-        return Error{u"The collection could not be kept before the import, so nothing was imported. "_s
-                     + taken.errorMessage()};
+        return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be kept before the import, so nothing was imported. %1"))).arg(taken.errorMessage())};
     ImportMerge merge(store, file, Mode::Apply);
     auto merged = merge.run(progress);
     // The store keeps whole batches: the snapshot is worth keeping once one of them was written.
@@ -447,13 +446,13 @@ QString ImportMerge::countsText(const ImportCounts &counts)
 {
     const QLocale locale;
     const qint64 problems = counts.problemCount();
-    return u"%1 new, %2 updated, %3 unchanged, %4 %5"_s.arg(locale.toString(counts.added()),
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 new, %2 updated, %3 unchanged, %4 %5"))).arg(locale.toString(counts.added()),
                                                            locale.toString(counts.updated()),
                                                            locale.toString(counts.unchanged()), locale.toString(problems),
-                                                           problems == 1 ? u"problem"_s : u"problems"_s);
+                                                           problems == 1 ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "problem"))) : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "problems"))));
 }
 
 QString ImportMerge::problemText(const ImportProblem &problem)
 {
-    return u"Line %1: %2"_s.arg(problem.line).arg(problem.reason);
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Line %1: %2"))).arg(problem.line).arg(translated(problem.reason));
 }

@@ -201,8 +201,7 @@ Result<WantlistCounts> applyAfterSnapshot(Store &store, const WantlistFile &file
         return writable.error();
     const auto taken = snapshots.take(Snapshots::kKindImport, source);
     if (!taken)
-        return Error{u"The collection could not be kept before the import, so nothing was imported. "_s
-                     + taken.errorMessage()};
+        return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be kept before the import, so nothing was imported. %1"))).arg(taken.errorMessage())};
     auto counts = apply(store, file);
     if (counts && counts->added > 0)
         snapshots.keep();

@@ -34,9 +34,10 @@ Result<QString> currencyText(std::optional<float> amount, const QString &what, c
     return Formatters::currency(parsed);
 }
 
+// attribute is English, marked for translation.
 Error noTitleValue(const QString &attribute)
 {
-    return Error{translated(ReportTexts::kNoTitleValue).arg(attribute)};
+    return Error{translated(ReportTexts::kNoTitleValue).arg(translated(attribute))};
 }
 
 } // namespace
@@ -67,26 +68,26 @@ QString filteredListTitle(const BreakdownKind &kind, const Vinyl &first, bool *h
     }
     if (hasValue)
         *hasValue = value.has_value();
-    return title + value.value_or(QString());
+    return translated(title) + value.value_or(QString());
 }
 
 std::optional<FetchRequest> reportRequest(const QString &originScreen, const CurrentRecord &group, bool ascending)
 {
     FetchRequest request(Entity::Vinyl);
     if (originScreen == ReportOrigins::List) {
-        request.sortedBy(u"name"_s, ascending).sortedBy(u"artist"_s, ascending);
+        request.sortedBy(u"name"_s, ascending).sortedBy(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "artist")), ascending);
     } else if (originScreen == ReportOrigins::ArtistBreakdown) {
-        request.where(Predicate::equal(u"artist"_s, group.artist)).sortedBy(u"name"_s, ascending);
+        request.where(Predicate::equal(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "artist")), group.artist)).sortedBy(u"name"_s, ascending);
     } else if (originScreen == ReportOrigins::YearBreakdown) {
         // The exact stored date and time, not the year the breakdown list shows.
         if (!group.releaseDate)
             return std::nullopt;
-        request.where(Predicate::equal(u"releaseDate"_s, *group.releaseDate)).sortedBy(u"artist"_s, ascending);
+        request.where(Predicate::equal(u"releaseDate"_s, *group.releaseDate)).sortedBy(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "artist")), ascending);
     } else if (originScreen == ReportOrigins::ProducerBreakdown) {
-        request.where(Predicate::equal(u"producer"_s, group.producer)).sortedBy(u"name"_s, ascending);
+        request.where(Predicate::equal(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "producer")), group.producer)).sortedBy(u"name"_s, ascending);
     } else if (originScreen == ReportOrigins::LabelBreakdown) {
         // Always by artist then name: the label report does not follow the order toggle.
-        request.where(Predicate::equal(u"recordLabel"_s, group.recordLabel)).sortedBy(u"artist"_s).sortedBy(u"name"_s);
+        request.where(Predicate::equal(u"recordLabel"_s, group.recordLabel)).sortedBy(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "artist"))).sortedBy(u"name"_s);
     } else {
         return std::nullopt;
     }
@@ -151,26 +152,28 @@ QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasVa
     }
     if (hasValue)
         *hasValue = value.has_value();
-    return title + value.value_or(QString());
+    return translated(title) + value.value_or(QString());
 }
 
-QString amountsLine(const Vinyl &vinyl)
+QString amountsLine(const Vinyl &vinyl, const QString &amounts)
 {
     const float total = number(vinyl.value) * float(number(vinyl.quantity));
-    return u"Qty: "_s + QString::number(number(vinyl.quantity)) + u" - Cost: "_s + Formatters::shortest(number(vinyl.cost))
-        + u" - Total Value (Qty * Value): "_s + Formatters::currency(total);
+    return amounts.arg(QString::number(number(vinyl.quantity)), Formatters::shortest(number(vinyl.cost)),
+                       Formatters::currency(total));
 }
 
 } // namespace ReportBuilder
 
 ReportContent::ReportContent(Kind kind, QString title, int titlePointSize, QList<Vinyl> records)
-    : m_kind(kind), m_title(std::move(title)), m_titlePointSize(titlePointSize), m_records(std::move(records))
+    : m_kind(kind), m_title(std::move(title)), m_titlePointSize(titlePointSize), m_records(std::move(records)),
+      m_amounts(translated(ReportTexts::kAmounts)), m_captions(RecordCaptions::translatedNow())
 {
 }
 
 QString ReportContent::documentTitle() const
 {
-    return m_kind == Kind::FilteredList ? ReportTexts::kFilteredListDocument : ReportTexts::kCollectionReportDocument;
+    return translated(m_kind == Kind::FilteredList ? ReportTexts::kFilteredListDocument
+                                                   : ReportTexts::kCollectionReportDocument);
 }
 
 Result<ReportContent> ReportContent::filteredList(const BreakdownKind &kind, QList<Vinyl> records)
@@ -180,10 +183,10 @@ Result<ReportContent> ReportContent::filteredList(const BreakdownKind &kind, QLi
     bool hasValue = false;
     QString title = ReportBuilder::filteredListTitle(kind, records.first(), &hasValue);
     if (!hasValue)
-        return noTitleValue(kind.group == BreakdownKind::Group::Artist     ? u"artist"_s
-                            : kind.group == BreakdownKind::Group::Label    ? u"record label"_s
-                            : kind.group == BreakdownKind::Group::Producer ? u"producer"_s
-                                                                           : u"release date"_s);
+        return noTitleValue(kind.group == BreakdownKind::Group::Artist     ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "artist"))
+                            : kind.group == BreakdownKind::Group::Label    ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "record label"))
+                            : kind.group == BreakdownKind::Group::Producer ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "producer"))
+                                                                           : QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "release date")));
     return ReportContent(Kind::FilteredList, std::move(title), 21, std::move(records));
 }
 
@@ -194,10 +197,10 @@ Result<ReportContent> ReportContent::printedReport(const QString &originScreen, 
     bool hasValue = false;
     QString title = ReportBuilder::reportTitle(originScreen, records.first(), &hasValue);
     if (!hasValue)
-        return noTitleValue(originScreen == ReportOrigins::YearBreakdown       ? u"release date"_s
-                            : originScreen == ReportOrigins::LabelBreakdown    ? u"record label"_s
-                            : originScreen == ReportOrigins::ProducerBreakdown ? u"producer"_s
-                                                                               : u"artist"_s);
+        return noTitleValue(originScreen == ReportOrigins::YearBreakdown       ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "release date"))
+                            : originScreen == ReportOrigins::LabelBreakdown    ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "record label"))
+                            : originScreen == ReportOrigins::ProducerBreakdown ? QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "producer"))
+                                                                               : QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "artist")));
     ReportContent content(Kind::PrintedReport, std::move(title), 17, std::move(records));
     content.m_order = {Line::Artist, Line::Album, Line::Date, Line::Producer, Line::Label};
     if (originScreen == ReportOrigins::YearBreakdown)
@@ -224,6 +227,7 @@ std::optional<QSize> ReportContent::coverSize(int index, CoverSide side) const
 Result<QStringList> ReportContent::lines(int index) const
 {
     const Vinyl &vinyl = m_records.at(index);
+    const RecordCaptions &captions = m_captions;
     QStringList out;
     auto line = [&out](const QString &label, const std::optional<QString> &value) {
         if (value)
@@ -232,35 +236,35 @@ Result<QStringList> ReportContent::lines(int index) const
     if (m_kind == Kind::PrintedReport) {
         for (Line kind : m_order) {
             switch (kind) {
-            case Line::Artist: line(u"Artist: "_s, vinyl.artist); break;
-            case Line::Album: line(u"Album Name: "_s, vinyl.name); break;
-            case Line::Date: line(u"Release Date: "_s, dateText(vinyl)); break;
-            case Line::Producer: line(u"Producer: "_s, vinyl.producer); break;
-            case Line::Label: line(u"Record Label: "_s, vinyl.recordLabel); break;
+            case Line::Artist: line(captions.artist, vinyl.artist); break;
+            case Line::Album: line(captions.albumName, vinyl.name); break;
+            case Line::Date: line(captions.releaseDate, dateText(vinyl)); break;
+            case Line::Producer: line(captions.producer, vinyl.producer); break;
+            case Line::Label: line(captions.recordLabel, vinyl.recordLabel); break;
             }
         }
-        out.append(ReportBuilder::amountsLine(vinyl));
+        out.append(ReportBuilder::amountsLine(vinyl, m_amounts));
         return out;
     }
-    auto cost = currencyText(vinyl.cost, u"cost"_s, vinyl);
+    auto cost = currencyText(vinyl.cost, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "cost"))), vinyl);
     if (!cost)
         return cost.error();
-    auto value = currencyText(vinyl.value, u"value"_s, vinyl);
+    auto value = currencyText(vinyl.value, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "value"))), vinyl);
     if (!value)
         return value.error();
-    line(u"Artist: "_s, vinyl.artist);
-    line(u"Album Name: "_s, vinyl.name);
-    line(u"Release Date: "_s, dateText(vinyl));
-    line(u"Record Label: "_s, vinyl.recordLabel);
-    out.append(u"Record Length (min): "_s + Formatters::shortest(number(vinyl.albumDuration)));
-    line(u"Producer: "_s, vinyl.producer);
-    line(u"Vinyl Condition: "_s, vinyl.vinylCondition);
-    line(u"Cover Condition: "_s, vinyl.coverCondition);
-    line(u"Record Speed: "_s, vinyl.recordSpeed);
-    line(u"Single/Double: "_s, vinyl.doubleAlbum);
-    out.append(u"Quantity: "_s + QString::number(number(vinyl.quantity)));
-    out.append(u"Cost: "_s + *cost);
-    out.append(u"Est. Value: "_s + *value);
-    line(u"Notes: "_s, vinyl.notes);
+    line(captions.artist, vinyl.artist);
+    line(captions.albumName, vinyl.name);
+    line(captions.releaseDate, dateText(vinyl));
+    line(captions.recordLabel, vinyl.recordLabel);
+    out.append(captions.recordLength + Formatters::shortest(number(vinyl.albumDuration)));
+    line(captions.producer, vinyl.producer);
+    line(captions.vinylCondition, vinyl.vinylCondition);
+    line(captions.coverCondition, vinyl.coverCondition);
+    line(captions.recordSpeed, vinyl.recordSpeed);
+    line(captions.singleDouble, vinyl.doubleAlbum);
+    out.append(captions.quantity + QString::number(number(vinyl.quantity)));
+    out.append(captions.cost + *cost);
+    out.append(captions.estimatedValue + *value);
+    line(captions.notes, vinyl.notes);
     return out;
 }

@@ -3,6 +3,7 @@
 #include "collection/breakdown.h"
 #include "store/entities.h"
 #include "store/fetchrequest.h"
+#include "store/recordcaptions.h"
 #include "store/result.h"
 
 #include <QList>
@@ -56,8 +57,8 @@ inline constexpr double kTextInset = 18.0;
                                                bool ascending,
                                                const std::function<bool(const ReportRecords &)> &reading = {});
 [[nodiscard]] QString reportTitle(const QString &originScreen, const Vinyl &first, bool *hasValue = nullptr);
-// "Qty: 2 - Cost: 12.5 - Total Value (Qty * Value): $21.00"
-[[nodiscard]] QString amountsLine(const Vinyl &vinyl);
+// "Qty: 2 - Cost: 12.5 - Total Value (Qty * Value): $21.00", from the translated ReportTexts::kAmounts.
+[[nodiscard]] QString amountsLine(const Vinyl &vinyl, const QString &amounts);
 
 } // namespace ReportBuilder
 
@@ -102,4 +103,6 @@ private:
     QList<Vinyl> m_records;
     QList<CoverSizes> m_coverSizes;
     QList<Line> m_order; // the printed report's line order
+    QString m_amounts;
+    RecordCaptions m_captions;
 };

@@ -373,7 +373,7 @@ Result<void> ReportPages::layOut(const PageSink &sink, const PageStart &from, co
 {
     const int records = m_content.recordCount();
     if (from.record < -1 || from.record > records || from.block < 0 || from.line < 0)
-        return Error{u"No such page."_s};
+        return Error{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "No such page."))};
     const ReportTypesetter &t = *m_typesetter;
     ReportPage page;
     page.m_typesetter = &t;

@@ -2,7 +2,8 @@
 
 #include <QString>
 
-// Texts of the reports, in one place so tests can refer to them.
+// Texts of the reports, in one place so tests can refer to them. Those marked for translation
+// are English here and translated where they are written.
 namespace ReportTexts {
 using namespace Qt::StringLiterals;
 
@@ -18,29 +19,32 @@ inline const QString kNoTitleValue = QStringLiteral(QT_TRANSLATE_NOOP("Platterbo
 inline const QString kUnreadableAmount = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The %1 of \"%2\" cannot be read as a number."));
 inline const QString kReportTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Print Vinyl"));
 inline const QString kOverviewTitle = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Collection Overview"));
-inline const QString kPrintJob = u"Vinyl Collection"_s;
+inline const QString kPrintJob = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Collection"));
 inline const QString kCancelled = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cancelled."));
 
 // The Title of each kind of PDF file in its document information.
-inline const QString kFilteredListDocument = u"Filtered list"_s;
-inline const QString kCollectionReportDocument = u"Collection report"_s;
+inline const QString kFilteredListDocument = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Filtered list"));
+inline const QString kCollectionReportDocument = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Collection report"));
+
+// A record's amounts on the printed report, in place of the filtered list's lines.
+inline const QString kAmounts = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Qty: %1 - Cost: %2 - Total Value (Qty * Value): %3"));
 
 // What the progress bar of a report says it is doing.
 inline const QString kLayingOut = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Laying out pages"));
 inline const QString kPrinting = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Printing"));
 
 // Title lines of the printed report.
-inline const QString kCompleteList = u"Complete List of Vinyl"_s;
-inline const QString kReportByArtist = u"Vinyl's Filtered by Artist: "_s;
-inline const QString kReportByDate = u"Vinyl's Filtered by Release Date: "_s;
-inline const QString kReportByProducer = u"Vinyl's Filtered by Producer: "_s;
-inline const QString kReportByLabel = u"Vinyl's Filtered by Record Label: "_s;
+inline const QString kCompleteList = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Complete List of Vinyl"));
+inline const QString kReportByArtist = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl's Filtered by Artist: "));
+inline const QString kReportByDate = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl's Filtered by Release Date: "));
+inline const QString kReportByProducer = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl's Filtered by Producer: "));
+inline const QString kReportByLabel = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl's Filtered by Record Label: "));
 
 // Title lines of the filtered-list documents.
-inline const QString kFilteredByArtist = u"Vinyl Filtered by Artist: "_s;
-inline const QString kFilteredByLabel = u"Vinyl Filtered by Record Label: "_s;
-inline const QString kFilteredByProducer = u"Vinyl Filtered by Producer: "_s;
-inline const QString kFilteredByYear = u"Vinyl Filtered by Year: "_s;
+inline const QString kFilteredByArtist = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Filtered by Artist: "));
+inline const QString kFilteredByLabel = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Filtered by Record Label: "));
+inline const QString kFilteredByProducer = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Filtered by Producer: "));
+inline const QString kFilteredByYear = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Filtered by Year: "));
 } // namespace ReportTexts
 
 // The lists a printed report is made from, by the names the screens and `report --origin` give

@@ -14,6 +14,7 @@ list(APPEND PB_CORE_SOURCES
     store/formatters.h store/formatters.cpp
     store/keptfigures.h store/keptfigures.cpp
     store/logging.h store/logging.cpp
+    store/recordcaptions.h store/recordcaptions.cpp
     store/recordnumbers.h store/recordnumbers.cpp
     store/result.h
     store/samplecollection.h store/samplecollection.cpp

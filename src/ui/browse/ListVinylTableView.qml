@@ -30,11 +30,13 @@ ScreenPage {
         ToolbarButton {
             objectName: "SortButton"
             text: qsTr("Sort")
+            Accessible.name: controller.sortAction
             onClicked: controller.SortButtonTapped()
         },
         ToolbarButton {
             objectName: "SortMenuButton"
             text: qsTr("Sort by")
+            Accessible.name: qsTr("Choose the sort order")
             onClicked: sortMenu.open()
 
             Menu {

@@ -43,7 +43,7 @@ bool BreakdownTableViewController::canSharePdf()
 
 QString BreakdownTableViewController::title() const
 {
-    return app() ? Breakdown::title(m_kind, app()->state()->currentRecord()) : m_kind.title;
+    return app() ? Breakdown::title(m_kind, app()->state()->currentRecord()) : translated(m_kind.title);
 }
 
 QString BreakdownTableViewController::sortButtonTitle() const
@@ -231,7 +231,7 @@ const RecordCard &BreakdownTableViewController::cardOf(int record, bool whileSea
 {
     std::optional<RecordCard> &card = m_cards[whileSearching ? 1 : 0][record];
     if (!card)
-        card = Breakdown::makeCard(m_records.at(record), m_kind, whileSearching);
+        card = Breakdown::makeCard(m_records.at(record), m_kind, whileSearching, m_captions);
     return *card;
 }
 

@@ -6,6 +6,7 @@
 #include "reports/filteredlistpdf.h"
 #include "store/backgroundjob.h"
 #include "store/result.h"
+#include "store/translations.h"
 
 #include <functional>
 #include <optional>
@@ -39,7 +40,7 @@ class BreakdownTableViewController : public RecordListController
 public:
     [[nodiscard]] QString title() const;
     [[nodiscard]] RecordCardModel *model() { return &m_model; }
-    [[nodiscard]] QString placeholder() const { return m_kind.placeholder; }
+    [[nodiscard]] QString placeholder() const { return translated(m_kind.placeholder); }
     [[nodiscard]] QString headerText() const { return m_headerText; }
     [[nodiscard]] QString footerText() const { return m_footerText; }
     [[nodiscard]] QString sortButtonTitle() const;
@@ -110,6 +111,7 @@ private:
     float m_value = 0;
     // Header and footer change when the list is reloaded, not when a row is deleted.
     QString m_headerText;
+    const RecordCaptions m_captions = RecordCaptions::translatedNow();
     QString m_footerText;
     BackgroundJob m_share;
     QString m_shareFile;

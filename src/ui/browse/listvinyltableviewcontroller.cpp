@@ -19,15 +19,20 @@ struct SortOption
     QString consoleLine;
     QString sortName;
     QString placeholder;
+    QString sortAction; // what the Sort button does under this choice, for a screen reader
 };
 
 const QList<SortOption> &sortOptionTable()
 {
     static const QList<SortOption> table = {
-        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Name")), u"Option 1 selected"_s, BrowseTexts::kSortName, BrowseTexts::kSearchByName},
-        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Year")), u"Option 2 selected"_s, BrowseTexts::kSortYear, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Year"))},
-        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Record Label")), u"Option 3 selected"_s, BrowseTexts::kSortRecordLabel, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Record Label"))},
-        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Artist")), u"Option 4 selected"_s, BrowseTexts::kSortArtist, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Artist"))},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Name")), u"Option 1 selected"_s, BrowseTexts::kSortName, BrowseTexts::kSearchByName,
+         QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort by name"))},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Year")), u"Option 2 selected"_s, BrowseTexts::kSortYear, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Year")),
+         QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort by year"))},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Record Label")), u"Option 3 selected"_s, BrowseTexts::kSortRecordLabel, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Record Label")),
+         QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort by record label"))},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "By Artist")), u"Option 4 selected"_s, BrowseTexts::kSortArtist, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Search by Artist")),
+         QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Sort by artist"))},
     };
     return table;
 }
@@ -50,6 +55,15 @@ QStringList ListVinylTableViewController::sortOptions() const
     for (const SortOption &option : sortOptionTable())
         titles.append(translated(option.title));
     return titles;
+}
+
+QString ListVinylTableViewController::sortAction() const
+{
+    for (const SortOption &option : sortOptionTable()) {
+        if (option.sortName == m_sortName)
+            return translated(option.sortAction);
+    }
+    return translated(BrowseTexts::kSortButtonTitle);
 }
 
 bool ListVinylTableViewController::canAdd() const

@@ -24,6 +24,8 @@ class ListVinylTableViewController : public RecordListController
     Q_PROPERTY(QString sortName READ sortName NOTIFY listChanged)
     Q_PROPERTY(bool sortAsc READ sortAsc NOTIFY listChanged)
     Q_PROPERTY(QStringList sortOptions READ sortOptions CONSTANT)
+    // What the Sort button does now ("Sort by artist"), its name for a screen reader.
+    Q_PROPERTY(QString sortAction READ sortAction NOTIFY listChanged)
     Q_PROPERTY(bool canAdd READ canAdd NOTIFY loaded)
     // The table rather than the cards was chosen (kept in the settings); the view shows it
     // where the window is wide enough.
@@ -42,6 +44,7 @@ public:
     [[nodiscard]] QString sortName() const { return m_sortName; }
     [[nodiscard]] bool sortAsc() const { return m_sortAsc.value_or(true); }
     [[nodiscard]] QStringList sortOptions() const;
+    [[nodiscard]] QString sortAction() const;
     [[nodiscard]] bool canAdd() const;
     [[nodiscard]] bool searching() const { return !m_searchText.isEmpty(); }
     [[nodiscard]] bool tableChosen() const;

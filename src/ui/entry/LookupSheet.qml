@@ -23,6 +23,7 @@ Popup {
     x: (areaWidth - width) / 2
     y: (areaHeight - height) / 2
     modal: true
+    Overlay.modal: Rectangle { color: Theme.scrim }
     padding: 0
     closePolicy: Popup.CloseOnEscape
     background: Rectangle { color: Theme.surface; radius: root.phone ? 0 : 10; border.color: Theme.border }

@@ -88,7 +88,8 @@ ScreenPage {
                     trackNumberLabel: row.trackNumberLabel
                     durationLabel: row.durationLabel
                     writtenByLabel: row.writtenByLabel
-                    coverSource: "image://cover/" + controller.vinylRowId + "/back"
+                    // The placeholder of a record without a cover is drawn for the variant in use.
+                    coverSource: "image://cover/" + controller.vinylRowId + "/back" + (Theme.dark ? "/dark" : "")
                     hovered: row.hovered
                 }
                 onClicked: {

@@ -5,6 +5,7 @@
 #include "shell/appdelegate.h"
 #include "shell/platformservices.h"
 #include "store/store.h"
+#include "store/translations.h"
 
 #include <QDir>
 #include <QSaveFile>
@@ -56,9 +57,11 @@ ExportViewController::~ExportViewController()
 
 QString ExportViewController::helpText()
 {
-    return u"Step 1: Create the Export File\n"_s + u"Step 2: Option 1: Click 'Save To Files' button\n"_s
-           + u"             Option 2: Click the Email File button to email the file to yourself and then from your "
-             "email save the file to your iCloud Drive. There are size limits to email attachments for most carriers."_s;
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP(
+        "Platterbox",
+        "Step 1: Create the Export File\nStep 2: Option 1: Click 'Save To Files' button\n"
+        "             Option 2: Click the Email File button to email the file to yourself and then from your "
+        "email save the file to your iCloud Drive. There are size limits to email attachments for most carriers.")));
 }
 
 void ExportViewController::CreateUpdateFile()
@@ -166,7 +169,7 @@ void ExportViewController::failBuild(const QString &message)
     m_progress = 0.0;
     emit changed();
     emit buildFinished();
-    showAlert(kTitle, u"The collection could not be read: "_s + message);
+    showAlert(kTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be read: %1"))).arg(message));
 }
 
 void ExportViewController::CancelButtonTapped()

@@ -186,7 +186,7 @@ void ImportExportViewController::UndoLastImportButtonTapped()
                       },
                       [this](const Result<void> &result) {
                           if (!result) {
-                              showAlert(kUndoTitle, (m_job.cancelled() ? u"Cancelled."_s : result.errorMessage())
+                              showAlert(kUndoTitle, (m_job.cancelled() ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cancelled."))) : result.errorMessage())
                                                         + u'\n' + translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection is as it was."))));
                               return;
                           }

@@ -1,6 +1,7 @@
 #include "exchange/importpreviewmodel.h"
 
 #include "store/formatters.h"
+#include "store/translations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,17 +60,17 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         const TrackLine line = m_file->track(outcome.index);
         problem = line.problem;
         const Track &t = line.values;
-        row.lineLabel = u"Line %1"_s.arg(line.line);
+        row.lineLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Line %1"))).arg(line.line);
         row.titleLabel = text(t.song);
         if (t.trackNumber)
-            row.titleLabel = u"Track %1: "_s.arg(*t.trackNumber) + row.titleLabel;
+            row.titleLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Track %1: %2"))).arg(*t.trackNumber).arg(row.titleLabel);
         if (t.vinylID)
-            row.titleLabel += u" (record %1)"_s.arg(*t.vinylID);
+            row.titleLabel += translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", " (record %1)"))).arg(*t.vinylID);
     } else {
         const RecordLine line = m_file->record(outcome.index);
         problem = line.problem;
         const Vinyl &v = line.values;
-        row.lineLabel = u"Line %1"_s.arg(line.line);
+        row.lineLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Line %1"))).arg(line.line);
         row.titleLabel = text(v.name);
         if (!text(v.artist).isEmpty())
             row.titleLabel += (row.titleLabel.isEmpty() ? QString() : u" \u2014 "_s) + *v.artist;

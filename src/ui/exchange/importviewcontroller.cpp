@@ -61,7 +61,7 @@ QString remarks(const ImportFile &file)
     if (!file.ignoredColumns.isEmpty())
         lines.append(notRead(file.ignoredColumns));
     if (!file.remarks.isEmpty())
-        lines.append(u"Conditions: "_s + file.remarks.join(u"; "_s));
+        lines.append(translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Conditions: %1"))).arg(file.remarks.join(u"; "_s)));
     return lines.join(u'\n');
 }
 } // namespace

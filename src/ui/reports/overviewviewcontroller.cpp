@@ -34,5 +34,5 @@ bool OverviewViewController::documentFound()
 void OverviewViewController::viewDidLoad()
 {
     if (!documentFound())
-        showAlert(ReportTexts::kOverviewTitle, u"The overview document is missing from this build."_s);
+        showAlert(ReportTexts::kOverviewTitle, translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The overview document is missing from this build."))));
 }

@@ -37,7 +37,7 @@ Result<void> print(const ReportContent &content, QPrinter &printer, CoverReader 
     if (!drawn.laidOut)
         return drawn.laidOut;
     if (drawn.pageRefused)
-        return Error{u"The printer could not be used."_s};
+        return Error{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The printer could not be used."))};
     return {};
 }
 } // namespace
@@ -287,7 +287,7 @@ void PrintVinylViewController::EmailFileClick()
 {
     if (!app() || m_vinylList.isEmpty() || !m_report || busy())
         return;
-    std::shared_ptr<QPrinter> printer = app()->platform().choosePrinter(ReportTexts::kPrintJob);
+    std::shared_ptr<QPrinter> printer = app()->platform().choosePrinter(translated(ReportTexts::kPrintJob));
     if (!printer) {
         consoleLine(ReportTexts::kPrintCancelled);
         return;

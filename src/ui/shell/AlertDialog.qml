@@ -14,6 +14,7 @@ Dialog {
     property string message
 
     modal: true
+    Overlay.modal: Rectangle { color: Theme.scrim }
     anchors.centerIn: Overlay.overlay
     width: Math.min(parent ? parent.width - 48 : 320, 340)
     closePolicy: Popup.NoAutoClose

@@ -3,7 +3,7 @@ import QtQuick.Controls
 import Platterbox
 
 // The app's button look: corner radius 10, a 2-pixel border (black unless told otherwise),
-// a little darker under the pointer. An optional keyboard shortcut is named in its tooltip.
+// tinted under the pointer and more when held down. An optional keyboard shortcut is named in its tooltip.
 Button {
     id: root
 
@@ -42,6 +42,6 @@ Button {
         radius: 10
         border.width: 2
         border.color: root.borderColor
-        color: root.down ? Qt.darker(root.fillColor, 1.1) : root.hovered ? Qt.darker(root.fillColor, 1.04) : root.fillColor
+        color: root.down ? Theme.pressed(root.fillColor) : root.hovered ? Theme.hovered(root.fillColor) : root.fillColor
     }
 }

@@ -74,6 +74,9 @@ constexpr std::array<Variants, Theme::RoleCount> kColors = {{
     {0xffffffff, 0xffffffff}, // OnViewfinder
     {0x00000000, 0x00000000}, // NoFill
     {0x00000000, 0xff3a3a3a}, // CoverBackdrop
+    {0x14000000, 0x24ffffff}, // HoverTint
+    {0x29000000, 0x3dffffff}, // PressTint
+    {0x66000000, 0xa6000000}, // Scrim
 }};
 
 const std::array<QRgb, 5> kSeriesLight = {0xff209fdf, 0xff99ca53, 0xfff6a625, 0xff6d5fd5, 0xffbf593e};
@@ -173,6 +176,14 @@ Theme::Choice Theme::choiceFromKey(const QString &key)
     if (key == u"dark"_s)
         return Choice::Dark;
     return Choice::Desktop;
+}
+
+QColor Theme::tinted(const QColor &fill, const QColor &tint)
+{
+    const double a = tint.alphaF();
+    const auto mix = [a](double under, double over) { return under * (1 - a) + over * a; };
+    return QColor::fromRgbF(float(mix(fill.redF(), tint.redF())), float(mix(fill.greenF(), tint.greenF())),
+                            float(mix(fill.blueF(), tint.blueF())), fill.alphaF());
 }
 
 bool Theme::darkInUse()

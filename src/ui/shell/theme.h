@@ -71,6 +71,7 @@ class Theme : public QObject
     Q_PROPERTY(QColor viewfinder READ viewfinder NOTIFY changed)
     Q_PROPERTY(QColor onViewfinder READ onViewfinder NOTIFY changed)
     Q_PROPERTY(QColor noFill READ noFill NOTIFY changed)
+    Q_PROPERTY(QColor scrim READ scrim NOTIFY changed)
     Q_PROPERTY(QColor coverBackdrop READ coverBackdrop NOTIFY changed)
     // The slices of a pie chart, in turn.
     Q_PROPERTY(QVariantList chartSeries READ chartSeries NOTIFY changed)
@@ -131,6 +132,9 @@ public:
         OnViewfinder, // text over the camera picture
         NoFill, // the inside of a shape that is only an outline
         CoverBackdrop, // behind the drawn record of a record without a cover
+        HoverTint, // laid over a button under the pointer: darker on light, lighter on dark
+        PressTint, // laid over a button held down
+        Scrim, // dims the screen behind a modal dialog
         RoleCount
     };
     Q_ENUM(Role)
@@ -147,6 +151,8 @@ public:
     [[nodiscard]] static QList<ContrastPair> contrastPairs();
 
     [[nodiscard]] static QColor color(Role role, bool dark);
+    // fill with a translucent tint laid over it.
+    [[nodiscard]] static QColor tinted(const QColor &fill, const QColor &tint);
     [[nodiscard]] static QVariantList chartSeries(bool dark);
 
     // The stored form of a choice ("light", "dark", "desktop") and back; anything else reads as
@@ -226,6 +232,10 @@ public:
     [[nodiscard]] QColor onViewfinder() const { return color(OnViewfinder); }
     [[nodiscard]] QColor noFill() const { return color(NoFill); }
     [[nodiscard]] QColor coverBackdrop() const { return color(CoverBackdrop); }
+    // A fill under the pointer, and held down: the tint of the variant laid over it.
+    [[nodiscard]] Q_INVOKABLE QColor hovered(const QColor &fill) const { return tinted(fill, color(HoverTint)); }
+    [[nodiscard]] Q_INVOKABLE QColor pressed(const QColor &fill) const { return tinted(fill, color(PressTint)); }
+    [[nodiscard]] QColor scrim() const { return color(Scrim); }
     [[nodiscard]] QVariantList chartSeries() const { return chartSeries(m_dark); }
 
 signals:

@@ -29,9 +29,9 @@ QList<ShownChart> shownCharts(const Statistics &statistics, const QString &decad
     for (const ChartDefinition &chart : chartDefinitions()) {
         if (chart.name == u"recordsPerYear"_s)
             continue;
-        ShownChart shown{chart.name, chart.title, chart.look, chart.currency, chart.opens, false, statistics.*chart.series};
+        ShownChart shown{chart.name, translated(chart.title), chart.look, chart.currency, chart.opens, false, statistics.*chart.series};
         if (chart.opens == ChartDefinition::Opens::DecadeYears && !decade.isEmpty()) {
-            shown.title = u"Records in the "_s + decade;
+            shown.title = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Records in the %1"))).arg(decade);
             shown.opens = ChartDefinition::Opens::YearList;
             shown.canGoBack = true;
             shown.series.clear();

@@ -7,12 +7,12 @@ ValuationRowModel::ValuationRowModel(QObject *parent) : QAbstractListModel(paren
 void ValuationRowModel::setRecords(qint64 rows, RecordReader reader)
 {
     beginResetModel();
-    m_pages.reset(rows, [reader = std::move(reader)](qint64 first, int n) {
+    m_pages.reset(rows, [reader = std::move(reader), captions = RecordCaptions::translatedNow()](qint64 first, int n) {
         QList<Row> rows;
         const QList<Vinyl> records = reader(first, n);
         rows.reserve(records.size());
         for (const Vinyl &vinyl : records)
-            rows.append({vinyl, Valuation::rowTexts(vinyl)});
+            rows.append({vinyl, Valuation::rowTexts(vinyl, captions)});
         return rows;
     });
     endResetModel();

@@ -147,7 +147,7 @@ bool WantedViewController::gotIt(const QString &cost)
         return true;
     std::optional<float> paid;
     if (!cost.trimmed().isEmpty()) {
-        const auto parsed = RecordForm::parseMoney(u"Cost"_s, cost);
+        const auto parsed = RecordForm::parseMoney(RecordForm::kCostField, cost);
         if (!parsed) {
             showAlert(Wantlist::kGotItTitle, parsed.errorMessage());
             return false;

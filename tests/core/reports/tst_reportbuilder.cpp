@@ -344,7 +344,7 @@ private slots:
         v.quantity = qint16(quantity);
         v.cost = cost;
         v.value = value;
-        QCOMPARE(ReportBuilder::amountsLine(v), line);
+        QCOMPARE(ReportBuilder::amountsLine(v, ReportTexts::kAmounts), line);
     }
 
     void reportLineOrderFollowsOrigin_data()

@@ -86,10 +86,27 @@ private slots:
                                                   .arg(minimum)));
     }
 
+    // A button under the pointer, and held down, must look it on every fill, light or dark.
+    void hoverAndPressShowOnEveryButtonFill()
+    {
+        for (const bool dark : {false, true}) {
+            for (const Theme::Role fill : {Theme::Surface, Theme::Card, Theme::SuccessFill, Theme::DangerFill,
+                                           Theme::SelectedCard, Theme::WarningFill}) {
+                const QColor plain = Theme::color(fill, dark);
+                const QColor hovered = Theme::tinted(plain, Theme::color(Theme::HoverTint, dark));
+                const QColor pressed = Theme::tinted(plain, Theme::color(Theme::PressTint, dark));
+                const QString name = roleName(fill) + (dark ? u" (dark)"_s : u" (light)"_s);
+                QVERIFY2(contrast(plain, hovered) >= 1.1, qPrintable(name));
+                QVERIFY2(contrast(hovered, pressed) >= 1.1, qPrintable(name));
+            }
+        }
+    }
+
     // A role left out of the colour table would read as transparent black.
     void everyRoleHasBothVariants()
     {
-        const QList<Theme::Role> seeThrough = {Theme::NoFill, Theme::CoverBackdrop, Theme::PickerBand};
+        const QList<Theme::Role> seeThrough = {Theme::NoFill,    Theme::CoverBackdrop, Theme::PickerBand,
+                                               Theme::HoverTint, Theme::PressTint,     Theme::Scrim};
         for (int r = 0; r < Theme::RoleCount; ++r) {
             const auto role = static_cast<Theme::Role>(r);
             if (seeThrough.contains(role))
