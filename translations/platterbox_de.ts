@@ -1822,7 +1822,7 @@ Optionen:
     </message>
     <message>
         <source>List by Artist</source>
-        <translation>Liste nach Künstler</translation>
+        <translation>Nach Künstler</translation>
     </message>
     <message>
         <source>Search by Album Name</source>
@@ -1830,7 +1830,7 @@ Optionen:
     </message>
     <message>
         <source>List by Producer</source>
-        <translation>Liste nach Produzent</translation>
+        <translation>Nach Produzent</translation>
     </message>
     <message>
         <source>Search by Producer</source>
@@ -1838,7 +1838,7 @@ Optionen:
     </message>
     <message>
         <source>List by Year</source>
-        <translation>Liste nach Jahr</translation>
+        <translation>Nach Jahr</translation>
     </message>
     <message>
         <source>Search by Release Date</source>
@@ -2255,6 +2255,142 @@ Schritt 2: Möglichkeit 1: Auf „In Dateien sichern“ klicken
     <message>
         <source>Sort by artist</source>
         <translation>Nach Künstler sortieren</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Wertzuwachs</translation>
+    </message>
+    <message>
+        <source>Loss</source>
+        <translation>Wertverlust</translation>
+    </message>
+    <message>
+        <source>other texts that are no grade: kept in the notes</source>
+        <translation>weitere Texte, die keine Bewertung sind: in den Notizen behalten</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no grade: kept in the notes</source>
+        <translation>„%1“ ist keine Bewertung: in den Notizen behalten</translation>
+    </message>
+    <message>
+        <source>Record Number</source>
+        <translation>Plattennummer</translation>
+    </message>
+    <message>
+        <source>Album Name</source>
+        <translation>Albumname</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Künstler</translation>
+    </message>
+    <message>
+        <source>Release Date</source>
+        <translation>Erscheinungsdatum</translation>
+    </message>
+    <message>
+        <source>Record Label</source>
+        <translation>Label</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Run Length (min)</source>
+        <translation>Spieldauer (min)</translation>
+    </message>
+    <message>
+        <source>Producer</source>
+        <translation>Produzent</translation>
+    </message>
+    <message>
+        <source>Vinyl Condition</source>
+        <translation>Zustand der Platte</translation>
+    </message>
+    <message>
+        <source>Record Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Single/Double</source>
+        <translation>Einfach/Doppel</translation>
+    </message>
+    <message>
+        <source>Est. Value</source>
+        <translation>Gesch. Wert</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Barcode</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>MusicBrainz Release ID</source>
+        <translation>MusicBrainz-Release-ID</translation>
+    </message>
+    <message>
+        <source>Vinyl ID</source>
+        <translation>Platten-ID</translation>
+    </message>
+    <message>
+        <source>Track #</source>
+        <translation>Titel Nr.</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Written By</source>
+        <translation>Geschrieben von</translation>
+    </message>
+    <message>
+        <source>record</source>
+        <translation>Platte</translation>
+    </message>
+    <message>
+        <source>records</source>
+        <translation>Platten</translation>
+    </message>
+    <message>
+        <source>track</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>tracks</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>1 record</source>
+        <translation>1 Platte</translation>
+    </message>
+    <message>
+        <source>%1 records</source>
+        <translation>%1 Platten</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Updated</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Unchanged</source>
+        <translation>Unverändert</translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
     </message>
 </context>
 <context>

@@ -87,8 +87,8 @@ Result<Statistics> compute(const Store &store, const Progress &progress = {});
 } // namespace StatisticsQueries
 
 namespace StatisticsTexts {
-inline const QString kGain = QStringLiteral("Gain");
-inline const QString kLoss = QStringLiteral("Loss");
+inline const QString kGain = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Gain"));
+inline const QString kLoss = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Loss"));
 // "Gain" or "Loss": what the difference between value and cost is called.
 [[nodiscard]] QString differenceTitle(double difference);
 // The amount of a gain or a loss, without a sign: "$12.50".

@@ -1,6 +1,7 @@
 #include "exchange/discogscsv.h"
 
 #include "exchange/fileattributes.h"
+#include "store/translations.h"
 
 #include <QHash>
 #include <QLocale>
@@ -20,7 +21,7 @@ const QStringList kColumns = {u"Catalog#"_s, u"Artist"_s, u"Title"_s, u"Label"_s
 
 // Condition texts that are no grade are named in the preview up to this many.
 constexpr qsizetype kListedConditions = 20;
-const QString kUnlistedConditions = u"other texts that are no grade: kept in the notes"_s;
+const QString kUnlistedConditions = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "other texts that are no grade: kept in the notes"));
 
 // The lines of a release's copies named in the preview, at most; the rest are counted.
 constexpr qsizetype kListedCopies = 20;
@@ -192,15 +193,15 @@ QStringList conditionRemarks(QHash<QString, QString> conditions, bool unlisted)
     for (const ConditionGrade &entry : conditionGrades()) {
         if (!conditions.remove(entry.condition.toLower()))
             continue;
-        remarks.append(entry.grade.isEmpty() ? u"\"%1\" is no grade: kept in the notes"_s.arg(entry.condition)
+        remarks.append(entry.grade.isEmpty() ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is no grade: kept in the notes"))).arg(entry.condition)
                                              : u"\"%1\" \u2192 %2"_s.arg(entry.condition, entry.grade));
     }
     QStringList unknown = conditions.values();
     unknown.sort();
     for (const QString &condition : std::as_const(unknown))
-        remarks.append(u"\"%1\" is no grade: kept in the notes"_s.arg(FileAttributes::excerpt(condition)));
+        remarks.append(translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "\"%1\" is no grade: kept in the notes"))).arg(FileAttributes::excerpt(condition)));
     if (unlisted)
-        remarks.append(kUnlistedConditions);
+        remarks.append(translated(kUnlistedConditions));
     return remarks;
 }
 

@@ -14,24 +14,24 @@ namespace FileAttributes {
 const QList<RecordAttribute> &records()
 {
     static const QList<RecordAttribute> table = {
-        {u"id"_s, u"Record Number"_s, &Vinyl::id},
-        {u"name"_s, u"Album Name"_s, &Vinyl::name},
-        {u"artist"_s, u"Artist"_s, &Vinyl::artist},
-        {u"releaseDate"_s, u"Release Date"_s, &Vinyl::releaseDate},
-        {u"recordLabel"_s, u"Record Label"_s, &Vinyl::recordLabel},
-        {u"quantity"_s, u"Quantity"_s, &Vinyl::quantity},
-        {u"albumDuration"_s, u"Run Length (min)"_s, &Vinyl::albumDuration},
-        {u"producer"_s, u"Producer"_s, &Vinyl::producer},
-        {u"vinylCondition"_s, u"Vinyl Condition"_s, &Vinyl::vinylCondition},
-        {u"coverCondition"_s, u"Cover Condition"_s, &Vinyl::coverCondition},
-        {u"recordSpeed"_s, u"Record Speed"_s, &Vinyl::recordSpeed},
-        {u"doubleAlbum"_s, u"Single/Double"_s, &Vinyl::doubleAlbum},
-        {u"cost"_s, u"Cost"_s, &Vinyl::cost},
-        {u"value"_s, u"Est. Value"_s, &Vinyl::value},
-        {u"notes"_s, u"Notes"_s, &Vinyl::notes},
+        {u"id"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record Number")), &Vinyl::id},
+        {u"name"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Album Name")), &Vinyl::name},
+        {u"artist"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Artist")), &Vinyl::artist},
+        {u"releaseDate"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Release Date")), &Vinyl::releaseDate},
+        {u"recordLabel"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record Label")), &Vinyl::recordLabel},
+        {u"quantity"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Quantity")), &Vinyl::quantity},
+        {u"albumDuration"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Run Length (min)")), &Vinyl::albumDuration},
+        {u"producer"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Producer")), &Vinyl::producer},
+        {u"vinylCondition"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl Condition")), &Vinyl::vinylCondition},
+        {u"coverCondition"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cover Condition")), &Vinyl::coverCondition},
+        {u"recordSpeed"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Record Speed")), &Vinyl::recordSpeed},
+        {u"doubleAlbum"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Single/Double")), &Vinyl::doubleAlbum},
+        {u"cost"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Cost")), &Vinyl::cost},
+        {u"value"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Est. Value")), &Vinyl::value},
+        {u"notes"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Notes")), &Vinyl::notes},
         // Last, so that a file written before they were kept reads as it always did.
-        {u"barcode"_s, u"Barcode"_s, &Vinyl::barcode},
-        {u"musicBrainzReleaseId"_s, u"MusicBrainz Release ID"_s, &Vinyl::musicBrainzReleaseId},
+        {u"barcode"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Barcode")), &Vinyl::barcode},
+        {u"musicBrainzReleaseId"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "MusicBrainz Release ID")), &Vinyl::musicBrainzReleaseId},
     };
     return table;
 }
@@ -39,11 +39,11 @@ const QList<RecordAttribute> &records()
 const QList<TrackAttribute> &tracks()
 {
     static const QList<TrackAttribute> table = {
-        {u"vinylID"_s, u"Vinyl ID"_s, &Track::vinylID},
-        {u"trackNumber"_s, u"Track #"_s, &Track::trackNumber},
-        {u"song"_s, u"Song"_s, &Track::song},
-        {u"duration"_s, u"Duration"_s, &Track::duration},
-        {u"writtenBy"_s, u"Written By"_s, &Track::writtenBy},
+        {u"vinylID"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Vinyl ID")), &Track::vinylID},
+        {u"trackNumber"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Track #")), &Track::trackNumber},
+        {u"song"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Song")), &Track::song},
+        {u"duration"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Duration")), &Track::duration},
+        {u"writtenBy"_s, QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Written By")), &Track::writtenBy},
     };
     return table;
 }

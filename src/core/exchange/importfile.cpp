@@ -48,11 +48,11 @@ QString summary(const ImportFile &file)
         return formatName(file.format);
     const QLocale locale;
     const auto count = [&locale](qsizetype n, const QString &one, const QString &many) -> QString {
-        return locale.toString(qint64(n)) + u' ' + (n == 1 ? one : many);
+        return locale.toString(qint64(n)) + u' ' + translated(n == 1 ? one : many);
     };
-    QString text = formatName(file.format) + u": "_s + count(file.recordCount(), u"record"_s, u"records"_s);
+    QString text = formatName(file.format) + u": "_s + count(file.recordCount(), QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "record")), QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "records")));
     if (file.trackCount() > 0)
-        text += u", "_s + count(file.trackCount(), u"track"_s, u"tracks"_s);
+        text += u", "_s + count(file.trackCount(), QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "track")), QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "tracks")));
     return text;
 }
 

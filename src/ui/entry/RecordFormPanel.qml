@@ -205,7 +205,7 @@ Item {
                                     objectName: !cover.front && root.addScreen && modelData.name === "FolderButton"
                                                 ? "RearFolderButtom" : (cover.front ? "Front" : "Rear") + modelData.name
                                     text: modelData.caption
-                                    Accessible.name: qsTr("%1: %2").arg(cover.modelData.caption, modelData.caption)
+                                    Accessible.name: qsTr("%1: %2").arg(cover.modelData.caption).arg(modelData.caption)
                                     font.pixelSize: 14
                                     implicitHeight: 38
                                     Layout.fillWidth: true

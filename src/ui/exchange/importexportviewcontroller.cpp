@@ -24,7 +24,7 @@ QString dateAndTime(const QDateTime &when)
 
 QString records(qint64 count)
 {
-    return count == 1 ? u"1 record"_s : u"%1 records"_s.arg(QLocale().toString(count));
+    return count == 1 ? translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "1 record"))) : translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 records"))).arg(QLocale().toString(count));
 }
 
 } // namespace

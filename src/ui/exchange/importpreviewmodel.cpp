@@ -53,7 +53,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
 {
     static const QString kinds[] = {kNew, kUpdated, kUnchanged, kProblem};
     Row row;
-    row.kindLabel = kinds[outcome.kind];
+    row.kindLabel = translated(kinds[outcome.kind]);
     QString remark;
     QString problem; // the line's own
     if (outcome.track) {
@@ -91,7 +91,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         remark = outcome.detail >= 0 ? detail.problem : problem;
     QStringList details;
     for (const FieldChange &change : detail.changes)
-        details.append(u"%1: %2 \u2192 %3"_s.arg(change.field, change.before, change.after));
+        details.append(u"%1: %2 \u2192 %3"_s.arg(translated(change.field), change.before, change.after));
     if (!remark.isEmpty())
         details.append(remark);
     row.detailLabel = details.join(u'\n');

@@ -33,10 +33,11 @@ public:
     // Every kind of line rather than one.
     static constexpr int kAllKinds = -1;
 
-    static inline const QString kNew = QStringLiteral("New");
-    static inline const QString kUpdated = QStringLiteral("Updated");
-    static inline const QString kUnchanged = QStringLiteral("Unchanged");
-    static inline const QString kProblem = QStringLiteral("Problem");
+    // English, translated where they are shown.
+    static inline const QString kNew = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "New"));
+    static inline const QString kUpdated = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Updated"));
+    static inline const QString kUnchanged = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Unchanged"));
+    static inline const QString kProblem = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Problem"));
 
     explicit ImportPreviewModel(QObject *parent = nullptr);
 

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import Platterbox
 
 // The mark around the control the keyboard has reached, for controls whose own look shows
@@ -8,7 +8,8 @@ import Platterbox
 Rectangle {
     id: root
 
-    required property Control control
+    // Templates' Control: a style's own Control type is not the base of its buttons and delegates.
+    required property T.Control control
     // Drawn this far outside the control.
     property real gap: 2
     property color ringColor: Theme.focusRing

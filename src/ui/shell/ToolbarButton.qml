@@ -16,6 +16,8 @@ ToolButton {
                             implicitContentWidth + leftPadding + rightPadding)
     leftPadding: compact ? 4 : 6
     rightPadding: compact ? 4 : 6
+    // Capitals take a third more room: on a narrow window the title keeps it instead.
+    font.capitalization: compact ? Font.MixedCase : Font.AllUppercase
 
     ToolTip.text: keys.hint(toolTip)
     ToolTip.visible: hovered && ToolTip.text !== ""
