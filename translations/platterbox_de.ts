@@ -1950,7 +1950,7 @@ Optionen:
     </message>
     <message>
         <source>Written By: %1</source>
-        <translation>Geschrieben von: %1</translation>
+        <translation>Autor: %1</translation>
     </message>
     <message>
         <source>Records held: %1
@@ -2138,7 +2138,7 @@ Gesamtwert: %2
     </message>
     <message>
         <source>Speed: </source>
-        <translation>Geschwindigkeit: </translation>
+        <translation>Tempo: </translation>
     </message>
     <message>
         <source>Record Speed: </source>
@@ -2391,6 +2391,26 @@ Schritt 2: Möglichkeit 1: Auf „In Dateien sichern“ klicken
     <message>
         <source>Problem</source>
         <translation>Problem</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Label</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
     </message>
 </context>
 <context>
@@ -2780,11 +2800,11 @@ Schritt 2: Möglichkeit 1: Auf „In Dateien sichern“ klicken
     </message>
     <message>
         <source>Wanted Album</source>
-        <translation>Gesuchtes Album</translation>
+        <translation>Gesucht</translation>
     </message>
     <message>
         <source>Look Up</source>
-        <translation>Nachschlagen</translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Got It</source>

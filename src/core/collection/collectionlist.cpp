@@ -38,10 +38,10 @@ QString searchAttribute(const QString &sortName)
 const QList<TableColumn> &tableColumns()
 {
     static const QList<TableColumn> columns = {
-        {u"Album"_s, BrowseTexts::kSortName},      {u"Artist"_s, BrowseTexts::kSortArtist},
-        {u"Year"_s, BrowseTexts::kSortYear},       {u"Label"_s, BrowseTexts::kSortRecordLabel},
-        {u"Speed"_s, BrowseTexts::kSortSpeed},     {u"Quantity"_s, BrowseTexts::kSortQuantity},
-        {u"Value"_s, BrowseTexts::kSortValue},     {u"Total"_s, BrowseTexts::kSortTotal},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Album")), BrowseTexts::kSortName},      {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Artist")), BrowseTexts::kSortArtist},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Year")), BrowseTexts::kSortYear},       {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Label")), BrowseTexts::kSortRecordLabel},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Speed")), BrowseTexts::kSortSpeed},     {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Quantity")), BrowseTexts::kSortQuantity},
+        {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Value")), BrowseTexts::kSortValue},     {QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Total")), BrowseTexts::kSortTotal},
     };
     return columns;
 }

@@ -25,7 +25,7 @@ namespace CollectionList {
 // A column of the collection table: its header and the sort choice a click on it makes.
 struct TableColumn
 {
-    QString title;
+    QString title; // English, marked for translation
     QString sortName;
 };
 // Album, Artist, Year, Label, Speed, Quantity, Value, Total: the order of RecordCard::cells.

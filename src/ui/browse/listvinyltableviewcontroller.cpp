@@ -113,7 +113,7 @@ QStringList ListVinylTableViewController::columnTitles() const
 {
     QStringList titles;
     for (const CollectionList::TableColumn &column : CollectionList::tableColumns())
-        titles.append(column.title);
+        titles.append(translated(column.title));
     return titles;
 }
 
@@ -136,10 +136,10 @@ void ListVinylTableViewController::columnHeaderClicked(int column)
     m_sortAsc = sortName == m_sortName ? !*m_sortAsc : true;
     m_sortName = sortName;
     // The orders without a text of their own search the name.
-    m_placeholder = BrowseTexts::kSearchByName;
+    m_placeholder = translated(BrowseTexts::kSearchByName);
     for (const SortOption &option : sortOptionTable()) {
         if (option.sortName == sortName)
-            m_placeholder = option.placeholder;
+            m_placeholder = translated(option.placeholder);
     }
     emit placeholderChanged();
     reload();
