@@ -407,6 +407,10 @@ Optionen:
         <source>Date: %1</source>
         <translation>Datum: %1</translation>
     </message>
+    <message>
+        <source>Calendar, chosen day %1</source>
+        <translation>Kalender, gewählter Tag %1</translation>
+    </message>
 </context>
 <context>
     <name>DefaultsView</name>

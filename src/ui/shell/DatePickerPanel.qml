@@ -174,6 +174,30 @@ Pane {
                 Layout.bottomMargin: 8
                 month: cal.month
                 year: cal.year
+                // One stop of the Tab chain: the arrows move the chosen day by a day or a week,
+                // Page Up and Page Down by a month, as in a desktop calendar.
+                activeFocusOnTab: true
+                Accessible.role: Accessible.Table
+                Accessible.name: qsTr("Calendar, chosen day %1").arg(root.selectedDate.toLocaleDateString(Qt.locale(), Locale.LongFormat))
+                FocusRing { control: grid }
+                function moveBy(days: int, months: int) {
+                    const d = root.selectedDate
+                    // A month on from the 31st is the month's last day, not a day of the next.
+                    const lastDay = new Date(d.getFullYear(), d.getMonth() + months + 1, 0).getDate()
+                    const moved = new Date(d.getFullYear(), d.getMonth() + months, Math.min(d.getDate(), lastDay) + days)
+                    cal.month = moved.getMonth()
+                    cal.year = moved.getFullYear()
+                    root.setDate(moved)
+                }
+                Keys.onPressed: (event) => {
+                    const steps = { [Qt.Key_Left]: [-1, 0], [Qt.Key_Right]: [1, 0], [Qt.Key_Up]: [-7, 0],
+                                    [Qt.Key_Down]: [7, 0], [Qt.Key_PageUp]: [0, -1], [Qt.Key_PageDown]: [0, 1] }
+                    const step = steps[event.key]
+                    if (step === undefined)
+                        return
+                    moveBy(step[0], step[1])
+                    event.accepted = true
+                }
                 delegate: Label {
                     required property var model
                     readonly property bool chosen: model.day === root.selectedDate.getDate()

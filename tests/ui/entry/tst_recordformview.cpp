@@ -1,6 +1,7 @@
 // The record form as the user meets it: taps and keys on the real screen.
 #include "entry/addvinylviewcontroller.h"
 #include "entry/notesviewcontroller.h"
+#include "store/settings.h"
 #include "testsupport.h"
 
 #include <QInputMethodEvent>
@@ -140,6 +141,50 @@ private slots:
         tap(u"ReleaseDateTextField"_s);
         QTRY_VERIFY(picker->isVisible());
         QCOMPARE(picker->property("selectedDate").toDateTime().date(), QDate::currentDate());
+    }
+
+    // The calendar is one stop of the Tab chain; the keys move the chosen day.
+    void calendarKeysMoveTheChosenDay_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QDate>("from");
+        QTest::addColumn<QDate>("to");
+        QTest::newRow("right to the next month") << int(Qt::Key_Right) << QDate(2024, 1, 31) << QDate(2024, 2, 1);
+        QTest::newRow("left to the last year") << int(Qt::Key_Left) << QDate(2024, 1, 1) << QDate(2023, 12, 31);
+        QTest::newRow("down a week") << int(Qt::Key_Down) << QDate(2024, 2, 26) << QDate(2024, 3, 4);
+        QTest::newRow("up a week") << int(Qt::Key_Up) << QDate(2024, 3, 4) << QDate(2024, 2, 26);
+        QTest::newRow("a month on from the 31st") << int(Qt::Key_PageDown) << QDate(2024, 1, 31) << QDate(2024, 2, 29);
+        QTest::newRow("a month back") << int(Qt::Key_PageUp) << QDate(2024, 3, 31) << QDate(2024, 2, 29);
+    }
+
+    void calendarKeysMoveTheChosenDay()
+    {
+        QFETCH(int, key);
+        QFETCH(QDate, from);
+        QFETCH(QDate, to);
+        // The form takes the picker's style when it opens.
+        m_app->app().settings().setValue(SettingsKeys::UseDateInline, true);
+        cleanup();
+        init();
+        m_app->app().settings().remove(SettingsKeys::UseDateInline);
+        tap(u"ReleaseDateTextField"_s);
+        QQuickItem *picker = item(u"ReleaseDatePickerView"_s);
+        QVERIFY(picker);
+        QTRY_VERIFY(picker->isVisible());
+        QQuickItem *calendar = nullptr;
+        QTRY_VERIFY((calendar = [picker] {
+            for (QQuickItem *child : picker->findChildren<QQuickItem *>()) {
+                if (child->inherits("QQuickMonthGrid") && child->isVisible())
+                    return child;
+            }
+            return static_cast<QQuickItem *>(nullptr);
+        }()));
+        picker->setProperty("selectedDate", QDateTime(from, QTime(0, 0)));
+        calendar->forceActiveFocus(Qt::TabFocusReason);
+        QTRY_VERIFY(calendar->hasActiveFocus());
+        QTest::keyClick(m_window, Qt::Key(key));
+        QCOMPARE(picker->property("selectedDate").toDateTime().date(), to);
+        QCOMPARE(addScreen()->releaseDate(), QLocale().toString(to, u"MMM d, yyyy"_s));
     }
 
     // The notes screen takes any text: line breaks, quotes and accented letters included.
