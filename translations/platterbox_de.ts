@@ -83,6 +83,13 @@ Optionen:
     </message>
 </context>
 <context>
+    <name>ChartCard</name>
+    <message>
+        <source>Open an entry of %1</source>
+        <translation>Eintrag aus %1 öffnen</translation>
+    </message>
+</context>
+<context>
     <name>Cli</name>
     <message numerus="yes">
         <source>Backed up %n records and %1 to %2</source>

@@ -94,6 +94,8 @@ ScreenPage {
                     implicitHeight: modelData.look === "bars" ? Math.max(320, 70 + 26 * modelData.labels.length) : 320
                     Layout.fillHeight: true
                     onBackClicked: controller.showAllDecades()
+                    openChoices: card.modelData.tappable ? card.modelData.labels : []
+                    onOpenChosen: (index) => controller.barTapped(card.modelData.name, index)
 
                     content: Chart {
                         anchors.fill: parent

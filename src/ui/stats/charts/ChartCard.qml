@@ -12,8 +12,12 @@ Card {
     // Shows a "back" link beside the title (a decade's years go back to every decade).
     property string backText
     property alias content: holder.data
+    // The entries a tap on the chart opens, offered in a menu too: the way for the keyboard and
+    // a screen reader, which cannot reach a bar. Empty when the chart opens nothing.
+    property var openChoices: []
 
     signal backClicked()
+    signal openChosen(int index)
 
     implicitHeight: 300
     Layout.fillWidth: true
@@ -43,6 +47,29 @@ Card {
                 font.pixelSize: 13
                 Layout.preferredHeight: 28
                 onClicked: root.backClicked()
+            }
+            ToolButton {
+                objectName: "OpenButton"
+                visible: root.openChoices.length > 0
+                text: "\u2026"
+                font.pixelSize: 15
+                Accessible.name: qsTr("Open an entry of %1").arg(root.title)
+                Layout.preferredHeight: 28
+                onClicked: choices.open()
+
+                Menu {
+                    id: choices
+                    y: parent.height
+                    Repeater {
+                        model: root.openChoices
+                        delegate: MenuItem {
+                            required property string modelData
+                            required property int index
+                            text: modelData
+                            onTriggered: root.openChosen(index)
+                        }
+                    }
+                }
             }
         }
         Item {
