@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QRegularExpression>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace DiscogsCsv {
@@ -76,8 +78,9 @@ QString recordSpeed(const QString &format)
 
 const ConditionGrade *gradeOf(const QString &condition)
 {
+    const QString trimmed = condition.trimmed();
     for (const ConditionGrade &entry : conditionGrades()) {
-        if (entry.condition.compare(condition.trimmed(), Qt::CaseInsensitive) == 0)
+        if (entry.condition.compare(trimmed, Qt::CaseInsensitive) == 0)
             return &entry;
     }
     return nullptr;
@@ -120,7 +123,7 @@ QString problemOf(const RowFields &f)
     if (f.at(Title).isEmpty())
         return kNoTitle;
     if (const QString released = f.at(Released); !released.isEmpty() && released != u"0"
-                                                  && !FileAttributes::parseIsoDate(released))
+                                                  && !FileAttributes::isIsoDate(released))
         return kNotADate.arg(FileAttributes::excerpt(released));
     return {};
 }
@@ -285,6 +288,7 @@ void read(QList<Csv::RowStart> rows, ImportFile &file, Export kind)
 
     QHash<QString, qint32> lastCopy; // release_id -> the row of its latest copy
     QHash<QString, QString> conditions;
+    std::array<QString, 2> previousCondition;
     bool unlisted = false;
     for (qint32 i = 1; i < rows.size(); ++i) {
         const Csv::Row row = Csv::rowAt(file.text, rows.at(i));
@@ -295,8 +299,11 @@ void read(QList<Csv::RowStart> rows, ImportFile &file, Export kind)
         const RowFields f(row, lines->positions);
         for (Column c : {MediaCondition, SleeveCondition}) {
             const QString condition = f.at(c);
-            if (condition.isEmpty())
+            // Rows mostly repeat the grade of the row before: it is counted already.
+            QString &previous = previousCondition[c == MediaCondition ? 0 : 1];
+            if (condition.isEmpty() || condition == previous)
                 continue;
+            previous = condition;
             // Texts that are no grade are listed up to a number; a crafted file may hold millions.
             if (gradeOf(condition) || conditions.size() < kListedConditions + conditionGrades().size()
                 || conditions.contains(condition.toLower()))

@@ -234,6 +234,15 @@ std::optional<QDateTime> parseIsoDate(const QString &text)
     return QDateTime(date, QTime(0, 0));
 }
 
+bool isIsoDate(const QString &text)
+{
+    if (const auto parts = yearMonthDay(text)) {
+        const auto [year, month, day] = *parts;
+        return year != 0 && QDate(year, month, day).isValid();
+    }
+    return QDateTime::fromString(text, Qt::ISODate).isValid();
+}
+
 #define PB_FILE_ATTRIBUTE_FUNCTIONS(Entity)                                                                          \
     template const FileAttribute<Entity> *find(const QList<FileAttribute<Entity>> &, const QString &);              \
     template QString fileText(const FileAttribute<Entity> &, const Entity &);                                        \

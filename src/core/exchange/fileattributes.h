@@ -69,6 +69,8 @@ void clear(const FileAttribute<Entity> &attribute, Entity &object);
 // A year ("1975"), a year and month ("1975-03"), a full date ("1975-03-05"; a "00" month or
 // day reads as the first) or an ISO date and time, as local time; nullopt for anything else.
 [[nodiscard]] std::optional<QDateTime> parseIsoDate(const QString &text);
+// Whether parseIsoDate reads the text, without making its date: a check on every line of a file.
+[[nodiscard]] bool isIsoDate(const QString &text);
 
 // A value as a problem quotes it: at most kExcerptLength characters, a longer one cut and ending
 // in "…", so that a problem never holds a whole line of a file.
