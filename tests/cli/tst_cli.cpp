@@ -246,13 +246,11 @@ private slots:
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("message");
         QTest::newRow("export") << QStringList{u"export"_s, u"FILE"_s} << int(CliOk) << QString();
-        QTest::newRow("export without images") << QStringList{u"export"_s, u"FILE"_s, u"--no-images"_s} << int(CliOk) << QString();
         QTest::newRow("export into a missing folder") << QStringList{u"export"_s, u"DIR/no/such/folder.csv"_s}
                                                       << int(CliBadInput) << u"cannot write"_s;
         QTest::newRow("import a missing file") << QStringList{u"import"_s, u"DIR/missing.csv"_s} << int(CliBadInput)
                                                << u"Cannot read"_s;
         QTest::newRow("import a folder") << QStringList{u"import"_s, u"DIR"_s} << int(CliBadInput) << u"is a folder"_s;
-        QTest::newRow("CSV export") << QStringList{u"export"_s, u"FILE"_s, u"--csv"_s} << int(CliOk) << QString();
         QTest::newRow("one file without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--one-file"_s} << int(CliBadUsage)
                                                 << u"usage:"_s;
         QTest::newRow("wantlist export without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--wantlist"_s}

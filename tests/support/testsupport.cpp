@@ -15,6 +15,8 @@
 #include <QSqlQuery>
 #include <QTest>
 
+#include <ctime>
+
 TestApp::TestApp()
 {
     auto platform = std::make_unique<RecordingPlatformServices>();
@@ -197,6 +199,24 @@ ScopedLocale::ScopedLocale(const QString &name)
 ScopedLocale::~ScopedLocale()
 {
     useTestLocale();
+}
+
+namespace {
+void setTimeZone(const QByteArray &zone)
+{
+    qputenv("TZ", zone);
+    tzset();
+}
+} // namespace
+
+ScopedTimeZone::ScopedTimeZone(const QByteArray &zone) : m_before(qgetenv("TZ"))
+{
+    setTimeZone(zone);
+}
+
+ScopedTimeZone::~ScopedTimeZone()
+{
+    setTimeZone(m_before);
 }
 
 namespace {

@@ -159,6 +159,19 @@ public:
     ScopedLocale &operator=(const ScopedLocale &) = delete;
 };
 
+// Another time zone for the process ("Asia/Tokyo") while it lives; the test's own afterwards.
+class ScopedTimeZone
+{
+public:
+    explicit ScopedTimeZone(const QByteArray &zone);
+    ~ScopedTimeZone();
+    ScopedTimeZone(const ScopedTimeZone &) = delete;
+    ScopedTimeZone &operator=(const ScopedTimeZone &) = delete;
+
+private:
+    QByteArray m_before;
+};
+
 // Captures the console lines written while it lives.
 class ConsoleCapture
 {

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+Q_DECLARE_METATYPE(Vinyl)
+
 namespace {
 
 // A record with every attribute set; rows of the tests change some of them.
@@ -41,25 +43,13 @@ Vinyl fullRecord()
     return v;
 }
 
-// Sets the named attributes; an invalid QVariant makes the attribute absent.
-void change(Vinyl &v, const QVariantMap &changes)
+// The full record with what a row changes.
+template<typename Change>
+Vinyl fullRecordWith(Change change)
 {
-    for (auto it = changes.begin(); it != changes.end(); ++it) {
-        const QVariant &x = it.value();
-        auto str = [&x]() { return x.isValid() ? std::optional<QString>(x.toString()) : std::nullopt; };
-        const QString &key = it.key();
-        if (key == u"artist") v.artist = str();
-        else if (key == u"name") v.name = str();
-        else if (key == u"notes") v.notes = str();
-        else if (key == u"coverCondition") v.coverCondition = str();
-        else if (key == u"producer") v.producer = str();
-        else if (key == u"recordLabel") v.recordLabel = str();
-        else if (key == u"id") v.id = x.isValid() ? std::optional<qint16>(qint16(x.toInt())) : std::nullopt;
-        else if (key == u"value") v.value = x.isValid() ? std::optional<float>(x.toFloat()) : std::nullopt;
-        else if (key == u"albumDuration") v.albumDuration = x.isValid() ? std::optional<double>(x.toDouble()) : std::nullopt;
-        else if (key == u"releaseDate") v.releaseDate = x.isValid() ? std::optional<QDateTime>(x.toDateTime()) : std::nullopt;
-        else QFAIL(qPrintable(u"unknown attribute "_s + key));
-    }
+    Vinyl v = fullRecord();
+    change(v);
+    return v;
 }
 
 QStringList lines(const QByteArray &data)
@@ -102,74 +92,63 @@ private slots:
     // Writing the collection: one line a record, then one a track.
     void writesRecordLine_data()
     {
-        QTest::addColumn<QVariantMap>("changes");
+        QTest::addColumn<Vinyl>("record");
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("consoleLine"); // expected among the console lines, if not empty
 
+        const QString head = u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^"_s;
         const QString tail = u"^Some Producer^1^Some Label^33 1/3^1975.03.05 14:30:15^20.0^Very Good^^"_s;
-        QTest::newRow("every field") << QVariantMap{} << u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^"_s + tail
-                                     << u"Notes is missing or empty."_s;
-        QTest::newRow("negative id") << QVariantMap{{u"id"_s, -5}}
+        QTest::newRow("every field") << fullRecord() << head + tail << u"Notes is missing or empty."_s;
+        QTest::newRow("negative id") << fullRecordWith([](Vinyl &v) { v.id = -5; })
                                      << u"45.5^Some Artist^12.5^Near Mint^Single^-5^Some Album^"_s + tail << QString();
         QTest::newRow("value 0 and whole duration")
-            << QVariantMap{{u"value"_s, 0.0}, {u"albumDuration"_s, 40.0}}
+            << fullRecordWith([](Vinyl &v) { v.value = 0.0f; v.albumDuration = 40.0; })
             << u"40.0^Some Artist^12.5^Near Mint^Single^3^Some Album^^Some Producer^1^Some Label^33 1/3^1975.03.05 14:30:15^0.0^Very Good^^"_s
             << QString();
-        QTest::newRow("tiny duration uses an exponent")
-            << QVariantMap{{u"albumDuration"_s, 1e-05}}
-            << u"1e-05^Some Artist^12.5^Near Mint^Single^3^Some Album^"_s + tail << QString();
+        QTest::newRow("tiny duration uses an exponent") << fullRecordWith([](Vinyl &v) { v.albumDuration = 1e-05; })
+                                                        << u"1e-05"_s + head.mid(4) + tail << QString();
         QTest::newRow("caret in the artist is removed")
-            << QVariantMap{{u"artist"_s, u"AC^DC"_s}}
-            << u"45.5^ACDC^12.5^Near Mint^Single^3^Some Album^"_s + tail
-            << u"A caret or line break was removed from artist."_s;
+            << fullRecordWith([](Vinyl &v) { v.artist = u"AC^DC"_s; })
+            << u"45.5^ACDC^12.5^Near Mint^Single^3^Some Album^"_s + tail << u"A caret or line break was removed from artist."_s;
         QTest::newRow("line breaks in the name are removed")
-            << QVariantMap{{u"name"_s, u"Two\r\nLines\n"_s}}
-            << u"45.5^Some Artist^12.5^Near Mint^Single^3^TwoLines^"_s + tail
-            << u"A caret or line break was removed from name."_s;
+            << fullRecordWith([](Vinyl &v) { v.name = u"Two\r\nLines\n"_s; })
+            << u"45.5^Some Artist^12.5^Near Mint^Single^3^TwoLines^"_s + tail << u"A caret or line break was removed from name."_s;
         QTest::newRow("text beyond ASCII is written as stored")
-            << QVariantMap{{u"artist"_s, u"Mot\u00f6rhead \u266b"_s}, {u"notes"_s, u"Caf\u00e9 & \u00c9t\u00e9^"_s}}
+            << fullRecordWith([](Vinyl &v) { v.artist = u"Mot\u00f6rhead \u266b"_s; v.notes = u"Caf\u00e9 & \u00c9t\u00e9^"_s; })
             << u"45.5^Mot\u00f6rhead \u266b^12.5^Near Mint^Single^3^Some Album^Caf\u00e9 and \u00c9t\u00e9"_s + tail << QString();
         QTest::newRow("caret beside text beyond ASCII is removed")
-            << QVariantMap{{u"name"_s, u"\u00c0 ^ la carte"_s}}
+            << fullRecordWith([](Vinyl &v) { v.name = u"\u00c0 ^ la carte"_s; })
             << u"45.5^Some Artist^12.5^Near Mint^Single^3^\u00c0  la carte^"_s + tail
             << u"A caret or line break was removed from name."_s;
-        QTest::newRow("notes are cleaned")
-            << QVariantMap{{u"notes"_s, u"Rock & Roll^\nDon't\r\nskip"_s}}
-            << u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^Rock and Roll~Dont~skip"_s + tail << QString();
-        QTest::newRow("empty notes")
-            << QVariantMap{{u"notes"_s, u""_s}} << u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^"_s + tail
-            << u"Notes is missing or empty."_s;
+        QTest::newRow("notes are cleaned") << fullRecordWith([](Vinyl &v) { v.notes = u"Rock & Roll^\nDon't\r\nskip"_s; })
+                                           << head + u"Rock and Roll~Dont~skip"_s + tail << QString();
+        QTest::newRow("empty notes") << fullRecordWith([](Vinyl &v) { v.notes = u""_s; }) << head + tail
+                                     << u"Notes is missing or empty."_s;
         QTest::newRow("no release date")
-            << QVariantMap{{u"releaseDate"_s, QVariant()}}
-            << u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^^Some Producer^1^Some Label^33 1/3^^20.0^Very Good^^"_s
-            << u"Release Date is missing or empty."_s;
+            << fullRecordWith([](Vinyl &v) { v.releaseDate.reset(); })
+            << head + u"^Some Producer^1^Some Label^33 1/3^^20.0^Very Good^^"_s << u"Release Date is missing or empty."_s;
         QTest::newRow("release date is written in local time")
-            << QVariantMap{{u"releaseDate"_s, QDateTime(QDate(1980, 1, 2), QTime(3, 4, 5), QTimeZone::utc())}}
-            << u"45.5^Some Artist^12.5^Near Mint^Single^3^Some Album^^Some Producer^1^Some Label^33 1/3^1980.01.01 22:04:05^20.0^Very Good^^"_s
-            << QString();
+            << fullRecordWith([](Vinyl &v) { v.releaseDate = QDateTime(QDate(1980, 1, 2), QTime(3, 4, 5), QTimeZone::utc()); })
+            << head + u"^Some Producer^1^Some Label^33 1/3^1980.01.01 22:04:05^20.0^Very Good^^"_s << QString();
         QTest::newRow("absent condition and empty producer")
-            << QVariantMap{{u"coverCondition"_s, QVariant()}, {u"producer"_s, u""_s}}
+            << fullRecordWith([](Vinyl &v) { v.coverCondition.reset(); v.producer = u""_s; })
             << u"45.5^Some Artist^12.5^^Single^3^Some Album^^^1^Some Label^33 1/3^1975.03.05 14:30:15^20.0^Very Good^^"_s
             << u"Producer is missing or empty."_s;
         QTest::newRow("absent id and value read as 0")
-            << QVariantMap{{u"id"_s, QVariant()}, {u"value"_s, QVariant()}}
+            << fullRecordWith([](Vinyl &v) { v.id.reset(); v.value.reset(); })
             << u"45.5^Some Artist^12.5^Near Mint^Single^0^Some Album^^Some Producer^1^Some Label^33 1/3^1975.03.05 14:30:15^0.0^Very Good^^"_s
             << u"Value is missing or empty."_s;
-        QTest::newRow("absent artist")
-            << QVariantMap{{u"artist"_s, QVariant()}} << u"45.5^^12.5^Near Mint^Single^3^Some Album^"_s + tail
-            << u"Artist is missing or empty."_s;
+        QTest::newRow("absent artist") << fullRecordWith([](Vinyl &v) { v.artist.reset(); })
+                                       << u"45.5^^12.5^Near Mint^Single^3^Some Album^"_s + tail << u"Artist is missing or empty."_s;
     }
 
     void writesRecordLine()
     {
-        QFETCH(QVariantMap, changes);
+        QFETCH(Vinyl, record);
         QFETCH(QString, line);
         QFETCH(QString, consoleLine);
         TestApp t;
-        Vinyl v = fullRecord();
-        change(v, changes);
-        QVERIFY(t.store().insert(v).ok());
-
+        QVERIFY(t.store().insert(record).ok());
         ConsoleCapture console;
         auto data = ExchangeWriter::build(t.store(), true);
         QVERIFY(data.ok());
@@ -269,36 +248,9 @@ private slots:
         QCOMPARE(capture.lines(), console);
     }
 
-    void coversAreReencodedAsJpegBase64()
-    {
-        TestApp t;
-        Vinyl v = fullRecord();
-        v.frontImage = pngCover(Qt::red);
-        v.backImage = QByteArray("not a picture");
-        QVERIFY(t.store().insert(v).ok());
-
-        ConsoleCapture console;
-        int unreadable = 0;
-        auto data = ExchangeWriter::build(t.store(), true, &unreadable);
-        QVERIFY(data.ok());
-        const QString line = lines(*data).at(1);
-        QCOMPARE(line.count(u'^'), 16);
-        const QByteArray front = QByteArray::fromBase64(line.section(u'^', 15, 15).toLatin1());
-        QVERIFY(front.startsWith("\xFF\xD8")); // JPEG
-        const QImage decoded = QImage::fromData(front);
-        QCOMPARE(decoded.size(), QSize(40, 30));
-        QVERIFY(!line.section(u'^', 15, 15).contains(u'\n'));
-        QVERIFY(line.endsWith(u'^')); // the unreadable back cover is left out
-        QCOMPARE(unreadable, 1);
-        QVERIFY(console.lines().contains(u"backImage of \"Some Album\" is not a readable image; left out."_s));
-
-        auto without = ExchangeWriter::build(t.store(), false);
-        QVERIFY(without.ok());
-        QVERIFY(lines(*without).at(1).endsWith(u"Very Good^^"_s));
-    }
-
-    // An export keeps each cover's encoding beside it; the next export must still carry the
-    // cover the record holds then, however it was changed.
+    // An export writes each readable cover as a JPEG in base64 and leaves an unreadable one out
+    // with a console line. It keeps each cover's encoding beside it; the next export must still
+    // carry the cover the record holds then, however it was changed.
     void keptEncodingsFollowTheCover_data()
     {
         QTest::addColumn<int>("change");
@@ -319,9 +271,18 @@ private slots:
         v.backImage = QByteArray("not a picture");
         QVERIFY(t.store().insert(v).ok());
         int unreadable = 0;
+        ConsoleCapture console;
         const auto first = ExchangeWriter::build(t.store(), true, &unreadable);
         QVERIFY(first.ok());
         QCOMPARE(unreadable, 1);
+        QVERIFY(console.lines().contains(u"backImage of \"Some Album\" is not a readable image; left out."_s));
+        const QString line = lines(*first).at(1);
+        QCOMPARE(line.count(u'^'), 16);
+        QVERIFY(line.endsWith(u'^')); // the unreadable back cover is left out
+        QVERIFY(!line.section(u'^', 15, 15).contains(u'\n'));
+        const QByteArray jpeg = QByteArray::fromBase64(line.section(u'^', 15, 15).toLatin1());
+        QVERIFY(jpeg.startsWith("\xFF\xD8"));
+        QCOMPARE(QImage::fromData(jpeg).size(), QSize(40, 30));
         // Kept by the export that read the record: the next one copies it.
         const auto keptAfterFirst = t.store().exchangeEncodings(v.rowId);
         QVERIFY(keptAfterFirst.ok());
@@ -348,6 +309,8 @@ private slots:
         QCOMPARE(*second == *first, sameFile && change == 0);
         if (sameFile)
             QCOMPARE(lines(*second).at(1).section(u'^', 15), lines(*first).at(1).section(u'^', 15));
+        // Without pictures both cover fields stay empty.
+        QVERIFY(lines(ExchangeWriter::build(t.store(), false).valueOr({})).at(1).endsWith(u"Very Good^^"_s));
     }
 
     void buildReportsProgressAndStopsWhenCancelled_data()
@@ -440,29 +403,25 @@ private slots:
     {
         QTest::addColumn<int>("field");
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("attribute");
-        QTest::addColumn<QVariant>("expected"); // invalid: absent afterwards
+        QTest::addColumn<QString>("expected"); // as attributeTexts writes it; the name alone: absent
 
-        QTest::newRow("empty cost keeps it") << 2 << QString() << u"cost"_s << QVariant(12.5f);
-        QTest::newRow("empty label keeps it") << 10 << QString() << u"recordLabel"_s << QVariant(u"Some Label"_s);
-        QTest::newRow("empty notes keep them") << 7 << QString() << u"notes"_s << QVariant(u"Side A\nSide B"_s);
-        QTest::newRow("new cost") << 2 << u"7.25"_s << u"cost"_s << QVariant(7.25f);
-        QTest::newRow("cost that does not convert clears it") << 2 << u"cheap"_s << u"cost"_s << QVariant();
-        QTest::newRow("value that does not convert clears it") << 13 << u"1,5"_s << u"value"_s << QVariant();
-        QTest::newRow("id out of range clears it") << 5 << u"40000"_s << u"id"_s << QVariant();
-        QTest::newRow("quantity that does not convert keeps it") << 9 << u"two"_s << u"quantity"_s << QVariant(qint16(2));
-        QTest::newRow("bad date keeps it") << 12 << u"1975-03-05"_s << u"releaseDate"_s
-                                           << QVariant(QDateTime(QDate(1975, 3, 5), QTime(14, 30, 15)));
-        QTest::newRow("date with +0000") << 12 << u"1980.12.24 08:00:00 +0000"_s << u"releaseDate"_s
-                                         << QVariant(QDateTime(QDate(1980, 12, 24), QTime(8, 0)));
+        QTest::newRow("empty cost keeps it") << 2 << QString() << u"cost=12.5"_s;
+        QTest::newRow("empty label keeps it") << 10 << QString() << u"recordLabel=Some Label"_s;
+        QTest::newRow("empty notes keep them") << 7 << QString() << u"notes=Side A\nSide B"_s;
+        QTest::newRow("new cost") << 2 << u"7.25"_s << u"cost=7.25"_s;
+        QTest::newRow("cost that does not convert clears it") << 2 << u"cheap"_s << u"cost"_s;
+        QTest::newRow("value that does not convert clears it") << 13 << u"1,5"_s << u"value"_s;
+        QTest::newRow("id out of range clears it") << 5 << u"40000"_s << u"id"_s;
+        QTest::newRow("quantity that does not convert keeps it") << 9 << u"two"_s << u"quantity=2"_s;
+        QTest::newRow("bad date keeps it") << 12 << u"1975-03-05"_s << u"releaseDate=1975-03-05T14:30:15"_s;
+        QTest::newRow("date with +0000") << 12 << u"1980.12.24 08:00:00 +0000"_s << u"releaseDate=1980-12-24T08:00:00"_s;
     }
 
     void updatesTheMatchedRecord()
     {
         QFETCH(int, field);
         QFETCH(QString, text);
-        QFETCH(QString, attribute);
-        QFETCH(QVariant, expected);
+        QFETCH(QString, expected);
         TestApp t;
         QVERIFY(ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + kLine).toUtf8()).ok());
         QStringList fields = kLine.split(u'^');
@@ -472,16 +431,8 @@ private slots:
         QCOMPARE(counts->recordsAdded, 0);
         const QList<Vinyl> stored = records(t.store());
         QCOMPARE(stored.size(), 1);
-        const Vinyl &v = stored.first();
-        QVariant actual;
-        if (attribute == u"cost" && v.cost) actual = *v.cost;
-        if (attribute == u"value" && v.value) actual = *v.value;
-        if (attribute == u"id" && v.id) actual = QVariant::fromValue(*v.id);
-        if (attribute == u"quantity" && v.quantity) actual = QVariant::fromValue(*v.quantity);
-        if (attribute == u"recordLabel" && v.recordLabel) actual = *v.recordLabel;
-        if (attribute == u"notes" && v.notes) actual = *v.notes;
-        if (attribute == u"releaseDate" && v.releaseDate) actual = *v.releaseDate;
-        QCOMPARE(actual, expected);
+        const QString attribute = expected.section(u'=', 0, 0);
+        QCOMPARE(attributeTexts(stored.first(), {attribute}).value(0, attribute), expected);
     }
 
     // Numbers that do not convert, and the fields a short line does not reach, stay unset.
@@ -501,29 +452,6 @@ private slots:
         QCOMPARE(shortLine.artist, u"Artist"_s);
         QCOMPARE(shortLine.cost, 2.0f);
         QVERIFY(!shortLine.name && !shortLine.id && !shortLine.frontImage);
-    }
-
-    void importingTwiceChangesNoCount()
-    {
-        TestApp t;
-        const QString file = u"[VINYLCOLLECTION]\n"_s + kLine + u"\n"_s + QString(kLine).replace(u"Some Album"_s, u"Other"_s)
-                             + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n4.1^Second^2^3^\n"_s;
-        QVERIFY(ExchangeReader::importAll(t.store(), file.toUtf8()).ok());
-        const qint64 writes = t.store().writeCount();
-        auto again = ExchangeReader::importAll(t.store(), file.toUtf8());
-        QVERIFY(again.ok());
-        QCOMPARE(again->recordsAdded, 0);
-        QCOMPARE(again->recordsUnchanged, 2);
-        QCOMPARE(again->tracksUnchanged, 2);
-        QCOMPARE(records(t.store()).size(), 2);
-        QCOMPARE(tracks(t.store()).size(), 2);
-        QCOMPARE(t.store().writeCount(), writes); // nothing changed, so nothing was written
-
-        // One changed writer is the one write of a third import.
-        auto changed = ExchangeReader::importAll(t.store(), (QString(file).replace(u"^1^3^W"_s, u"^1^3^Z"_s)).toUtf8());
-        QVERIFY(changed.ok());
-        QCOMPARE(t.store().writeCount(), writes + 1);
-        QCOMPARE(tracks(t.store()).value(0).writtenBy, u"Z"_s);
     }
 
     void base64Fields_data()
@@ -573,7 +501,8 @@ private slots:
 
         const QString png = base64Png();
         const QString line = kLine.chopped(2) + u'^' + (front ? png : QString()) + u'^' + (back ? png : QString());
-        auto counts = ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + line + u"\n"_s).toUtf8());
+        const QByteArray file = (u"[VINYLCOLLECTION]\n"_s + line + u"\n[TRACKCOLLECTION]\n3.45^First^1^3^W\n"_s).toUtf8();
+        auto counts = ExchangeReader::importAll(t.store(), file);
         QVERIFY(counts.ok());
         QCOMPARE(counts->recordsUpdated, 1);
         const Vinyl v = records(t.store()).value(0);
@@ -583,20 +512,16 @@ private slots:
         QCOMPARE(v.producer, u"Some Producer"_s); // the rest of the line applied too
 
         const qint64 writes = t.store().writeCount();
-        QVERIFY(ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + line + u"\n"_s).toUtf8()).ok());
-        QCOMPARE(t.store().writeCount(), writes); // the same covers again change nothing
-    }
+        QVERIFY(ExchangeReader::importAll(t.store(), file).ok());
+        QCOMPARE(t.store().writeCount(), writes); // the same covers and track again change nothing
 
-    // An exported file carries JPEGs made of the stored pictures: imported back, they change nothing.
-    void exportedCoversImportBackUnchanged()
-    {
-        TestApp t;
-        const QString png = base64Png();
-        QVERIFY(ExchangeReader::importAll(t.store(), (u"[VINYLCOLLECTION]\n"_s + kLine.chopped(1) + png + u'^').toUtf8()).ok());
-        auto counts = ExchangeReader::importAll(t.store(), ExchangeWriter::build(t.store(), true).valueOr({}));
-        QVERIFY(counts.ok());
-        QCOMPARE(counts->recordsUnchanged, 1);
-        QCOMPARE(records(t.store()).value(0).frontImage, QByteArray::fromBase64(png.toLatin1()));
+        // An export carries JPEGs made of the stored pictures: imported back, they change nothing.
+        auto exported = ExchangeReader::importAll(t.store(), ExchangeWriter::build(t.store(), true).valueOr({}));
+        QVERIFY(exported.ok());
+        QCOMPARE(exported->recordsUnchanged, 1);
+        const Vinyl after = records(t.store()).value(0);
+        QCOMPARE(after.frontImage, v.frontImage);
+        QCOMPARE(after.backImage, v.backImage);
     }
 
     void recordsMatchByNameAndArtistExactly()
@@ -713,9 +638,11 @@ private slots:
         other.vinylID = 4; // same song, other record
         QVERIFY(t.store().insert(other).ok());
 
+        const qint64 writes = t.store().writeCount();
         auto counts = ExchangeReader::importAll(t.store(), (u"[TRACKCOLLECTION]\n3.5^First^^3^New\n"_s).toUtf8());
         QVERIFY(counts.ok());
         QCOMPARE(counts->tracksUpdated, 1);
+        QCOMPARE(t.store().writeCount(), writes + 1); // the one changed track is the one write
         const QList<Track> all = tracks(t.store());
         QCOMPARE(all.size(), 2);
         const Track &updated = all.at(0).vinylID == 3 ? all.at(0) : all.at(1);

@@ -33,11 +33,6 @@ QList<RecordLine> recordLines(const ImportFile &file)
     return all;
 }
 
-QDateTime day(int y, int m, int d)
-{
-    return QDateTime(QDate(y, m, d), QTime(0, 0));
-}
-
 QList<Vinyl> records(Store &store)
 {
     return store.fetchVinyl(FetchRequest(Entity::Vinyl).sortedBy(u"name"_s).sortedBy(u"id"_s)).valueOr({});
@@ -139,33 +134,33 @@ private slots:
         QTest::addColumn<int>("quantity");
         QTest::addColumn<QString>("notes");
         QTest::newRow("label list, quoted commas") << u"The Dark Side Of The Moon"_s << u"Pink Floyd"_s << u"Harvest"_s
-            << day(1973, 3, 23) << u"Single Album"_s << u"33 RPM"_s << u"Near Mint"_s << u"Very Good/Fine"_s << 1
+            << localDate(1973, 3, 23) << u"Single Album"_s << u"33 RPM"_s << u"Near Mint"_s << u"Very Good/Fine"_s << 1
             << u"Both posters, both stickers\nCatalog#: SHVL 804\nrelease_id: 90211"_s;
         QTest::newRow("repeated release, year only") << u"Rumours"_s << u"Fleetwood Mac"_s << u"Warner Bros. Records"_s
-            << day(1977, 1, 1) << u"Single Album"_s << u"33 RPM"_s << u"Very Good/Fine"_s << u"Very Good/Fine"_s << 2
+            << localDate(1977, 1, 1) << u"Single Album"_s << u"33 RPM"_s << u"Very Good/Fine"_s << u"Very Good/Fine"_s << 2
             << u"Catalog#: K 56344\nrelease_id: 90212\nSecond copy from a charity shop"_s;
         QTest::newRow("doubled quotes, suffixed label") << u"Thriller"_s << u"Michael Jackson"_s << u"Epic"_s
-            << day(1982, 11, 30) << u"Single Album"_s << u"33 RPM"_s << u"Mint"_s << u"Mint"_s << 1
+            << localDate(1982, 11, 30) << u"Single Album"_s << u"33 RPM"_s << u"Mint"_s << u"Mint"_s << 1
             << u"Still sealed, hype sticker \"Includes Beat It\"\nCatalog#: EPC 85930\nrelease_id: 90213"_s;
-        QTest::newRow("2xLP, multi-line note") << u"The Wall"_s << u"Pink Floyd"_s << u"Harvest"_s << day(1979, 11, 30)
+        QTest::newRow("2xLP, multi-line note") << u"The Wall"_s << u"Pink Floyd"_s << u"Harvest"_s << localDate(1979, 11, 30)
             << u"Double Album"_s << u"33 RPM"_s << u"Very Good"_s << u"Good/Very Good"_s << 1
             << u"Inner sleeves have ring wear\nSide 3 slightly warped\nBought at a fair, 2004\nCatalog#: SHDW 411\nrelease_id: 90214"_s;
-        QTest::newRow("3xLP box") << u"All Things Must Pass"_s << u"George Harrison"_s << u"Apple Records"_s << day(1970, 1, 1)
+        QTest::newRow("3xLP box") << u"All Things Must Pass"_s << u"George Harrison"_s << u"Apple Records"_s << localDate(1970, 1, 1)
             << u"Triple Album"_s << u"33 RPM"_s << u"Good"_s << u"Fair"_s << 1
             << u"Box split on one edge\nCatalog#: STCH 639\nrelease_id: 90215"_s;
         QTest::newRow("7\" at 45 RPM, generic sleeve") << u"Hey Jude"_s << u"The Beatles"_s << u"Parlophone"_s
-            << day(1968, 8, 30) << u"Single Album"_s << u"45 RPM"_s << u"Poor"_s << QString() << 1
+            << localDate(1968, 8, 30) << u"Single Album"_s << u"45 RPM"_s << u"Poor"_s << QString() << 1
             << u"Plays with crackle\nCatalog#: R 5722\nrelease_id: 90216\nSleeve condition: Generic"_s;
         QTest::newRow("7\" without a speed, suffixed artist") << u"You Really Got Me"_s << u"The Kinks"_s << u"Pye Records"_s
-            << day(1964, 1, 1) << u"Single Album"_s << u"45 RPM"_s << u"Good/Very Good"_s << QString() << 1
+            << localDate(1964, 1, 1) << u"Single Album"_s << u"45 RPM"_s << u"Good/Very Good"_s << QString() << 1
             << u"Catalog#: 7N 35000\nrelease_id: 90217\nSleeve condition: No Cover"_s;
-        QTest::newRow("zero month and day") << u"Local Anaesthetic"_s << u"Nirvana"_s << u"Vertigo"_s << day(1971, 1, 1)
+        QTest::newRow("zero month and day") << u"Local Anaesthetic"_s << u"Nirvana"_s << u"Vertigo"_s << localDate(1971, 1, 1)
             << u"Single Album"_s << u"33 RPM"_s << u"Very Good"_s << QString() << 1
             << u"Catalog#: TA 1234\nrelease_id: 90218\nSleeve condition: Not Graded"_s;
         QTest::newRow("comma in the artist, year and month") << u"D\u00e9j\u00e0 Vu"_s << u"Crosby, Stills, Nash & Young"_s
-            << u"Atlantic"_s << day(1970, 3, 1) << u"Single Album"_s << u"33 RPM"_s << u"Near Mint"_s << u"Near Mint"_s << 1
+            << u"Atlantic"_s << localDate(1970, 3, 1) << u"Single Album"_s << u"33 RPM"_s << u"Near Mint"_s << u"Near Mint"_s << 1
             << u"Textured cover, name \"D\u00e9j\u00e0 Vu\" embossed\nCatalog#: SD 7200\nrelease_id: 90219"_s;
-        QTest::newRow("12\" names its speed") << u"Groove Is In The Heart"_s << u"Dee-Lite"_s << u"Elektra"_s << day(1990, 1, 1)
+        QTest::newRow("12\" names its speed") << u"Groove Is In The Heart"_s << u"Dee-Lite"_s << u"Elektra"_s << localDate(1990, 1, 1)
             << u"Single Album"_s << u"33 RPM"_s << u"Very Good/Fine"_s << u"Very Good"_s << 1
             << u"Catalog#: TX 501\nrelease_id: 90220"_s;
         QTest::newRow("78 RPM, released 0") << u"Tiger Rag"_s << u"Harry Roy & His Orchestra"_s << u"Parlophone"_s
@@ -366,7 +361,7 @@ private slots:
         full.name = u"Blue, \"Grey\" & Green"_s;
         full.artist = u"Someone"_s;
         full.notes = u"Line one, with a comma\nLine \"two\""_s;
-        full.releaseDate = day(1969, 7, 20);
+        full.releaseDate = localDate(1969, 7, 20);
         full.id = -5;
         full.value = 0.1f;
         full.cost = 1234.5f;
@@ -741,7 +736,7 @@ private slots:
         WantedAlbum full;
         full.album.name = u"Copper Weather, \"Live\""_s;
         full.album.artist = u"Ada Lindqvist"_s;
-        full.album.releaseDate = day(1977, 6, 1);
+        full.album.releaseDate = localDate(1977, 6, 1);
         full.album.recordLabel = u"Tinplate"_s;
         full.album.notes = u"Gatefold, with the insert\nSecond line"_s;
         full.album.recordSpeed = u"33 RPM"_s;

@@ -69,22 +69,27 @@ Vinyl full()
     return v;
 }
 
-// The text of each page, as the pages are laid out one after the other.
-QStringList pageTexts(const ReportContent &content)
+// Lays the report out with covers of the printed width and gives `take` each page; the pages
+// `take` made of it, or the layout's error alone.
+template<typename T, typename Take>
+QList<T> eachPage(const ReportContent &content, bool decodePictures, Take take)
 {
     CoverPictures covers(nullptr, kCoverWidth);
-    ReportPages pages(content, covers, true);
-    QStringList texts;
+    ReportPages pages(content, covers, decodePictures);
+    QList<T> made;
     const auto laidOut = pages.layOut([&](const ReportPage &page) {
-        texts.append(page.text());
+        made.append(take(page));
         return true;
     });
-    return laidOut ? texts : QStringList{laidOut.errorMessage()};
+    if constexpr (std::is_same_v<T, QString>)
+        return laidOut ? made : QStringList{laidOut.errorMessage()};
+    else
+        return laidOut ? made : QList<T>();
 }
 
 QStringList lines(const ReportContent &content)
 {
-    return pageTexts(content).join(u'\n').split(u'\n');
+    return eachPage<QString>(content, true, [](const ReportPage &page) { return page.text(); }).join(u'\n').split(u'\n');
 }
 
 // Pages lie one under the other at the text engine's own measure of a page height.
@@ -93,16 +98,10 @@ const qreal kLaidPageHeight = std::round(ReportBuilder::kPageHeight * 64) / 64;
 // Where each page's lines are, as the pages are laid out one after the other.
 QStringList placedPages(const ReportContent &content, bool decodePictures)
 {
-    CoverPictures covers(nullptr, kCoverWidth);
-    ReportPages pages(content, covers, decodePictures);
-    QStringList texts;
-    const auto laidOut = pages.layOut([&](const ReportPage &page) {
-        texts.append(page.placedLines().join(u'\n'));
-        return true;
-    });
-    return laidOut ? texts : QStringList{laidOut.errorMessage()};
+    return eachPage<QString>(content, decodePictures, [](const ReportPage &page) { return page.placedLines().join(u'\n'); });
 }
 
+// A white page `width` pixels wide.
 QImage whitePage(int width)
 {
     QImage image(width, qRound(width * ReportBuilder::kPageHeight / ReportBuilder::kPageWidth), QImage::Format_RGB32);
@@ -110,21 +109,21 @@ QImage whitePage(int width)
     return image;
 }
 
-// The pages of the report, each drawn `width` pixels wide.
-QList<QImage> drawnPages(const ReportContent &content, int width)
+// The painter draws in points, smoothly, on a page `width` pixels wide.
+void scaleToPoints(QPainter &painter, int width)
 {
-    CoverPictures covers(nullptr, kCoverWidth);
-    ReportPages pages(content, covers, true);
-    QList<QImage> drawn;
-    const auto laidOut = pages.layOut([&](const ReportPage &page) {
-        drawn.append(whitePage(width));
-        QPainter painter(&drawn.last());
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-        painter.scale(width / ReportBuilder::kPageWidth, width / ReportBuilder::kPageWidth);
-        page.draw(painter);
-        return true;
-    });
-    return laidOut ? drawn : QList<QImage>();
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    painter.scale(width / ReportBuilder::kPageWidth, width / ReportBuilder::kPageWidth);
+}
+
+// The page drawn `width` pixels wide.
+QImage drawn(const ReportPage &page, int width)
+{
+    QImage image = whitePage(width);
+    QPainter painter(&image);
+    scaleToPoints(painter, width);
+    page.draw(painter);
+    return image;
 }
 
 // The share of pixels in which two pictures of one size differ visibly.
@@ -235,8 +234,7 @@ public:
     {
         QImage image = whitePage(width);
         QPainter painter(&image);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-        painter.scale(width / ReportBuilder::kPageWidth, width / ReportBuilder::kPageWidth);
+        scaleToPoints(painter, width);
         const QRectF rect(0, page * kLaidPageHeight, ReportBuilder::kPageWidth, kLaidPageHeight);
         painter.translate(0, -rect.top());
         m_document.drawContents(&painter, rect);
@@ -474,10 +472,10 @@ private slots:
         // Reading only the covers' sizes breaks the pages at the same places.
         QCOMPARE(placedPages(*content, false), expected);
         // Fonts, alignment, covers: every page looks as the document's page does.
-        const QList<QImage> drawn = drawnPages(*content, 400);
-        QCOMPARE(drawn.size(), expected.size());
-        for (int page = 0; page < drawn.size(); ++page)
-            QVERIFY2(differingShare(drawn.at(page), document.draw(page, 400)) < 0.002, qPrintable(QString::number(page)));
+        const QList<QImage> pages = eachPage<QImage>(*content, true, [](const ReportPage &page) { return drawn(page, 400); });
+        QCOMPARE(pages.size(), expected.size());
+        for (int page = 0; page < pages.size(); ++page)
+            QVERIFY2(differingShare(pages.at(page), document.draw(page, 400)) < 0.002, qPrintable(QString::number(page)));
     }
 
     // The screen draws each page again from where it starts; the page must come out as it
@@ -513,16 +511,10 @@ private slots:
         // As a whole document is drawn: covers decoded ahead on another thread.
         pages.setDecodeAhead(true);
         QStringList texts;
-        QList<QImage> drawn;
+        QList<QImage> images;
         QVERIFY(pages.layOut([&](const ReportPage &page) {
             texts.append(page.text());
-            QImage image(300, 424, QImage::Format_RGB32);
-            image.fill(Qt::white);
-            QPainter painter(&image);
-            painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-            painter.scale(300 / ReportBuilder::kPageWidth, 300 / ReportBuilder::kPageWidth);
-            page.draw(painter);
-            drawn.append(image);
+            images.append(drawn(page, 300));
             return true;
         }));
 
@@ -543,7 +535,7 @@ private slots:
         QCOMPARE(report.pageCount(), texts.size());
         for (int page = texts.size() - 1; page >= 0; --page) {
             QCOMPARE(report.text(page), texts.at(page));
-            QCOMPARE(report.render(page, 300), drawn.at(page));
+            QCOMPARE(report.render(page, 300), images.at(page));
         }
         QVERIFY(report.text(0).startsWith(u"Complete List of Vinyl\n"_s));
         QVERIFY(report.text(0).contains(u'\n' + kPicture + u"   "_s + kPicture + u'\n'));

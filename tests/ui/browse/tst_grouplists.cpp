@@ -304,56 +304,38 @@ private slots:
         QCOMPARE(column(*years.model(), "nameLabel"), QStringList({u"1980"_s, u"1975"_s}));
     }
 
-    // The breakdown list of the group picked.
-    void screensDifferByKind_data()
+    // The breakdown list of the group picked: its title, origin, return and file by kind; its
+    // footer, which only the artist list's search changes; its search, of the album names only.
+    void breakdownListOfEachKind_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("origin");
         QTest::addColumn<QString>("unwind");
         QTest::addColumn<QString>("fileName");
+        QTest::addColumn<QString>("searchedFooter"); // while "wall" is searched
 
+        // Three records of quantity 3 and value 10.5 each, and one without a value.
+        const QString value = u"Value: $94.50"_s;
         QTest::addRow("artist") << int(Artist) << u"List by Artist"_s << u"ArtistBreakdown"_s << u"unwindToArtistTableView"_s
-                                << u"VinylFilteredByArtist.pdf"_s;
+                                << u"VinylFilteredByArtist.pdf"_s << u"Valuation for displayed vinyl's: $31.50"_s;
         QTest::addRow("label: the group's name") << int(Label) << u"Floyd"_s << u"LabelBreakdown"_s
-                                                 << u"unwindToLabelTableView"_s << u"VinylFilteredByRecordLabel.pdf"_s;
+                                                 << u"unwindToLabelTableView"_s << u"VinylFilteredByRecordLabel.pdf"_s << value;
         QTest::addRow("producer") << int(Producer) << u"List by Producer"_s << u"ProducerBreakdown"_s
-                                  << u"unwindToProducerTableView"_s << u"VinylFilteredByProducer.pdf"_s;
+                                  << u"unwindToProducerTableView"_s << u"VinylFilteredByProducer.pdf"_s << value;
         QTest::addRow("year") << int(Year) << u"List by Year"_s << u"YearBreakdown"_s << u"unwindToYearTableView"_s
-                              << u"VinylFilteredByYear.pdf"_s;
+                              << u"VinylFilteredByYear.pdf"_s << value;
     }
 
-    void screensDifferByKind()
+    void breakdownListOfEachKind()
     {
         QFETCH(int, kind);
         QFETCH(QString, title);
         QFETCH(QString, origin);
         QFETCH(QString, unwind);
         QFETCH(QString, fileName);
+        QFETCH(QString, searchedFooter);
 
-        TestApp app;
-        addGroup(app.store());
-        pickGroup(app.app());
-        auto list = openBreakdown(Kind(kind), app.app());
-        QCOMPARE(list->title(), title);
-        QCOMPARE(app.app().state()->originScreen(), origin);
-        QCOMPARE(list->kind().unwind, unwind);
-        QCOMPARE(Navigator::screenForUnwind(unwind), u"%1BreakdownTableView"_s.arg(
-                                                         QStringList{u"Artist"_s, u"Label"_s, u"Producer"_s, u"Year"_s}.at(kind)));
-        QCOMPARE(list->outputFilePath(), app.app().documentsDir() + u'/' + fileName);
-        QCOMPARE(list->headerText(), u"# Vinyl Records = 3 of 3"_s);
-    }
-
-    void searchLooksAtTheAlbumNameOnly_data()
-    {
-        QTest::addColumn<int>("kind");
-        for (int kind : {Artist, Label, Producer, Year})
-            QTest::addRow("%d", kind) << kind;
-    }
-
-    void searchLooksAtTheAlbumNameOnly()
-    {
-        QFETCH(int, kind);
         TestApp app;
         addGroup(app.store());
         pickGroup(app.app());
@@ -362,7 +344,17 @@ private slots:
             .store(app.store());
         auto list = openBreakdown(Kind(kind), app.app());
         QAbstractItemModelTester tester(list->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QCOMPARE(list->title(), title);
+        QCOMPARE(app.app().state()->originScreen(), origin);
+        QCOMPARE(list->kind().unwind, unwind);
+        QCOMPARE(Navigator::screenForUnwind(unwind), u"%1BreakdownTableView"_s.arg(
+                                                         QStringList{u"Artist"_s, u"Label"_s, u"Producer"_s, u"Year"_s}.at(kind)));
+        QCOMPARE(list->outputFilePath(), app.app().documentsDir() + u'/' + fileName);
+        QCOMPARE(list->headerText(), u"# Vinyl Records = 4 of 4"_s);
+        QCOMPARE(list->footerText(), kind == Artist ? u"Valuation for displayed vinyl's: $94.50"_s : u"Value: $94.50"_s);
 
+        list->updateSearchResults(u"wall"_s);
+        QCOMPARE(list->footerText(), searchedFooter);
         list->updateSearchResults(u"THE"_s);
         QCOMPARE(albumNames(*list->model()), QStringList({u"Other Side"_s, u"The Wall"_s}));
         QCOMPARE(list->headerText(), u"# Vinyl Records = 2 of 4"_s);
@@ -397,35 +389,6 @@ private slots:
         list.SortButtonTapped();
         QCOMPARE(order(), u"02134"_s);
         QCOMPARE(app.app().state()->sortAscending(), true);
-    }
-
-    void footerValue_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("searchText");
-        QTest::addColumn<QString>("footer");
-
-        // Three records of quantity 3 and value 10.5 each.
-        QTest::addRow("artist, whole group") << int(Artist) << QString() << u"Valuation for displayed vinyl's: $94.50"_s;
-        QTest::addRow("artist follows the search") << int(Artist) << u"wall"_s << u"Valuation for displayed vinyl's: $31.50"_s;
-        QTest::addRow("label, whole group") << int(Label) << QString() << u"Value: $94.50"_s;
-        QTest::addRow("label ignores the search") << int(Label) << u"wall"_s << u"Value: $94.50"_s;
-        QTest::addRow("producer ignores the search") << int(Producer) << u"wall"_s << u"Value: $94.50"_s;
-        QTest::addRow("year ignores the search") << int(Year) << u"wall"_s << u"Value: $94.50"_s;
-    }
-
-    void footerValue()
-    {
-        QFETCH(int, kind);
-        QFETCH(QString, searchText);
-        QFETCH(QString, footer);
-
-        TestApp app;
-        addGroup(app.store());
-        pickGroup(app.app());
-        auto list = openBreakdown(Kind(kind), app.app());
-        list->updateSearchResults(searchText);
-        QCOMPARE(list->footerText(), footer);
     }
 
     void deletingWhileSearchingKeepsHeaderAndFooter()
