@@ -1,5 +1,6 @@
 #include "exchange/collectioncsv.h"
 
+#include "exchange/exchangewriter.h"
 #include "exchange/fileattributes.h"
 #include "store/fetchrequest.h"
 #include "store/store.h"
@@ -182,7 +183,7 @@ Result<Files> write(Store &store, bool tracksInRecordsFile, const Progress &prog
         ++done;
         return !progress || done % kProgressEvery != 0 || progress(done, total);
     };
-    const Error cancelled{QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The export was cancelled."))};
+    const Error cancelled{ExportMessages::kCancelled};
 
     Files files;
     files.records = kByteOrderMark + headerLine(FileAttributes::records());

@@ -89,7 +89,7 @@ Result<ImportCounts> ImportMerge::applyAfterSnapshot(Store &store, const ImportF
     const auto keeping = [&](qint64, qint64) { return !progress || progress(0, file.lineCount()); };
     const auto taken = snapshots.take(Snapshots::kKindImport, source, keeping);
     if (!taken)
-        return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be kept before the import, so nothing was imported. %1"))).arg(taken.errorMessage())};
+        return Error{translated(ImportMessages::kNotKept).arg(taken.errorMessage())};
     ImportMerge merge(store, file, Mode::Apply);
     auto merged = merge.run(progress);
     // The store keeps whole batches: the snapshot is worth keeping once one of them was written.

@@ -19,6 +19,8 @@ namespace ImportMessages {
 // "%1" is the attribute, "%2" the line number in the file.
 inline const QString kUnreadableImage = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "%1 on line %2 is not a readable image; left out."));
 inline const QString kCancelled = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The import was cancelled; nothing was changed."));
+// "%1" is why the collection could not be kept.
+inline const QString kNotKept = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be kept before the import, so nothing was imported. %1"));
 // "%1 of %2" lines; "%3" what they did.
 inline const QString kStopped = QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The import was stopped after %1 of %2 lines of the file; those lines were imported (%3). "
     "Undo Last Import puts the collection back as it was before."));

@@ -4,6 +4,7 @@
 #include "exchange/collectioncsv.h"
 #include "exchange/discogscsv.h"
 #include "exchange/fileattributes.h"
+#include "exchange/importmerge.h"
 #include "store/snapshots.h"
 #include "store/store.h"
 #include "store/translations.h"
@@ -201,7 +202,7 @@ Result<WantlistCounts> applyAfterSnapshot(Store &store, const WantlistFile &file
         return writable.error();
     const auto taken = snapshots.take(Snapshots::kKindImport, source);
     if (!taken)
-        return Error{translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "The collection could not be kept before the import, so nothing was imported. %1"))).arg(taken.errorMessage())};
+        return Error{translated(ImportMessages::kNotKept).arg(taken.errorMessage())};
     auto counts = apply(store, file);
     if (counts && counts->added > 0)
         snapshots.keep();

@@ -49,6 +49,13 @@ int ImportPreviewModel::rowCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : int(m_shown.size());
 }
 
+namespace {
+QString lineText(qint64 line)
+{
+    return translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Line %1"))).arg(line);
+}
+} // namespace
+
 ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome) const
 {
     static const QString kinds[] = {kNew, kUpdated, kUnchanged, kProblem};
@@ -60,7 +67,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         const TrackLine line = m_file->track(outcome.index);
         problem = line.problem;
         const Track &t = line.values;
-        row.lineLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Line %1"))).arg(line.line);
+        row.lineLabel = lineText(line.line);
         row.titleLabel = text(t.song);
         if (t.trackNumber)
             row.titleLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Track %1: %2"))).arg(*t.trackNumber).arg(row.titleLabel);
@@ -70,7 +77,7 @@ ImportPreviewModel::Row ImportPreviewModel::makeRow(const ImportOutcome &outcome
         const RecordLine line = m_file->record(outcome.index);
         problem = line.problem;
         const Vinyl &v = line.values;
-        row.lineLabel = translated(QStringLiteral(QT_TRANSLATE_NOOP("Platterbox", "Line %1"))).arg(line.line);
+        row.lineLabel = lineText(line.line);
         row.titleLabel = text(v.name);
         if (!text(v.artist).isEmpty())
             row.titleLabel += (row.titleLabel.isEmpty() ? QString() : u" \u2014 "_s) + *v.artist;
