@@ -138,8 +138,8 @@ private:
     // Merges lines [from, to); false when the progress asked to stop first.
     Result<bool> mergeLines(qint64 from, qint64 to, const Progress &progress);
     Result<void> buildLookups();
-    Result<void> mergeRecord(int index);
-    Result<void> mergeTrack(int index);
+    Result<void> mergeRecord(const RecordLine &line, int index);
+    Result<void> mergeTrack(const TrackLine &line, int index);
     std::optional<QByteArray> decodeImage(TextSpan span, const QString &attribute, qint64 lineNumber);
     // The stored record a line updates, taken out of the look-up so that no later line finds it.
     qint64 takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id);
