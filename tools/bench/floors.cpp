@@ -9,6 +9,9 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace Floors {
 
 namespace {
@@ -32,6 +35,22 @@ qint64 drain(sqlite3_stmt *statement)
     return sink;
 }
 
+// What an import writes of a record, its covers apart, and of a track.
+const char *const kVinylColumns = "id, name, artist, releaseDate, recordLabel, producer, quantity, albumDuration, "
+                                  "vinylCondition, coverCondition, recordSpeed, doubleAlbum, cost, value, notes, "
+                                  "frontImagePath, backImagePath, barcode, musicBrainzReleaseId, nameFolded, "
+                                  "artistFolded, recordLabelFolded";
+const char *const kTrackColumns = "vinylID, trackNumber, song, writtenBy, duration";
+
+// "?,?,?" for n parameters.
+QByteArray parameters(int n)
+{
+    QByteArray list;
+    for (int i = 0; i < n; ++i)
+        list += i == 0 ? "?" : ",?";
+    return list;
+}
+
 sqlite3 *openFile(const QString &path, int flags)
 {
     sqlite3 *db = nullptr;
@@ -44,28 +63,49 @@ sqlite3 *openFile(const QString &path, int flags)
     return db;
 }
 
-void bindRecordFields(sqlite3_stmt *vinyl, int r, const QByteArray &cover)
+// The records' and tracks' attributes of a store, as SQLite values, to be written again: the
+// same texts, numbers and dates, so that each index takes its entries where the real ones go.
+struct SourceRows
 {
-    sqlite3_bind_int(vinyl, 1, r);
-    for (int c : {2, 3, 5, 6, 9, 10, 11, 12, 15})
-        sqlite3_bind_text(vinyl, c, "Some text value", -1, SQLITE_STATIC);
-    sqlite3_bind_int64(vinyl, 4, 157766400000LL + r);
-    sqlite3_bind_int(vinyl, 7, 1);
-    for (int c : {8, 13, 14})
-        sqlite3_bind_double(vinyl, c, 12.5);
-    if (!cover.isEmpty()) {
-        sqlite3_bind_blob(vinyl, 20, cover.constData(), int(cover.size()), SQLITE_STATIC);
-        sqlite3_bind_blob(vinyl, 21, cover.constData(), int(cover.size()), SQLITE_STATIC);
+    explicit SourceRows(const QString &storeFile)
+    {
+        sqlite3 *db = openFile(storeFile, SQLITE_OPEN_READONLY);
+        readAll(db, QByteArray("SELECT ") + kVinylColumns + " FROM Vinyl ORDER BY rowid", vinyl);
+        readAll(db, QByteArray("SELECT ") + kTrackColumns + " FROM Tracks ORDER BY rowid", tracks);
+        sqlite3_close(db);
     }
-}
+    ~SourceRows()
+    {
+        for (auto *rows : {&vinyl, &tracks}) {
+            for (const auto &row : *rows)
+                std::for_each(row.begin(), row.end(), sqlite3_value_free);
+        }
+    }
+    static void readAll(sqlite3 *db, const QByteArray &sql, std::vector<std::vector<sqlite3_value *>> &rows)
+    {
+        sqlite3_stmt *statement = nullptr;
+        sqlite3_prepare_v2(db, sql.constData(), -1, &statement, nullptr);
+        while (statement && sqlite3_step(statement) == SQLITE_ROW) {
+            std::vector<sqlite3_value *> &row = rows.emplace_back();
+            for (int c = 0; c < sqlite3_column_count(statement); ++c)
+                row.push_back(sqlite3_value_dup(sqlite3_column_value(statement, c)));
+        }
+        sqlite3_finalize(statement);
+    }
+    std::vector<std::vector<sqlite3_value *>> vinyl;
+    std::vector<std::vector<sqlite3_value *>> tracks;
+};
 
-void bindTrackFields(sqlite3_stmt *track, int r, int t)
+// Binds a source row to the first parameters; a record's covers are the given bytes.
+void bindRow(sqlite3_stmt *statement, const std::vector<sqlite3_value *> &row, const QByteArray &cover = {})
 {
-    sqlite3_bind_int(track, 1, r);
-    sqlite3_bind_int(track, 2, t);
-    sqlite3_bind_text(track, 3, "A song title", -1, SQLITE_STATIC);
-    sqlite3_bind_text(track, 4, "A writer", -1, SQLITE_STATIC);
-    sqlite3_bind_double(track, 5, 3.45);
+    int parameter = 0;
+    for (sqlite3_value *value : row)
+        sqlite3_bind_value(statement, ++parameter, value);
+    if (!cover.isEmpty()) {
+        for (int side = 0; side < 2; ++side)
+            sqlite3_bind_blob(statement, ++parameter, cover.constData(), int(cover.size()), SQLITE_STATIC);
+    }
 }
 
 void stepAndReset(sqlite3_stmt *statement)
@@ -73,10 +113,6 @@ void stepAndReset(sqlite3_stmt *statement)
     sqlite3_step(statement);
     sqlite3_reset(statement);
 }
-
-const char *const kVinylColumns = "id, name, artist, releaseDate, recordLabel, producer, quantity, albumDuration, "
-                                  "vinylCondition, coverCondition, recordSpeed, doubleAlbum, cost, value, notes, "
-                                  "frontImagePath, backImagePath, barcode, musicBrainzReleaseId, frontImage, backImage";
 
 } // namespace
 
@@ -105,8 +141,12 @@ double select(const QString &storeFile, const QString &sql, int runs, Open open)
     return ms;
 }
 
-double insert(const QString &folder, int records, int tracks, const QByteArray &cover, int runs)
+double insert(const QString &folder, const QString &sourceStoreFile, const QByteArray &cover, int runs)
 {
+    const SourceRows source(sourceStoreFile);
+    const QByteArray insertVinyl =
+        QByteArray("INSERT INTO Vinyl (") + kVinylColumns + ", frontImage, backImage) VALUES (" + parameters(24) + ")";
+    const QByteArray insertTrack = QByteArray("INSERT INTO Tracks (") + kTrackColumns + ") VALUES (" + parameters(5) + ")";
     int round = 0;
     QString path;
     return medianMs(
@@ -115,17 +155,15 @@ double insert(const QString &folder, int records, int tracks, const QByteArray &
             sqlite3 *db = openFile(path, SQLITE_OPEN_READWRITE);
             sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
             sqlite3_stmt *vinyl = nullptr, *track = nullptr;
-            sqlite3_prepare_v2(db, QByteArray(QByteArray("INSERT INTO Vinyl (") + kVinylColumns + ") VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)").constData(),
-                               -1, &vinyl, nullptr);
-            sqlite3_prepare_v2(db, "INSERT INTO Tracks (vinylID, trackNumber, song, writtenBy, duration) VALUES (?,?,?,?,?)",
-                               -1, &track, nullptr);
-            for (int r = 1; r <= records; ++r) {
-                bindRecordFields(vinyl, r, cover);
+            sqlite3_prepare_v2(db, insertVinyl.constData(), -1, &vinyl, nullptr);
+            sqlite3_prepare_v2(db, insertTrack.constData(), -1, &track, nullptr);
+            for (const auto &row : source.vinyl) {
+                bindRow(vinyl, row, cover);
                 stepAndReset(vinyl);
-                for (int t = 1; t <= tracks; ++t) {
-                    bindTrackFields(track, r, t);
-                    stepAndReset(track);
-                }
+            }
+            for (const auto &row : source.tracks) {
+                bindRow(track, row);
+                stepAndReset(track);
             }
             sqlite3_finalize(vinyl);
             sqlite3_finalize(track);
@@ -140,8 +178,9 @@ double insert(const QString &folder, int records, int tracks, const QByteArray &
         });
 }
 
-double update(const QString &storeFile, const QByteArray &cover, int runs)
+double update(const QString &storeFile, const QString &sourceStoreFile, const QByteArray &cover, int runs)
 {
+    const SourceRows source(sourceStoreFile);
     sqlite3 *db = openFile(storeFile, SQLITE_OPEN_READWRITE);
     if (!db)
         return 0;
@@ -153,22 +192,21 @@ double update(const QString &storeFile, const QByteArray &cover, int runs)
             rows->append(sqlite3_column_int64(statement, 0));
         sqlite3_finalize(statement);
     }
-    QByteArray setVinyl("UPDATE Vinyl SET (");
-    setVinyl += kVinylColumns;
-    setVinyl += ") = (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?) WHERE rowid = ?22";
+    const QByteArray setVinyl = QByteArray("UPDATE Vinyl SET (") + kVinylColumns + ", frontImage, backImage) = ("
+                                + parameters(24) + ") WHERE rowid = ?25";
+    const QByteArray setTrack = QByteArray("UPDATE Tracks SET (") + kTrackColumns + ") = (" + parameters(5) + ") WHERE rowid = ?6";
     const double ms = medianMs(runs, [&] {
         sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
         sqlite3_stmt *vinyl = nullptr, *track = nullptr;
         sqlite3_prepare_v2(db, setVinyl.constData(), -1, &vinyl, nullptr);
-        sqlite3_prepare_v2(db, "UPDATE Tracks SET (vinylID, trackNumber, song, writtenBy, duration) = (?,?,?,?,?) WHERE rowid = ?6",
-                           -1, &track, nullptr);
-        for (qsizetype i = 0; i < vinylRows.size(); ++i) {
-            bindRecordFields(vinyl, int(i + 1), cover);
-            sqlite3_bind_int64(vinyl, 22, vinylRows[i]);
+        sqlite3_prepare_v2(db, setTrack.constData(), -1, &track, nullptr);
+        for (qsizetype i = 0; i < vinylRows.size() && i < qsizetype(source.vinyl.size()); ++i) {
+            bindRow(vinyl, source.vinyl[i], cover);
+            sqlite3_bind_int64(vinyl, 25, vinylRows[i]);
             stepAndReset(vinyl);
         }
-        for (qsizetype i = 0; i < trackRows.size(); ++i) {
-            bindTrackFields(track, int(i / 20 + 1), int(i % 20 + 1));
+        for (qsizetype i = 0; i < trackRows.size() && i < qsizetype(source.tracks.size()); ++i) {
+            bindRow(track, source.tracks[i]);
             sqlite3_bind_int64(track, 6, trackRows[i]);
             stepAndReset(track);
         }

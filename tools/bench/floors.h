@@ -12,13 +12,13 @@ enum class Open { Untimed, Timed };
 // prepare/step over a query, reading every column once, building nothing. With Open::Timed the
 // connection is opened and closed within each timed run.
 double select(const QString &storeFile, const QString &sql, int runs, Open open = Open::Untimed);
-// One transaction of prepared inserts of `records` records with `tracks` tracks each and,
-// when covers is non-empty, these cover bytes on every record; into a fresh store file with
-// the store's own tables and indexes.
-double insert(const QString &folder, int records, int tracks, const QByteArray &cover, int runs);
+// One transaction of prepared inserts of the records and tracks of the source store, with
+// these cover bytes on every record, into a fresh store file with the store's own tables and
+// indexes.
+double insert(const QString &folder, const QString &sourceStoreFile, const QByteArray &cover, int runs);
 // One transaction of prepared updates rewriting every column of every record and track of the
-// store file, covers set to these bytes.
-double update(const QString &storeFile, const QByteArray &cover, int runs);
+// store file with the source store's, covers set to these bytes.
+double update(const QString &storeFile, const QString &sourceStoreFile, const QByteArray &cover, int runs);
 // Writing and reading back the same bytes.
 double writeFile(const QString &path, const QByteArray &bytes, int runs);
 double readFile(const QString &path, int runs);
