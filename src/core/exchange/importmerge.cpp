@@ -13,8 +13,8 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QLocale>
-#include <QSqlError>
 #include <QScopeGuard>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QtConcurrent/QtConcurrentRun>
 
@@ -177,8 +177,8 @@ Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &pro
 {
     const qint64 total = m_file.lineCount();
     const qint64 records = m_file.recordCount();
-    // Reading a line (splitting it, converting its texts and dates) costs about what merging it
-    // does: the next lines are read on the other core meanwhile.
+    // Reading a line (splitting it, converting its texts and dates) is a large part of merging
+    // it: the next lines are read on the other core meanwhile.
     const auto readAhead = [this, to](qint64 start) {
         return QtConcurrent::run(readLines, std::cref(m_file), start, std::min(to, start + kLinesReadAhead));
     };
