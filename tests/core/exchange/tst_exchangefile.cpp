@@ -699,6 +699,43 @@ private slots:
         QCOMPARE(read.first().notes, std::optional(imported));
         QCOMPARE(QString::fromUtf8(ExchangeWriter::build(target.store(), true).valueOr({})), QString::fromUtf8(first));
     }
+
+    // Lines are read a few hundred at a time beside the merge: a file whose tracks begin in the
+    // middle of such a stretch comes back whole, every track with its record, in order.
+    void aLongFileComesBackWhole()
+    {
+        TestApp source;
+        QVERIFY(source.store()
+                    .transaction([&]() -> Result<void> {
+                        for (int n = 1; n <= 700; ++n) {
+                            Vinyl v;
+                            v.id = qint16(n);
+                            v.name = u"Album %1"_s.arg(n, 3, 10, QChar(u'0'));
+                            v.artist = u"Artist %1"_s.arg(n % 7);
+                            v.quantity = qint16(n % 3);
+                            if (auto r = source.store().insert(v); !r)
+                                return r;
+                            for (int side = 1; side <= 2; ++side) {
+                                Track t;
+                                t.vinylID = qint16(n);
+                                t.trackNumber = qint16(side);
+                                t.song = u"Song %1 of %2"_s.arg(side).arg(n);
+                                if (auto r = source.store().insert(t); !r)
+                                    return r;
+                            }
+                        }
+                        return {};
+                    })
+                    .ok());
+        const QByteArray first = ExchangeWriter::build(source.store(), false).valueOr({});
+
+        TestApp target;
+        const auto imported = ExchangeReader::importAll(target.store(), first);
+        QVERIFY(imported.ok());
+        QCOMPARE(imported->recordsAdded, qint64(700));
+        QCOMPARE(imported->tracksAdded, qint64(1400));
+        QCOMPARE(QString::fromUtf8(ExchangeWriter::build(target.store(), false).valueOr({})), QString::fromUtf8(first));
+    }
 };
 
 QTEST_MAIN(TestExchangeFile)
