@@ -67,6 +67,7 @@ sqlite3 *openFile(const QString &path, int flags)
 // same texts, numbers and dates, so that each index takes its entries where the real ones go.
 struct SourceRows
 {
+    Q_DISABLE_COPY_MOVE(SourceRows)
     explicit SourceRows(const QString &storeFile)
     {
         sqlite3 *db = openFile(storeFile, SQLITE_OPEN_READONLY);
