@@ -705,28 +705,7 @@ private slots:
     void aLongFileComesBackWhole()
     {
         TestApp source;
-        QVERIFY(source.store()
-                    .transaction([&]() -> Result<void> {
-                        for (int n = 1; n <= 700; ++n) {
-                            Vinyl v;
-                            v.id = qint16(n);
-                            v.name = u"Album %1"_s.arg(n, 3, 10, QChar(u'0'));
-                            v.artist = u"Artist %1"_s.arg(n % 7);
-                            v.quantity = qint16(n % 3);
-                            if (auto r = source.store().insert(v); !r)
-                                return r;
-                            for (int side = 1; side <= 2; ++side) {
-                                Track t;
-                                t.vinylID = qint16(n);
-                                t.trackNumber = qint16(side);
-                                t.song = u"Song %1 of %2"_s.arg(side).arg(n);
-                                if (auto r = source.store().insert(t); !r)
-                                    return r;
-                            }
-                        }
-                        return {};
-                    })
-                    .ok());
+        QVERIFY(addSampleCollection(source.store(), sampleOptions(700, 2, false, 3)).ok());
         const QByteArray first = ExchangeWriter::build(source.store(), false).valueOr({});
 
         TestApp target;
