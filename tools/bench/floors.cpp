@@ -4,6 +4,7 @@
 
 #include "store/store.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 
@@ -41,6 +42,8 @@ const char *const kVinylColumns = "id, name, artist, releaseDate, recordLabel, p
                                   "frontImagePath, backImagePath, barcode, musicBrainzReleaseId, nameFolded, "
                                   "artistFolded, recordLabelFolded";
 const char *const kTrackColumns = "vinylID, trackNumber, song, writtenBy, duration";
+constexpr int kValueColumn = 13; // of kVinylColumns
+const char *const kInsertQuote = "INSERT INTO Quotes (vinylRowId, quoted, value, source) VALUES (?, ?, ?, 'Import')";
 
 // "?,?,?" for n parameters.
 QByteArray parameters(int n)
@@ -155,18 +158,29 @@ double insert(const QString &folder, const QString &sourceStoreFile, const QByte
         [&] {
             sqlite3 *db = openFile(path, SQLITE_OPEN_READWRITE);
             sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
-            sqlite3_stmt *vinyl = nullptr, *track = nullptr;
+            sqlite3_stmt *vinyl = nullptr, *quote = nullptr, *track = nullptr;
             sqlite3_prepare_v2(db, insertVinyl.constData(), -1, &vinyl, nullptr);
+            sqlite3_prepare_v2(db, kInsertQuote, -1, &quote, nullptr);
             sqlite3_prepare_v2(db, insertTrack.constData(), -1, &track, nullptr);
+            const qint64 now = QDateTime::currentMSecsSinceEpoch();
             for (const auto &row : source.vinyl) {
                 bindRow(vinyl, row, cover);
                 stepAndReset(vinyl);
+                // An imported record with a value gets the first quote of its value history.
+                sqlite3_value *value = row[kValueColumn];
+                if (sqlite3_value_double(value) != 0) {
+                    sqlite3_bind_int64(quote, 1, sqlite3_last_insert_rowid(db));
+                    sqlite3_bind_int64(quote, 2, now);
+                    sqlite3_bind_value(quote, 3, value);
+                    stepAndReset(quote);
+                }
             }
             for (const auto &row : source.tracks) {
                 bindRow(track, row);
                 stepAndReset(track);
             }
             sqlite3_finalize(vinyl);
+            sqlite3_finalize(quote);
             sqlite3_finalize(track);
             sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
             sqlite3_close(db);

@@ -34,10 +34,28 @@ constexpr qint64 kLinesPerBatch = 64 * kProgressEvery;
 // Lines read in one go on the other core, while the lines before them are merged.
 constexpr qint64 kLinesReadAhead = 512;
 
+// The picture a cover's text holds, or nullopt when it holds nothing the image readers take.
+std::optional<QByteArray> readCover(QByteArrayView base64)
+{
+    std::optional<QByteArray> decoded = Exchange::decodeBase64(base64);
+    if (!decoded || decoded->isEmpty())
+        return std::nullopt;
+    // Covers are JPEG as we write them; only other pictures need the image readers' look.
+    static const QByteArray jpegStart("\xff\xd8\xff", 3);
+    if (!decoded->startsWith(jpegStart)) {
+        QBuffer buffer(&*decoded);
+        buffer.open(QIODevice::ReadOnly);
+        if (!QImageReader(&buffer).canRead())
+            return std::nullopt;
+    }
+    return decoded;
+}
+
 // Lines [from, to) of a file, read from its text: records come before tracks.
 struct ReadLines
 {
     QList<RecordLine> records;
+    QList<std::array<std::optional<QByteArray>, 2>> covers; // each record line's front and back
     QList<TrackLine> tracks;
 };
 
@@ -45,8 +63,19 @@ ReadLines readLines(const ImportFile &file, qint64 from, qint64 to)
 {
     ReadLines read;
     const qint64 records = file.recordCount();
-    for (qint64 next = from; next < std::min(to, records); ++next)
-        read.records.append(file.record(next));
+    const qint64 recordLines = std::clamp(records - from, qint64(0), to - from);
+    read.records.reserve(recordLines);
+    read.covers.reserve(recordLines);
+    read.tracks.reserve(to - from - recordLines);
+    for (qint64 next = from; next < std::min(to, records); ++next) {
+        RecordLine line = file.record(next);
+        auto &covers = read.covers.emplaceBack();
+        for (auto [span, cover] : {std::pair{line.frontImage, &covers[0]}, std::pair{line.backImage, &covers[1]}}) {
+            if (span.size > 0 && line.problem.isEmpty())
+                *cover = readCover(file.span(span));
+        }
+        read.records.append(std::move(line));
+    }
     for (qint64 next = std::max(from, records); next < to; ++next)
         read.tracks.append(file.track(next - records));
     return read;
@@ -196,7 +225,7 @@ Result<bool> ImportMerge::mergeLines(qint64 from, qint64 to, const Progress &pro
         for (qint64 next = start; next < end; ++next) {
             if (progress && next % kProgressEvery == 0 && !progress(next, total))
                 return false;
-            auto r = next < records ? mergeRecord(read.records.at(next - start), int(next))
+            auto r = next < records ? mergeRecord(read.records.at(next - start), read.covers.at(next - start), int(next))
                                     : mergeTrack(read.tracks.at(next - std::max(start, records)), int(next - records));
             if (!r)
                 return r.error();
@@ -304,26 +333,8 @@ qint64 ImportMerge::takeRecordMatch(const QString &name, const QString &artist, 
     return rowId;
 }
 
-std::optional<QByteArray> ImportMerge::decodeImage(TextSpan span, const QString &attribute, qint64 lineNumber)
-{
-    std::optional<QByteArray> decoded = Exchange::decodeBase64(m_file.span(span));
-    bool readable = decoded && !decoded->isEmpty();
-    // Covers are JPEG as we write them; only other pictures need the image readers' look.
-    static const QByteArray jpegStart("\xff\xd8\xff", 3);
-    if (readable && !decoded->startsWith(jpegStart)) {
-        QBuffer buffer(&*decoded);
-        buffer.open(QIODevice::ReadOnly);
-        readable = QImageReader(&buffer).canRead();
-    }
-    if (!readable) {
-        ++m_counts.unreadableImages;
-        consoleLine(translated(ImportMessages::kUnreadableImage).arg(attribute).arg(lineNumber));
-        return std::nullopt;
-    }
-    return decoded;
-}
-
-Result<void> ImportMerge::mergeRecord(const RecordLine &line, int index)
+Result<void> ImportMerge::mergeRecord(const RecordLine &line, const std::array<std::optional<QByteArray>, 2> &covers,
+                                      int index)
 {
     if (!line.problem.isEmpty()) {
         skip(false, index, line.line, line.problem, true);
@@ -349,11 +360,16 @@ Result<void> ImportMerge::mergeRecord(const RecordLine &line, int index)
         else if (line.cleared.contains(attribute.name))
             FileAttributes::clear(attribute, v);
     }
-    for (const auto &[span, attribute, cover] : {std::tuple{line.frontImage, u"frontImage"_s, &v.frontImage},
-                                                 std::tuple{line.backImage, u"backImage"_s, &v.backImage}}) {
-        if (span.size > 0) {
-            if (auto bytes = decodeImage(span, attribute, line.line))
-                *cover = std::move(bytes);
+    for (const auto &[span, picture, attribute, cover] :
+         {std::tuple{line.frontImage, &covers[0], u"frontImage"_s, &v.frontImage},
+          std::tuple{line.backImage, &covers[1], u"backImage"_s, &v.backImage}}) {
+        if (span.size == 0)
+            continue;
+        if (*picture) {
+            *cover = *picture;
+        } else {
+            ++m_counts.unreadableImages;
+            consoleLine(translated(ImportMessages::kUnreadableImage).arg(attribute).arg(line.line));
         }
     }
 

@@ -138,9 +138,10 @@ private:
     // Merges lines [from, to); false when the progress asked to stop first.
     Result<bool> mergeLines(qint64 from, qint64 to, const Progress &progress);
     Result<void> buildLookups();
-    Result<void> mergeRecord(const RecordLine &line, int index);
+    // covers: the pictures of the line's front and back cover texts, nullopt where the line
+    // gives none or one that cannot be read.
+    Result<void> mergeRecord(const RecordLine &line, const std::array<std::optional<QByteArray>, 2> &covers, int index);
     Result<void> mergeTrack(const TrackLine &line, int index);
-    std::optional<QByteArray> decodeImage(TextSpan span, const QString &attribute, qint64 lineNumber);
     // The stored record a line updates, taken out of the look-up so that no later line finds it.
     qint64 takeRecordMatch(const QString &name, const QString &artist, std::optional<qint16> id);
     // Counts a new, updated or unchanged line, and keeps its outcome for a preview.

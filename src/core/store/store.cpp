@@ -17,6 +17,7 @@
 
 #include <sqlite3.h>
 
+#include <mutex>
 #include <string_view>
 
 using namespace Qt::StringLiterals;
@@ -465,6 +466,11 @@ QSqlDatabase Store::database() const
 
 Result<std::unique_ptr<Store>> Store::open(const QString &filePath)
 {
+    // SQLite counts every allocation under a lock unless told otherwise before it starts (a call
+    // after that changes nothing); the store never asks for the counts, and a save allocates
+    // several times for every value it writes.
+    static std::once_flag uncounted;
+    std::call_once(uncounted, [] { sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0); });
     const QString name = u"platterbox-store-"_s + QString::number(++s_connectionCounter);
     std::unique_ptr<Store> store(new Store(name, filePath));
     QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
@@ -486,6 +492,7 @@ Result<std::unique_ptr<Store>> Store::open(const QString &filePath)
 Result<void> Store::connect(const QString &readOnlyReason, bool *writeRefused)
 {
     QSqlDatabase db = database();
+    m_handle = nullptr;
     if (db.isOpen())
         db.close();
     m_readOnlyReason = readOnlyReason;
@@ -500,6 +507,7 @@ Result<void> Store::connect(const QString &readOnlyReason, bool *writeRefused)
     sqlite3 *handle = connectionOf(db);
     if (!handle)
         return Error{u"Cannot open the store "_s + m_filePath};
+    m_handle = handle;
     sqlite3_busy_timeout(handle, s_busyTimeoutMs.loadRelaxed());
     if (sqlite3_create_function(handle, "holds", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
                                 holdsFunction, nullptr, nullptr)
@@ -852,7 +860,7 @@ Result<void> Store::reading(const std::function<Result<void>()> &work)
 
 Result<void> Store::control(const char *sql)
 {
-    sqlite3 *handle = connectionOf(database());
+    sqlite3 *handle = m_handle;
     if (!handle)
         return Error{u"The store is not open"_s};
     const int rc = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
@@ -897,9 +905,8 @@ int bindValue(sqlite3_stmt *statement, int index, const QVariant &value, sqlite3
     }
 }
 
-Result<std::unique_ptr<Statement>> runSelect(const QSqlDatabase &db, const BuiltQuery &built)
+Result<std::unique_ptr<Statement>> runSelect(sqlite3 *connection, const BuiltQuery &built)
 {
-    sqlite3 *connection = connectionOf(db);
     if (!connection)
         return Error{u"The store is not open"_s};
     sqlite3_stmt *raw = nullptr;
@@ -969,7 +976,7 @@ QString updateSql(Entity entity, int columnCount)
 
 Result<sqlite3_stmt *> Store::kept(const QString &sql) const
 {
-    sqlite3 *connection = connectionOf(database());
+    sqlite3 *connection = m_handle;
     if (!connection)
         return Error{u"The store is not open"_s};
     sqlite3_stmt *&statement = m_statements[sql];
@@ -992,7 +999,7 @@ Result<void> Store::write(const QString &sql, const QVariantList &values, qint64
     // A change made on its own is a transaction of its own, which waits for the lock as any other.
     if (m_transactionDepth == 0)
         return transaction([&] { return write(sql, values, rowId); });
-    sqlite3 *connection = connectionOf(database());
+    sqlite3 *connection = m_handle;
     auto prepared = kept(sql);
     if (!prepared)
         return Error{u"Cannot save a change: "_s + prepared.errorMessage()};
@@ -1031,7 +1038,7 @@ Result<void> Store::forEachVinyl(const FetchRequest &request, const std::functio
     auto built = buildSelect(request, cards ? cardColumnList() : columnList(Entity::Vinyl, request.includeImages), true);
     if (!built)
         return built.error();
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     while ((*q)->next()) {
@@ -1147,7 +1154,7 @@ Result<QList<Track>> Store::fetchTracks(const FetchRequest &request) const
     auto built = buildSelect(request, columnList(Entity::Tracks, false), true);
     if (!built)
         return built.error();
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     QList<Track> rows;
@@ -1169,7 +1176,7 @@ Result<QList<Condition>> Store::fetchConditions(const FetchRequest &request) con
     auto built = buildSelect(request, columnList(request.entity, false), true);
     if (!built)
         return built.error();
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     QList<Condition> rows;
@@ -1190,7 +1197,7 @@ Result<qint64> Store::count(const FetchRequest &request) const
     auto built = buildSelect(request, u"COUNT(*)"_s, false);
     if (!built)
         return built.error();
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     return (*q)->next() ? (*q)->integer(0) : 0;
@@ -1268,7 +1275,7 @@ Result<std::unique_ptr<StoreRows>> Store::rows(const FetchRequest &request, cons
     auto built = buildSelect(request, names.join(u", "_s), true);
     if (!built)
         return built.error();
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     sqlite3_stmt *statement = (*q)->handle();
@@ -1285,7 +1292,7 @@ Result<QList<QVariantList>> Store::fetchValues(const FetchRequest &request, cons
     auto built = buildSelect(request, names.join(u", "_s), true);
     if (!built)
         return built.error();
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     QList<QVariantList> rows;
@@ -1320,7 +1327,7 @@ Result<qint64> Store::position(const FetchRequest &request, qint64 rowId) const
         return built.error();
     built->sql = u"SELECT n FROM ("_s + built->sql + u") WHERE id = ?"_s;
     built->values << rowId;
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     if (!(*q)->next())
@@ -1344,7 +1351,7 @@ Result<QStringList> Store::queryPlan(const FetchRequest &request) const
     if (!built)
         return built.error();
     built->sql.prepend(u"EXPLAIN QUERY PLAN "_s);
-    auto q = runSelect(database(), *built);
+    auto q = runSelect(m_handle, *built);
     if (!q)
         return q.error();
     QStringList steps;

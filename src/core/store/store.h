@@ -19,6 +19,7 @@
 
 #include <optional>
 
+struct sqlite3;
 struct sqlite3_stmt;
 
 // What tells a stored record from another when a file's lines are matched to the store.
@@ -258,6 +259,8 @@ private:
     Result<sqlite3_stmt *> kept(const QString &sql) const;
 
     QString m_connectionName;
+    // The open connection's SQLite handle, which QtSql gives only through a lookup by name.
+    sqlite3 *m_handle = nullptr;
     // Prepared write statements, reused: a bulk import issues the same few thousands of times.
     // Writes, like reads, go through SQLite's C API on the store's connection.
     mutable QHash<QString, sqlite3_stmt *> m_statements;
