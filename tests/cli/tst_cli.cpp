@@ -152,6 +152,12 @@ private slots:
         QTest::newRow("stats with extra") << QStringList{u"stats"_s, u"x"_s} << int(CliBadUsage) << true;
         QTest::newRow("loans with extra") << QStringList{u"loans"_s, u"--all"_s} << int(CliBadUsage) << true;
         QTest::newRow("export without a file") << QStringList{u"export"_s} << int(CliBadUsage) << true;
+        QTest::newRow("one file without --csv") << QStringList{u"export"_s, u"out.csv"_s, u"--one-file"_s}
+                                                << int(CliBadUsage) << true;
+        QTest::newRow("wantlist export without --csv") << QStringList{u"export"_s, u"out.csv"_s, u"--wantlist"_s}
+                                                       << int(CliBadUsage) << true;
+        QTest::newRow("wantlist export in one file")
+            << QStringList{u"export"_s, u"out.csv"_s, u"--csv"_s, u"--wantlist"_s, u"--one-file"_s} << int(CliBadUsage) << true;
         QTest::newRow("import two files") << QStringList{u"import"_s, u"a"_s, u"b"_s} << int(CliBadUsage) << true;
         QTest::newRow("report without --pdf") << QStringList{u"report"_s, u"--descending"_s} << int(CliBadUsage) << true;
         QTest::newRow("report of a date that is none")
@@ -240,64 +246,42 @@ private slots:
         QVERIFY(stats.out.startsWith(u"Records: 5\nCopies: "_s) && stats.out.contains(u"Total value: $"_s));
     }
 
-    void exitCodes_data()
-    {
-        QTest::addColumn<QStringList>("arguments"); // DIR is the data folder, FILE a file in it
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("export") << QStringList{u"export"_s, u"FILE"_s} << int(CliOk) << QString();
-        QTest::newRow("export into a missing folder") << QStringList{u"export"_s, u"DIR/no/such/folder.csv"_s}
-                                                      << int(CliBadInput) << u"cannot write"_s;
-        QTest::newRow("import a missing file") << QStringList{u"import"_s, u"DIR/missing.csv"_s} << int(CliBadInput)
-                                               << u"Cannot read"_s;
-        QTest::newRow("import a folder") << QStringList{u"import"_s, u"DIR"_s} << int(CliBadInput) << u"is a folder"_s;
-        QTest::newRow("one file without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--one-file"_s} << int(CliBadUsage)
-                                                << u"usage:"_s;
-        QTest::newRow("wantlist export without --csv") << QStringList{u"export"_s, u"FILE"_s, u"--wantlist"_s}
-                                                       << int(CliBadUsage) << u"usage:"_s;
-        QTest::newRow("wantlist export in one file") << QStringList{u"export"_s, u"FILE"_s, u"--csv"_s, u"--wantlist"_s, u"--one-file"_s}
-                                                     << int(CliBadUsage) << u"usage:"_s;
-    }
-
-    void exitCodes()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, code);
-        QFETCH(QString, message);
-        for (QString &a : arguments)
-            a.replace(u"FILE"_s, m_dir->filePath(u"out.csv"_s)).replace(u"DIR"_s, m_dir->path());
-        const CliRun r = run(arguments);
-        QCOMPARE(r.code, code);
-        if (!message.isEmpty())
-            QVERIFY2(r.err.contains(message), qPrintable(r.err));
-    }
-
-    // A file the import cannot take leaves the store as it was and says why (exit 1).
+    // A file the import cannot take, or an export that cannot be written, leaves the store as
+    // it was and says why (exit 1).
     void refusedFilesChangeNothing_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("wantlist");
+        QTest::addColumn<QStringList>("arguments"); // DIR is the data folder, FILE the file in it
+        QTest::addColumn<QByteArray>("bytes");      // written to FILE
         QTest::addColumn<QString>("message");
+        const QStringList import{u"import"_s, u"FILE"_s};
         QTest::newRow("saved as Windows-1252")
-            << QByteArray("[VINYLCOLLECTION]\n0.0^Beyonc\xe9^0.0^^^1^Lemonade^^^1^^^^0.0^^^\n") << false << u"Line 2 is not UTF-8"_s;
-        QTest::newRow("no record section") << QByteArray("[TRACKCOLLECTION]\n3.0^Song^1^1^\n") << false
+            << import << QByteArray("[VINYLCOLLECTION]\n0.0^Beyonc\xe9^0.0^^^1^Lemonade^^^1^^^^0.0^^^\n") << u"Line 2 is not UTF-8"_s;
+        QTest::newRow("no record section") << import << QByteArray("[TRACKCOLLECTION]\n3.0^Song^1^1^\n")
                                            << u"no [VINYLCOLLECTION] section in "_s;
         QTest::newRow("exchange file into the wantlist")
-            << QByteArray("[VINYLCOLLECTION]\n0.0^Someone^0.0^^^1^Album^^^1^^^^0.0^^^\n") << true
+            << QStringList{u"import"_s, u"--wantlist"_s, u"FILE"_s}
+            << QByteArray("[VINYLCOLLECTION]\n0.0^Someone^0.0^^^1^Album^^^1^^^^0.0^^^\n")
             << u"platterbox: "_s + WantlistCsv::kNotAWantlist + u" in "_s;
+        QTest::newRow("import a missing file") << QStringList{u"import"_s, u"DIR/missing.csv"_s} << QByteArray()
+                                               << u"Cannot read"_s;
+        QTest::newRow("import a folder") << QStringList{u"import"_s, u"DIR"_s} << QByteArray() << u"is a folder"_s;
+        QTest::newRow("export into a missing folder") << QStringList{u"export"_s, u"DIR/no/such/folder.csv"_s}
+                                                      << QByteArray() << u"cannot write"_s;
     }
 
     void refusedFilesChangeNothing()
     {
+        QFETCH(QStringList, arguments);
         QFETCH(QByteArray, bytes);
-        QFETCH(bool, wantlist);
         QFETCH(QString, message);
         QCOMPARE(run({u"demo"_s, u"2"_s}).code, int(CliOk));
         const QString file = m_dir->filePath(u"in.csv"_s);
         QVERIFY(writeBytes(file, bytes));
+        for (QString &a : arguments)
+            a.replace(u"FILE"_s, file).replace(u"DIR"_s, m_dir->path());
         const QString before = run({u"stats"_s}).out;
         const qint64 wantedBefore = wantedCount();
-        const CliRun r = run(wantlist ? QStringList{u"import"_s, u"--wantlist"_s, file} : QStringList{u"import"_s, file});
+        const CliRun r = run(arguments);
         QCOMPARE(r.code, int(CliBadInput));
         QVERIFY2(r.err.contains(message), qPrintable(r.err));
         QCOMPARE(run({u"stats"_s}).out, before);

@@ -543,20 +543,27 @@ private slots:
         QVERIFY(report.render(texts.size(), 300).isNull());
     }
 
-    // Records that share a cover (copies of an album, a picture used for many) print the one
-    // picture, which the document holds once; distinct covers each have theirs.
-    void documentHoldsEachPictureOnce_data()
+    // A PDF file says what it is and what made it in its document information, as a viewer's
+    // title bar and document properties show it. Records that share a cover (copies of an album,
+    // a picture used for many) print the one picture, which the document holds once; distinct
+    // covers each have theirs.
+    void pdfFilesNameThemselvesAndHoldEachPictureOnce_data()
     {
+        QTest::addColumn<bool>("filteredList");
         QTest::addColumn<bool>("shared");
         QTest::addColumn<int>("pictures");
-        QTest::newRow("one front and one back for all") << true << 2;
-        QTest::newRow("every record its own") << false << 60;
+        QTest::addColumn<QString>("title");
+        QTest::newRow("filtered list") << true << true << 2 << u"Filtered list"_s;
+        QTest::newRow("printed report, one front and one back for all") << false << true << 2 << u"Collection report"_s;
+        QTest::newRow("printed report, every record its own") << false << false << 60 << u"Collection report"_s;
     }
 
-    void documentHoldsEachPictureOnce()
+    void pdfFilesNameThemselvesAndHoldEachPictureOnce()
     {
+        QFETCH(bool, filteredList);
         QFETCH(bool, shared);
         QFETCH(int, pictures);
+        QFETCH(QString, title);
         QList<Vinyl> list;
         for (int i = 0; i < 30; ++i) {
             Vinyl v = full();
@@ -566,34 +573,12 @@ private slots:
             }
             list.append(v);
         }
-        const auto content = ReportContent::printedReport(u"List"_s, list);
-        QVERIFY(content);
-        const QString path = m_app.dataDir() + u"/pictures.pdf"_s;
-        QVERIFY(ReportPdf::write(*content, path, nullptr));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll().count("/Subtype /Image"), pictures);
-    }
-
-    // A PDF file says what it is and what made it in its document information, as a viewer's
-    // title bar and document properties show it.
-    void pdfFilesNameTheirDocumentAndCreator_data()
-    {
-        QTest::addColumn<bool>("filteredList");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("filtered list") << true << u"Filtered list"_s;
-        QTest::newRow("printed report") << false << u"Collection report"_s;
-    }
-
-    void pdfFilesNameTheirDocumentAndCreator()
-    {
-        QFETCH(bool, filteredList);
-        QFETCH(QString, title);
-        const auto content = filteredList ? ReportContent::filteredList(BreakdownKinds::Artist, {full()})
-                                          : ReportContent::printedReport(u"List"_s, {full()});
+        const auto content = filteredList ? ReportContent::filteredList(BreakdownKinds::Artist, list)
+                                          : ReportContent::printedReport(u"List"_s, list);
         QVERIFY(content);
         const QString path = m_app.dataDir() + u"/info.pdf"_s;
         QVERIFY(ReportPdf::write(*content, path, nullptr));
+        QCOMPARE(fileBytes(path).count("/Subtype /Image"), pictures);
         const QString pdfinfo = QStandardPaths::findExecutable(u"pdfinfo"_s);
         QVERIFY2(!pdfinfo.isEmpty(), "pdfinfo (poppler-utils, scripts/install-deps) is missing");
         QProcess info;
@@ -620,22 +605,15 @@ private slots:
         QFETCH(QByteArray, before);
         const QString path = m_app.dataDir() + u"/cancelled.pdf"_s;
         QFile::remove(path);
-        if (!before.isNull()) {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(before);
-        }
+        if (!before.isNull())
+            QVERIFY(writeBytes(path, before));
         const auto content = ReportContent::printedReport(u"List"_s, QList<Vinyl>(30, full()));
         QVERIFY(content);
         ConsoleCapture console;
         QVERIFY(!ReportPdf::write(*content, path, nullptr, [](qint64, qint64) { return false; }));
         QVERIFY(console.lines().isEmpty());
-        QFile file(path);
-        QCOMPARE(file.exists(), !before.isNull());
-        if (!before.isNull()) {
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(file.readAll(), before);
-        }
+        QCOMPARE(QFile::exists(path), !before.isNull());
+        QCOMPARE(fileBytes(path), before.isNull() ? QByteArray() : before);
     }
 
 private:

@@ -80,9 +80,20 @@ class TestExchangeScreens : public QObject
 private slots:
     void initTestCase() { useTestLocale(); }
 
-    void buildShowsTheTextAndTheCompletionAlert()
+    // The built file is shown with its completion alert, then saved through the share sheet and
+    // mailed as an attachment, or the collector is told mail cannot be sent.
+    void buildShowsSavesAndMailsTheFile_data()
     {
+        QTest::addColumn<bool>("canSendMail");
+        QTest::newRow("mail available") << true;
+        QTest::newRow("mail unavailable") << false;
+    }
+
+    void buildShowsSavesAndMailsTheFile()
+    {
+        QFETCH(bool, canSendMail);
         TestApp t;
+        t.platform().canSendMailAnswer = canSendMail;
         addRecord(t, u"One"_s, 1);
         ExportViewController controller(&t.app());
         QVERIFY(controller.exportButtonEnabled());
@@ -101,6 +112,27 @@ private slots:
         // The record's cover is not a picture: the file is built without it and the user is told.
         QCOMPARE(controller.lastAlertMessage(), u"Process Complete - File Ready to Save to Files or Email\n\n"
                                                 "1 cover picture could not be read and was left out."_s);
+
+        controller.SaveFile();
+        QCOMPARE(t.platform().shared.size(), 1);
+        const QString path = t.platform().shared.first().filePaths.value(0);
+        QCOMPARE(path, QDir(AppDelegate::tempDir()).filePath(u"VinylCollection.csv"_s));
+        QCOMPARE(fileBytes(path), controller.dataString());
+
+        controller.WriteTextFile();
+        if (!canSendMail) {
+            QVERIFY(t.platform().mails.isEmpty());
+            QCOMPARE(controller.lastAlertTitle(), u"Sending Email"_s);
+            QCOMPARE(controller.lastAlertMessage(), u"Email not Setup or Unavailable"_s);
+            return;
+        }
+        QCOMPARE(t.platform().mails.size(), 1);
+        const MailMessage &mail = t.platform().mails.first();
+        QVERIFY(mail.to.isEmpty());
+        QCOMPARE(mail.attachments.size(), 1);
+        QCOMPARE(mail.attachments.first().fileName, u"VinylCollection.csv"_s);
+        QCOMPARE(mail.attachments.first().mimeType, u"csv"_s);
+        QCOMPARE(mail.attachments.first().data, kOneRecordFile.toUtf8());
     }
 
     // Cancel keeps nothing of the build: nothing to save or mail, no alert, and the file can
@@ -161,8 +193,9 @@ private slots:
         QVERIFY(shown.endsWith(u" more lines in the file)"_s));
     }
 
-    // Back up, restore over a changed collection, then undo the restore: each step asks or
-    // tells the collector what happens, and the collection ends as it was before the restore.
+    // A file that is not a backup is refused; then back up, restore over a changed collection,
+    // and undo the restore: each step asks or tells the collector what happens, and the
+    // collection ends as it was before the restore.
     void backUpRestoreAndUndoFromTheScreen()
     {
         TestApp t;
@@ -170,6 +203,13 @@ private slots:
         QTemporaryDir dir;
         const QUrl file = QUrl::fromLocalFile(dir.filePath(u"mine.platterbox"_s));
         ImportExportViewController controller(&t.app());
+        QVERIFY(!controller.undoButtonEnabled());
+        // What is not a backup is refused first, and changes nothing.
+        controller.restoreFrom(QUrl::fromLocalFile(writeFile(dir, u"collection.csv"_s, "[VINYLCOLLECTION]\n")));
+        QTRY_VERIFY(!controller.busy());
+        QCOMPARE(controller.lastAlertTitle(), u"Restore"_s);
+        QCOMPARE(controller.lastAlertMessage(), u"collection.csv is not a Platterbox backup.\nNothing was changed."_s);
+        QCOMPARE(t.count(), 1);
         QVERIFY(!controller.undoButtonEnabled());
 
         controller.backUpTo(file);
@@ -196,64 +236,6 @@ private slots:
         QCOMPARE(controller.lastAlertMessage(), u"The collection is back as it was."_s);
         QCOMPARE(t.count(), 2);
         QVERIFY(!controller.undoButtonEnabled());
-    }
-
-    void restoringWhatIsNotABackupChangesNothing()
-    {
-        TestApp t;
-        addRecord(t, u"Kept"_s, 1);
-        QTemporaryDir dir;
-        ImportExportViewController controller(&t.app());
-        controller.restoreFrom(QUrl::fromLocalFile(writeFile(dir, u"collection.csv"_s, "[VINYLCOLLECTION]\n")));
-        QTRY_VERIFY(!controller.busy());
-        QCOMPARE(controller.lastAlertTitle(), u"Restore"_s);
-        QCOMPARE(controller.lastAlertMessage(), u"collection.csv is not a Platterbox backup.\nNothing was changed."_s);
-        QCOMPARE(t.count(), 1);
-        QVERIFY(!controller.undoButtonEnabled());
-    }
-
-    void saveToFilesWritesAndSharesTheFile()
-    {
-        TestApp t;
-        addRecord(t, u"One"_s, 1);
-        ExportViewController controller(&t.app());
-        QVERIFY(build(controller));
-        controller.SaveFile();
-        QCOMPARE(t.platform().shared.size(), 1);
-        const QString path = t.platform().shared.first().filePaths.value(0);
-        QCOMPARE(path, QDir(AppDelegate::tempDir()).filePath(u"VinylCollection.csv"_s));
-        QCOMPARE(fileBytes(path), controller.dataString());
-    }
-
-    void emailFile_data()
-    {
-        QTest::addColumn<bool>("canSendMail");
-        QTest::newRow("mail available") << true;
-        QTest::newRow("mail unavailable") << false;
-    }
-
-    void emailFile()
-    {
-        QFETCH(bool, canSendMail);
-        TestApp t;
-        t.platform().canSendMailAnswer = canSendMail;
-        ExportViewController controller(&t.app());
-        QVERIFY(build(controller));
-        QTRY_COMPARE(controller.lastAlertTitle(), u"Data Export"_s);
-        controller.WriteTextFile();
-        if (!canSendMail) {
-            QVERIFY(t.platform().mails.isEmpty());
-            QCOMPARE(controller.lastAlertTitle(), u"Sending Email"_s);
-            QCOMPARE(controller.lastAlertMessage(), u"Email not Setup or Unavailable"_s);
-            return;
-        }
-        QCOMPARE(t.platform().mails.size(), 1);
-        const MailMessage &mail = t.platform().mails.first();
-        QVERIFY(mail.to.isEmpty());
-        QCOMPARE(mail.attachments.size(), 1);
-        QCOMPARE(mail.attachments.first().fileName, u"VinylCollection.csv"_s);
-        QCOMPARE(mail.attachments.first().mimeType, u"csv"_s);
-        QCOMPARE(mail.attachments.first().data, QByteArray("[VINYLCOLLECTION]\n[TRACKCOLLECTION]\n"));
     }
 
     void csvExportSharesItsFiles_data()
@@ -409,31 +391,29 @@ private slots:
         QCOMPARE(t.app().navigator()->lastUnwind(), u"unwindToMenu"_s);
     }
 
-    void fileWithoutMarkerStillCompletes()
+    // A file that cannot be read leaves the screen as it was; one that is not a collection is
+    // imported as nothing.
+    void unreadableFileChangesNothingAndOtherTextImportsNothing()
     {
         TestApp t;
         QTemporaryDir dir;
         ImportViewController controller(&t.app());
+        {
+            ConsoleCapture console;
+            QVERIFY(pick(controller, dir.filePath(u"missing.csv"_s)));
+            QCOMPARE(console.lines().size(), 1);
+        }
+        QCOMPARE(controller.lastAlertTitle(), u"Data Import File"_s);
+        QVERIFY(controller.lastAlertMessage().startsWith(u"The file could not be read."_s));
+        QVERIFY(!controller.importButtonEnabled());
+        QVERIFY(controller.loadFileButtonEnabled());
+        QVERIFY(controller.filename().isEmpty());
+
         QVERIFY(pick(controller, writeFile(dir, u"notes.txt"_s, "just some text\n")));
         QCOMPARE(controller.formatLabel(), u"Not a file Platterbox can read"_s);
         QVERIFY(import(controller));
         QVERIFY(controller.lastAlertMessage().startsWith(u"Data File Import Completed"_s));
         QCOMPARE(t.count(), 0);
-    }
-
-    void unreadableFileChangesNothing()
-    {
-        TestApp t;
-        QTemporaryDir dir;
-        ImportViewController controller(&t.app());
-        ConsoleCapture console;
-        QVERIFY(pick(controller, dir.filePath(u"missing.csv"_s)));
-        QCOMPARE(controller.lastAlertTitle(), u"Data Import File"_s);
-        QVERIFY(controller.lastAlertMessage().startsWith(u"The file could not be read."_s));
-        QCOMPARE(console.lines().size(), 1);
-        QVERIFY(!controller.importButtonEnabled());
-        QVERIFY(controller.loadFileButtonEnabled());
-        QVERIFY(controller.filename().isEmpty());
     }
 };
 
