@@ -67,10 +67,8 @@ ScreenPage {
             text: qsTr("Report")
             toolTip: qsTr("Report of this list")
             shortcut: StandardKey.Print
-            // Compact, so the title keeps its room beside four buttons.
-            leftPadding: 4
-            rightPadding: 4
-            font.capitalization: Font.MixedCase
+            // The title keeps its room beside four buttons.
+            givesWay: true
             onClicked: AppDelegate.navigator.show("PrintVinylView")
         },
         ToolbarButton {

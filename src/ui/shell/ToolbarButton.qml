@@ -10,8 +10,10 @@ ToolButton {
     property alias shortcut: keys.keys
     property string toolTip: Accessible.name !== "" ? Accessible.name : text
 
+    // A button that gives way keeps the title its room below desktop widths too.
+    property bool givesWay: false
     // On a narrow window the button is as wide as its caption, not a full touch target.
-    readonly property bool compact: Adaptive.isNarrow(Window.width)
+    readonly property bool compact: Adaptive.isNarrow(Window.width) || (givesWay && !Adaptive.isDesktop(Window.width))
     implicitWidth: Math.max(compact ? 0 : implicitBackgroundWidth + leftInset + rightInset,
                             implicitContentWidth + leftPadding + rightPadding)
     leftPadding: compact ? 4 : 6
