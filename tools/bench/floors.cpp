@@ -100,14 +100,14 @@ struct SourceRows
     std::vector<std::vector<sqlite3_value *>> tracks;
 };
 
-// Binds a source row to the first parameters; a record's covers are the given bytes.
-void bindRow(sqlite3_stmt *statement, const std::vector<sqlite3_value *> &row, const QByteArray &cover = {})
+// Binds a source row to the first parameters, then the given bytes to the next `covers` ones.
+void bindRow(sqlite3_stmt *statement, const std::vector<sqlite3_value *> &row, const QByteArray &cover = {}, int covers = 2)
 {
     int parameter = 0;
     for (sqlite3_value *value : row)
         sqlite3_bind_value(statement, ++parameter, value);
     if (!cover.isEmpty()) {
-        for (int side = 0; side < 2; ++side)
+        for (int side = 0; side < covers; ++side)
             sqlite3_bind_blob(statement, ++parameter, cover.constData(), int(cover.size()), SQLITE_STATIC);
     }
 }
@@ -148,8 +148,10 @@ double select(const QString &storeFile, const QString &sql, int runs, Open open)
 double insert(const QString &folder, const QString &sourceStoreFile, const QByteArray &cover, int runs)
 {
     const SourceRows source(sourceStoreFile);
-    const QByteArray insertVinyl =
-        QByteArray("INSERT INTO Vinyl (") + kVinylColumns + ", frontImage, backImage) VALUES (" + parameters(24) + ")";
+    // An imported cover is kept as its own exchange encoding too.
+    const QByteArray insertVinyl = QByteArray("INSERT INTO Vinyl (") + kVinylColumns
+                                   + ", frontImage, backImage, frontImageExchange, backImageExchange) VALUES ("
+                                   + parameters(26) + ")";
     const QByteArray insertTrack = QByteArray("INSERT INTO Tracks (") + kTrackColumns + ") VALUES (" + parameters(5) + ")";
     int round = 0;
     QString path;
@@ -164,7 +166,7 @@ double insert(const QString &folder, const QString &sourceStoreFile, const QByte
             sqlite3_prepare_v2(db, insertTrack.constData(), -1, &track, nullptr);
             const qint64 now = QDateTime::currentMSecsSinceEpoch();
             for (const auto &row : source.vinyl) {
-                bindRow(vinyl, row, cover);
+                bindRow(vinyl, row, cover, 4);
                 stepAndReset(vinyl);
                 // An imported record with a value gets the first quote of its value history.
                 sqlite3_value *value = row[kValueColumn];

@@ -13,7 +13,8 @@ enum class Open { Untimed, Timed };
 // connection is opened and closed within each timed run.
 double select(const QString &storeFile, const QString &sql, int runs, Open open = Open::Untimed);
 // One transaction of prepared inserts of the records and tracks of the source store, with
-// these cover bytes on every record and the first quote of each record's value, into a fresh
+// these cover bytes on every record (as its covers and their exchange encodings) and the first
+// quote of each record's value, into a fresh
 // store file with the store's own tables, indexes and triggers.
 double insert(const QString &folder, const QString &sourceStoreFile, const QByteArray &cover, int runs);
 // One transaction of prepared updates rewriting every column of every record and track of the

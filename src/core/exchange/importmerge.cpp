@@ -34,21 +34,37 @@ constexpr qint64 kLinesPerBatch = 64 * kProgressEvery;
 // Lines read in one go on the other core, while the lines before them are merged.
 constexpr qint64 kLinesReadAhead = 512;
 
+// How every JPEG picture begins; covers are JPEG as we write them.
+const QByteArray kJpegStart("\xff\xd8\xff", 3);
+
 // The picture a cover's text holds, or nullopt when it holds nothing the image readers take.
 std::optional<QByteArray> readCover(QByteArrayView base64)
 {
     std::optional<QByteArray> decoded = Exchange::decodeBase64(base64);
     if (!decoded || decoded->isEmpty())
         return std::nullopt;
-    // Covers are JPEG as we write them; only other pictures need the image readers' look.
-    static const QByteArray jpegStart("\xff\xd8\xff", 3);
-    if (!decoded->startsWith(jpegStart)) {
+    // Only pictures other than JPEG need the image readers' look.
+    if (!decoded->startsWith(kJpegStart)) {
         QBuffer buffer(&*decoded);
         buffer.open(QIODevice::ReadOnly);
         if (!QImageReader(&buffer).canRead())
             return std::nullopt;
     }
     return decoded;
+}
+
+// A JPEG cover the record took from an exchange file is kept as its exchange encoding: exported
+// again, it is written as it came rather than encoded once more, at a loss, into other bytes
+// that the first collection would take for a new picture.
+Result<void> keepCoversAsEncodings(Store &store, const Vinyl &v)
+{
+    for (const auto &[side, cover] : {std::pair{CoverSide::Front, &v.frontImage}, std::pair{CoverSide::Back, &v.backImage}}) {
+        if (*cover && (*cover)->startsWith(kJpegStart)) {
+            if (auto r = store.keepExchangeEncoding(v.rowId, side, **cover, **cover); !r)
+                return r;
+        }
+    }
+    return {};
 }
 
 // Lines [from, to) of a file, read from its text: records come before tracks.
@@ -386,6 +402,10 @@ Result<void> ImportMerge::mergeRecord(const RecordLine &line, const std::array<s
                 return r;
             if (auto r = ValueHistory::noteSave(m_store, v, std::nullopt, QuoteSources::Import, m_started); !r)
                 return r;
+            if (m_file.format == ImportFormat::Exchange) {
+                if (auto r = keepCoversAsEncodings(m_store, v); !r)
+                    return r;
+            }
         }
         record(ImportOutcome::New, false, index);
         return {};
@@ -431,6 +451,10 @@ Result<void> ImportMerge::mergeRecord(const RecordLine &line, const std::array<s
             return r;
         if (auto r = ValueHistory::noteSave(m_store, v, before.value, QuoteSources::Import, m_started); !r)
             return r;
+        if (m_file.format == ImportFormat::Exchange) {
+            if (auto r = keepCoversAsEncodings(m_store, v); !r)
+                return r;
+        }
         if (v.frontImage || v.backImage)
             CoverChanges::changed(v.rowId);
     }
