@@ -56,8 +56,10 @@ std::optional<QByteArray> readCover(QByteArrayView base64)
 // A JPEG cover the record took from an exchange file is kept as its exchange encoding: exported
 // again, it is written as it came rather than encoded once more, at a loss, into other bytes
 // that the first collection would take for a new picture.
-Result<void> keepCoversAsEncodings(Store &store, const Vinyl &v)
+Result<void> keepCoversAsEncodings(Store &store, ImportFormat format, const Vinyl &v)
 {
+    if (format != ImportFormat::Exchange)
+        return {};
     for (const auto &[side, cover] : {std::pair{CoverSide::Front, &v.frontImage}, std::pair{CoverSide::Back, &v.backImage}}) {
         if (*cover && (*cover)->startsWith(kJpegStart)) {
             if (auto r = store.keepExchangeEncoding(v.rowId, side, **cover, **cover); !r)
@@ -402,10 +404,8 @@ Result<void> ImportMerge::mergeRecord(const RecordLine &line, const std::array<s
                 return r;
             if (auto r = ValueHistory::noteSave(m_store, v, std::nullopt, QuoteSources::Import, m_started); !r)
                 return r;
-            if (m_file.format == ImportFormat::Exchange) {
-                if (auto r = keepCoversAsEncodings(m_store, v); !r)
-                    return r;
-            }
+            if (auto r = keepCoversAsEncodings(m_store, m_file.format, v); !r)
+                return r;
         }
         record(ImportOutcome::New, false, index);
         return {};
@@ -451,10 +451,8 @@ Result<void> ImportMerge::mergeRecord(const RecordLine &line, const std::array<s
             return r;
         if (auto r = ValueHistory::noteSave(m_store, v, before.value, QuoteSources::Import, m_started); !r)
             return r;
-        if (m_file.format == ImportFormat::Exchange) {
-            if (auto r = keepCoversAsEncodings(m_store, v); !r)
-                return r;
-        }
+        if (auto r = keepCoversAsEncodings(m_store, m_file.format, v); !r)
+            return r;
         if (v.frontImage || v.backImage)
             CoverChanges::changed(v.rowId);
     }
